@@ -1,0 +1,104 @@
+// The catalogue of growth models, and how a model's name becomes switch values.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kinetics/KineticParameters.h"
+
+namespace velmora {
+
+enum class SubstrateTerm : std::uint8_t { Monod, Contois, Moser, Andrews, Wu };
+enum class ProductTerm : std::uint8_t { None, Hoppe, Aiba, Levenspiel };
+enum class CellTerm : std::uint8_t { None, Lee };
+
+/// A growth model: substrate term x product term x cell term. Its name identifies it.
+struct Model {
+  std::string_view name;
+  SubstrateTerm substrate;
+  ProductTerm product = ProductTerm::None;
+  CellTerm cell = CellTerm::None;
+};
+
+/// All models, in the order in which they are listed and compared. The combo box, the command
+/// line, the guide and the tests read this table; a new model is a new line.
+inline constexpr auto kModels = std::to_array<Model>({
+    {"Monod", SubstrateTerm::Monod},
+    {"Contois", SubstrateTerm::Contois},
+    {"Moser", SubstrateTerm::Moser},
+    {"Andrews", SubstrateTerm::Andrews},
+    {"Wu", SubstrateTerm::Wu},
+    {"Hoppe", SubstrateTerm::Monod, ProductTerm::Hoppe},
+    {"Aiba", SubstrateTerm::Monod, ProductTerm::Aiba},
+    {"Levenspiel", SubstrateTerm::Monod, ProductTerm::Levenspiel},
+    {"Lee", SubstrateTerm::Monod, ProductTerm::None, CellTerm::Lee},
+    {"Andrews-Hoppe", SubstrateTerm::Andrews, ProductTerm::Hoppe},
+    {"Andrews-Aiba", SubstrateTerm::Andrews, ProductTerm::Aiba},
+    {"Andrews-Levenspiel", SubstrateTerm::Andrews, ProductTerm::Levenspiel},
+    {"Andrews-Lee", SubstrateTerm::Andrews, ProductTerm::None, CellTerm::Lee},
+    {"Andrews-Hoppe-Lee", SubstrateTerm::Andrews, ProductTerm::Hoppe, CellTerm::Lee},
+    {"Andrews-Aiba-Lee", SubstrateTerm::Andrews, ProductTerm::Aiba, CellTerm::Lee},
+    {"Andrews-Levenspiel-Lee", SubstrateTerm::Andrews, ProductTerm::Levenspiel, CellTerm::Lee},
+    {"Wu-Hoppe", SubstrateTerm::Wu, ProductTerm::Hoppe},
+    {"Wu-Aiba", SubstrateTerm::Wu, ProductTerm::Aiba},
+    {"Wu-Levenspiel", SubstrateTerm::Wu, ProductTerm::Levenspiel},
+    {"Wu-Lee", SubstrateTerm::Wu, ProductTerm::None, CellTerm::Lee},
+    {"Wu-Hoppe-Lee", SubstrateTerm::Wu, ProductTerm::Hoppe, CellTerm::Lee},
+    {"Wu-Aiba-Lee", SubstrateTerm::Wu, ProductTerm::Aiba, CellTerm::Lee},
+    {"Wu-Levenspiel-Lee", SubstrateTerm::Wu, ProductTerm::Levenspiel, CellTerm::Lee},
+    {"Monod-Hoppe-Lee", SubstrateTerm::Monod, ProductTerm::Hoppe, CellTerm::Lee},
+    {"Monod-Aiba-Lee", SubstrateTerm::Monod, ProductTerm::Aiba, CellTerm::Lee},
+    {"Monod-Levenspiel-Lee", SubstrateTerm::Monod, ProductTerm::Levenspiel, CellTerm::Lee},
+    {"Contois-Hoppe-Lee", SubstrateTerm::Contois, ProductTerm::Hoppe, CellTerm::Lee},
+    {"Contois-Aiba-Lee", SubstrateTerm::Contois, ProductTerm::Aiba, CellTerm::Lee},
+    {"Contois-Levenspiel-Lee", SubstrateTerm::Contois, ProductTerm::Levenspiel, CellTerm::Lee},
+    {"Moser-Hoppe-Lee", SubstrateTerm::Moser, ProductTerm::Hoppe, CellTerm::Lee},
+    {"Moser-Aiba-Lee", SubstrateTerm::Moser, ProductTerm::Aiba, CellTerm::Lee},
+    {"Moser-Levenspiel-Lee", SubstrateTerm::Moser, ProductTerm::Levenspiel, CellTerm::Lee},
+});
+
+/// The ten parameters that may be fitted, in the order of their check boxes, of the
+/// fitted-parameter vector, of the bounds table and of every listing.
+struct FittableParameter {
+  At position;
+  std::string_view name;   // as in the names of its controls: chkMiMax, txtMiMax
+  std::string_view label;  // as in the results
+};
+inline constexpr std::array<FittableParameter, 10> kFittable = {{{At::muMax, "MiMax", "µmáx ="},
+                                                                 {At::Ks, "Ks", "Ks ="},
+                                                                 {At::Kis, "Kis", "Kis ="},
+                                                                 {At::Kip, "Kip", "Kip ="},
+                                                                 {At::CpAst, "CpAst", "Cp* ="},
+                                                                 {At::CxAst, "CxAst", "Cx* ="},
+                                                                 {At::n, "n", "n ="},
+                                                                 {At::m, "m", "m ="},
+                                                                 {At::u, "u", "u ="},
+                                                                 {At::v, "v", "v ="}}};
+
+/// The index in `kFittable` of the parameter at a position 8..17, or of a name; -1 where none.
+int FittableIndex(At position);
+int FittableIndex(std::string_view name);
+
+/// The model with exactly this name (case and hyphens count), or null.
+const Model* FindModel(std::string_view name);
+
+/// Whether the model has the fittable parameter at `position`: the union over its terms.
+bool Uses(const Model& model, At position);
+
+/// Writes positions 10-23 as the model sets them: its terms' switches, and for each parameter that
+/// it does not use the neutral value with which the absent factor of the rate law is 1. The values
+/// of the parameters that it uses stay.
+void SetModelSwitches(const Model& model, KineticParameters& parameters);
+
+/// The models whose switches `parameters` holds and that use every parameter in `fitted`, in
+/// catalogue order. Monod is among the answers for a Moser row with u = 1.
+std::vector<const Model*> ModelsOf(const KineticParameters& parameters, std::span<const At> fitted);
+
+/// The model's specific growth rate on one line, UTF-8: "µ = µmax·Cs/(Cs + Ks)·Kip/(Kip + Cp)".
+std::string Equation(const Model& model);
+
+}  // namespace velmora

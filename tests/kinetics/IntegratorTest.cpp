@@ -1,0 +1,296 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <ostream>
+#include <random>
+#include <set>
+
+#include "kinetics/Runge_Kutta.h"
+#include "tests/support/Batches.h"
+
+namespace velmora {
+namespace {
+
+using test::BatchOf;
+
+std::optional<ArithmeticFault> Integrated(const KineticParameters& p, ModelCurve& curve,
+                                          Law law = Law::Kernel, std::int32_t* count = nullptr) {
+  Runge_Kutta integrator;
+  std::optional<ArithmeticFault> fault;
+  try {
+    integrator.Integrate(p, curve, law);
+  } catch (const ArithmeticFault& thrown) {
+    fault = thrown;
+  }
+  if (count != nullptr) *count = integrator.Evaluations();
+  return fault;
+}
+
+/// Growth at muMax whatever Cs: with Ks = 0 the Monod quotient is exactly 1.
+KineticParameters Unlimited() {
+  KineticParameters p = BatchOf("Monod");
+  for (const At position : {At::Ks, At::ms, At::Kd, At::Kdp, At::alpha, At::beta}) p[position] = 0;
+  return p;
+}
+
+TEST(Integrator, FollowsExponentialGrowth) {
+  KineticParameters p = Unlimited();
+  p[At::Cx0] = 0.01, p[At::T] = 10, p[At::muMax] = 0.3;
+  ModelCurve curve;
+  ASSERT_FALSE(Integrated(p, curve));
+  for (std::size_t i = 0; i < curve.time.size(); ++i) {
+    const double exact = 0.01 * std::exp(0.3 * curve.time[i]);
+    // The method's own error: T mu (mu h)^4 / 120 = 2e-8 of the value.
+    EXPECT_NEAR(curve.Cx[i], exact, 4e-8 * exact);
+    EXPECT_NEAR(curve.Cs[i], 75 - (exact - 0.01) / 0.27, 4e-8 * 75);
+  }
+  EXPECT_NEAR(curve.time.back(), 10, 1e-13);
+}
+
+TEST(Integrator, StandsStillWithoutTimeOrSubstrate) {
+  KineticParameters p = BatchOf("Wu-Levenspiel-Lee");
+  p[At::T] = 0;
+  ModelCurve curve;
+  ASSERT_FALSE(Integrated(p, curve));
+  EXPECT_EQ(curve.time.back(), 0);
+  EXPECT_EQ(curve.Cx.back(), 0.5);
+  EXPECT_EQ(curve.Cs.back(), 75);
+
+  p = Unlimited();
+  p[At::Ks] = 1, p[At::Cs0] = 0, p[At::Kd] = 0.1, p[At::CsAst1] = 0, p[At::T] = 9.9;
+  ASSERT_FALSE(Integrated(p, curve));
+  EXPECT_NEAR(curve.Cx.back(), 0.5 * std::exp(-0.99), 2e-11);  // death alone
+  EXPECT_EQ(curve.Cs.back(), 0);
+}
+
+TEST(Integrator, StoresNegativeSubstrateAndGoesOnFromZero) {
+  KineticParameters p = Unlimited();
+  p[At::muMax] = 0, p[At::Ks] = 1, p[At::Cx0] = 1, p[At::Cs0] = 0.01, p[At::ms] = 0.011,
+  p[At::T] = 99;
+  ModelCurve curve;
+  ASSERT_FALSE(Integrated(p, curve));
+  EXPECT_NEAR(curve.Cs[1], -0.001, 1e-15);
+  EXPECT_NEAR(curve.Cs[2], -0.011, 1e-15);
+}
+
+TEST(Integrator, SwitchesDeathAndProductionByTheStepsFirstSubstrate) {
+  KineticParameters p = Unlimited();
+  p[At::muMax] = 0, p[At::Ks] = 1, p[At::Cx0] = 1, p[At::Cp0] = 0, p[At::T] = 9.9;
+  p[At::beta] = 0.02, p[At::CsAst2] = 100, p[At::Kd] = 0.1, p[At::CsAst1] = 74.999, p[At::Fp] = 0;
+  ModelCurve curve;
+  ASSERT_FALSE(Integrated(p, curve));
+  EXPECT_NEAR(curve.Cp.back(), 0.02 * 9.9, 1e-12) << "production from the first step on";
+  EXPECT_EQ(curve.Cx.back(), 1) << "no death above CsAst1";
+}
+
+/// The state at T when the time is cut into `pieces` integrations, each of 99 steps.
+State AtEnd(KineticParameters p, int pieces) {
+  p[At::T] /= pieces;
+  ModelCurve curve;
+  for (int i = 0; i < pieces; ++i) {
+    EXPECT_FALSE(Integrated(p, curve));
+    p[At::Cx0] = curve.Cx.back(), p[At::Cs0] = curve.Cs.back(), p[At::Cp0] = curve.Cp.back();
+  }
+  return {p[At::Cx0], p[At::Cs0], p[At::Cp0]};
+}
+
+TEST(Integrator, ConvergesWithTheFourthPowerOfTheStep) {
+  KineticParameters p = BatchOf("Andrews-Levenspiel-Lee");
+  p[At::T] = 20, p[At::CsAst1] = -1, p[At::CsAst2] = -1;  // nothing switches on the way
+  const State fine = AtEnd(p, 64), coarse = AtEnd(p, 1), halved = AtEnd(p, 2);
+  const double ratio = (coarse.Cx - fine.Cx) / (halved.Cx - fine.Cx);
+  EXPECT_NEAR(ratio, 16, 0.8);  // 2^4; the rest is the error's next order
+}
+
+TEST(Integrator, KeepsTheMassBalance) {
+  for (const Model& model : kModels) {
+    KineticParameters p = BatchOf(model);
+    for (const At position : {At::ms, At::Kd, At::Kdp, At::beta}) p[position] = 0;
+    ModelCurve curve;
+    ASSERT_FALSE(Integrated(p, curve)) << model.name;
+    for (std::size_t i = 0; i < curve.time.size() && curve.Cs[i] > 0.001; ++i) {
+      const double grown = curve.Cx[i] - 0.5;
+      EXPECT_NEAR(curve.Cp[i], 0.1 + 1.5 * grown, 1e-10) << model.name;
+      EXPECT_NEAR(curve.Cs[i], 75 - grown / 0.27 - 1.5 * grown / 0.45, 1e-9) << model.name;
+    }
+  }
+}
+
+struct FaultCase {
+  const char* name;
+  const char* model;
+  std::vector<std::pair<At, double>> set;
+  ArithmeticFault fault;
+};
+void PrintTo(const FaultCase& c, std::ostream* out) {
+  *out << c.name;
+}
+class Faults : public testing::TestWithParam<FaultCase> {};
+
+TEST_P(Faults, LeaveTheIntegratorAtOnce) {
+  const FaultCase& c = GetParam();
+  KineticParameters p = BatchOf(c.model);
+  for (const auto& [position, value] : c.set) p[position] = value;
+  for (const Law law : {Law::Kernel, Law::General}) {
+    ModelCurve curve;
+    curve.Cx.fill(-7);
+    const auto fault = Integrated(p, curve, law);
+    ASSERT_TRUE(fault);
+    EXPECT_EQ(fault->kind, c.fault.kind);
+    EXPECT_EQ(fault->term, c.fault.term);
+    EXPECT_EQ(fault->point, c.fault.point);
+    EXPECT_EQ(fault->stage, c.fault.stage);
+    for (std::size_t i = 0; i < curve.Cx.size(); ++i)
+      EXPECT_EQ(curve.Cx[i] == -7, i + 1 >= static_cast<std::size_t>(std::max(fault->point, 2)));
+  }
+}
+
+using enum FaultKind;
+using enum FaultTerm;
+INSTANTIATE_TEST_SUITE_P(
+    Integrator, Faults,
+    testing::Values(
+        FaultCase{"YieldOfZero",
+                  "Monod",
+                  {{At::Yxs, 0}},
+                  {DivisionByZero, FaultTerm::SubstrateBalance, 0, 2, 1}},
+        FaultCase{"NoSaturationNoSubstrate",
+                  "Monod",
+                  {{At::Ks, 0}, {At::Cs0, 0}},
+                  {DivisionByZero, SubstrateQuotient, 0, 1, 0}},
+        FaultCase{"InhibitionConstantOfZero",
+                  "Andrews",
+                  {{At::Kis, 0}},
+                  {DivisionByZero, SubstrateInhibition, 0, 1, 0}},
+        FaultCase{"NegativePowerOfNoSubstrate",
+                  "Moser",
+                  {{At::u, -1}, {At::Cs0, 0}},
+                  {InvalidPower, SubstratePower, 0, 1, 0}},
+        FaultCase{"NegativePowerAtTheLimit",
+                  "Lee",
+                  {{At::CxAst, 0.5}, {At::m, -1}},
+                  {InvalidPower, FaultTerm::Lee, 0, 1, 0}},
+        FaultCase{"FractionalPowerOfNegative",
+                  "Wu",
+                  {{At::Kis, -3}, {At::v, 0.5}},
+                  {InvalidPower, SubstrateInhibition, 0, 1, 0}},
+        FaultCase{"ProductQuotientOfZero",
+                  "Hoppe",
+                  {{At::Kip, -0.1}},
+                  {DivisionByZero, FaultTerm::Hoppe, 0, 1, 0}},
+        // Each step multiplies Cx by (1e13)^4/24; the seventh would reach 10^354.
+        FaultCase{"ExplodingGrowth",
+                  "Monod",
+                  {{At::muMax, 0}, {At::ms, 0}, {At::Kd, -1e9}, {At::CsAst1, 100}, {At::T, 990000}},
+                  {Overflow, FaultTerm::CellBalance, 0, 8, 1}},
+        FaultCase{"OverflowInAHiddenDenominator",
+                  "Wu",
+                  {{At::v, 400}, {At::Kis, 1}},
+                  {Overflow, SubstrateInhibition, 0, 1, 0}},
+        FaultCase{"ExponentialOverflow",
+                  "Aiba",
+                  {{At::Kip, -1e6}},
+                  {Overflow, FaultTerm::Aiba, 0, 1, 0}}));
+
+TEST(Integrator, CountsEveryEvaluationAndFaultsPastTheLargestCount) {
+  Runge_Kutta integrator;
+  ModelCurve curve;
+  for (const Law law : {Law::Kernel, Law::General}) {
+    integrator.SetEvaluations(0);
+    integrator.Integrate(BatchOf("Monod"), curve, law);
+    EXPECT_EQ(integrator.Evaluations(), 1585);
+    // 33 evaluations fit: the one at the start, two steps of 16.
+    integrator.SetEvaluations(std::numeric_limits<std::int32_t>::max() - 33);
+    try {
+      integrator.Integrate(BatchOf("Monod"), curve, law);
+      ADD_FAILURE() << "no fault";
+    } catch (const ArithmeticFault& fault) {
+      EXPECT_EQ(fault, (ArithmeticFault{Overflow, EvaluationCounter, 0, 4, 1}));
+    }
+  }
+}
+
+/// Rows around and beyond every guard and fault of the rate laws.
+class OddRows {
+ public:
+  KineticParameters Next(const Model& model) {
+    KineticParameters p = BatchOf(model);
+    for (int i = Below(4); i > 0; --i) Disturb(p[1 + Below(30)]);
+    SetModelSwitches(model, p);
+    if (Below(3) == 0) Place(p);
+    if (Below(20) == 0) Disturb(p[18 + Below(6)]);  // switches that name no model
+    return p;
+  }
+
+ private:
+  int Below(int n) { return static_cast<int>(random_() % static_cast<unsigned>(n)); }
+
+  void Disturb(double& value) {
+    static constexpr std::array kOdd{0.0,  1.0,    2.0,   -1.0,  0.5,   -0.5,   1e-5,   5e-7,
+                                     1e-9, -1e-41, 1e300, 1e160, -1e80, 1e-320, 1000.0, 30.0};
+    if (Below(2) == 0)
+      value = kOdd[static_cast<std::size_t>(Below(kOdd.size()))];
+    else
+      value *= 0.1 * Below(100);
+  }
+
+  /// Puts the initial state on or beyond a limit, or where an unused divisor is zero.
+  void Place(KineticParameters& p) {
+    switch (Below(6)) {
+      case 0:
+        p[At::Cp0] = p[At::CpAst];
+        break;
+      case 1:
+        p[At::Cp0] = 1.5 * p[At::CpAst];
+        break;
+      case 2:
+        p[At::Cx0] = p[At::CxAst];
+        break;
+      case 3:
+        p[At::Cx0] = 2 * p[At::CxAst];
+        break;
+      case 4:
+        p[At::Cp0] = -p[At::Kip];
+        break;
+      default:
+        p[At::Cs0] = 0.00005;
+        break;
+    }
+  }
+
+  std::mt19937_64 random_{20261121};
+};
+
+TEST(Integrator, GivesTheSameBitsFaultsAndCountsThroughBothLaws) {
+  OddRows rows;
+  std::set<std::pair<FaultKind, FaultTerm>> faults;
+  std::array<int, 5> guards{};
+  int whole = 0;
+  for (int round = 0; round < 150; ++round) {
+    for (const Model& model : kModels) {
+      const KineticParameters p = rows.Next(model);
+      ModelCurve byKernel, byGeneral;
+      std::int32_t kernelCount = 0, generalCount = 0;
+      const auto kernelFault = Integrated(p, byKernel, Law::Kernel, &kernelCount);
+      const auto generalFault = Integrated(p, byGeneral, Law::General, &generalCount);
+      ASSERT_EQ(kernelFault, generalFault) << model.name << " round " << round;
+      ASSERT_EQ(byKernel, byGeneral) << model.name << " round " << round;
+      ASSERT_EQ(kernelCount, generalCount) << model.name << " round " << round;
+      if (generalFault) faults.emplace(generalFault->kind, generalFault->term);
+      whole += generalFault ? 0 : 1;
+      guards[0] += p[At::Cs0] < kSubstrateFloor;
+      guards[1] += p[At::Cp0] == p[At::CpAst] && p[At::n] == 0;
+      guards[2] += p[At::Cx0] == p[At::CxAst] && p[At::m] == 0;
+      guards[3] += p[At::CpAst] < p[At::Cp0] && p[At::n] != 0;
+      guards[4] += p[At::CxAst] < p[At::Cx0] && p[At::m] != 0;
+    }
+  }
+  for (const int reached : guards) EXPECT_GT(reached, 20);
+  EXPECT_GT(whole, 2000);
+  EXPECT_GE(faults.size(), 12U);
+}
+
+}  // namespace
+}  // namespace velmora

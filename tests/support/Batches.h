@@ -1,0 +1,26 @@
+// Parameter vectors that tests of the kinetics and of the estimation start from.
+#pragma once
+
+#include "kinetics/Modelos.h"
+
+namespace velmora::test {
+
+/// A batch in the range of a yeast cultivation, with every term of the model at work.
+inline KineticParameters BatchOf(const Model& model) {
+  KineticParameters p;
+  p[At::Cx0] = 0.5, p[At::Cs0] = 75, p[At::Cp0] = 0.1, p[At::T] = 45;
+  p[At::Yxs] = 0.27, p[At::alpha] = 1.5, p[At::beta] = 0.01, p[At::Yps] = 0.45, p[At::Fp] = 1;
+  p[At::muMax] = 0.3, p[At::Ks] = 8, p[At::Kis] = 90;
+  p[At::Kip] = model.product == ProductTerm::Aiba ? 0.02 : 40;
+  p[At::CxAst] = 40, p[At::CpAst] = 60, p[At::m] = 0.7, p[At::n] = 1.3;
+  p[At::u] = 1.2, p[At::v] = 1.4;
+  p[At::ms] = 0.01, p[At::Kd] = 0.005, p[At::Kdp] = 0.001, p[At::CsAst1] = 1, p[At::CsAst2] = 10;
+  SetModelSwitches(model, p);
+  return p;
+}
+
+inline KineticParameters BatchOf(std::string_view name) {
+  return BatchOf(*FindModel(name));
+}
+
+}  // namespace velmora::test
