@@ -1,0 +1,86 @@
+#include "data/ExperimentLists.h"
+
+#include <algorithm>
+#include <cassert>
+#include <utility>
+
+namespace velmora {
+namespace {
+
+constexpr std::size_t kUsualExperiments = 9;
+
+std::ptrdiff_t IndexOf(int place) {
+  return place - 1;
+}
+
+}  // namespace
+
+const Class1& ExperimentLists::Experiment(int place) const {
+  return experiments_.at(static_cast<std::size_t>(IndexOf(place)));
+}
+
+const DisplayEntry& ExperimentLists::Display(int place) const {
+  return displays_.at(static_cast<std::size_t>(IndexOf(place)));
+}
+
+DisplayEntry& ExperimentLists::Display(int place) {
+  return displays_.at(static_cast<std::size_t>(IndexOf(place)));
+}
+
+int ExperimentLists::PlaceOf(std::int16_t number) const {
+  const auto at = std::find_if(experiments_.begin(), experiments_.end(),
+                               [number](const Class1& e) { return e.NExp == number; });
+  return at == experiments_.end() ? 0 : static_cast<int>(at - experiments_.begin()) + 1;
+}
+
+bool ExperimentLists::Append(Class1 experiment, DisplayEntry display) {
+  if (Count() >= kMostPlaces) return false;
+  // The room for both is made first, so that neither list can grow without the other.
+  if (experiments_.size() == experiments_.capacity())
+    experiments_.reserve(2 * experiments_.size() + kUsualExperiments);
+  displays_.push_back(std::move(display));
+  experiments_.push_back(std::move(experiment));
+  return true;
+}
+
+void ExperimentLists::Replace(int place, Class1 experiment, DisplayEntry display) {
+  assert(place >= 1 && place <= Count());
+  experiments_[static_cast<std::size_t>(IndexOf(place))] = std::move(experiment);
+  displays_[static_cast<std::size_t>(IndexOf(place))] = std::move(display);
+}
+
+std::optional<Message> ExperimentLists::Delete(int place) {
+  if (place < 1 || place > Count()) return Message{{334}, 318, Icon::Information};
+  experiments_.erase(experiments_.begin() + IndexOf(place));
+  displays_.erase(displays_.begin() + IndexOf(place));
+  return std::nullopt;
+}
+
+void ExperimentLists::Clear() {
+  experiments_.clear();
+  displays_.clear();
+}
+
+SaveQuestions AskBeforeSaving(const ExperimentLists& lists, const Class1& experiment) {
+  SaveQuestions questions{std::nullopt,
+                          std::nullopt,
+                          {{310, " ", std::to_string(experiment.NExp)}, 309, Icon::Question}};
+  if (lists.PlaceOf(experiment.NExp) != 0) questions.replace = Message{{315}, 319, Icon::Question};
+  if (experiment.NDados == 0) questions.refusal = Message{{316}, 321, Icon::Information};
+  return questions;
+}
+
+bool SaveExperiment(ExperimentLists& lists, Class1 experiment, DisplayEntry display) {
+  if (const int place = lists.PlaceOf(experiment.NExp); place != 0) {
+    lists.Replace(place, std::move(experiment), std::move(display));
+    return true;
+  }
+  return lists.Append(std::move(experiment), std::move(display));
+}
+
+std::optional<Message> RefuseEmptyLists(const ExperimentLists& lists) {
+  if (!lists.Empty()) return std::nullopt;
+  return Message{{328}, 307, Icon::Information};
+}
+
+}  // namespace velmora

@@ -1,0 +1,61 @@
+// The experiment list and the display list: parallel by place, whatever happens in between.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "app/Message.h"
+#include "data/Class1.h"
+
+namespace velmora {
+
+/// Entry i of the one list and entry i of the other belong to the same experiment. A place counts
+/// from 1; it is not the experiment's number: deletion goes by place, "already added" by number.
+class ExperimentLists {
+ public:
+  /// Both lists take at most as many entries as a 16-bit place can count.
+  static constexpr int kMostPlaces = 32767;
+
+  int Count() const { return static_cast<int>(experiments_.size()); }
+  bool Empty() const { return experiments_.empty(); }
+
+  /// The records at `place`, 1..Count().
+  const Class1& Experiment(int place) const;
+  const DisplayEntry& Display(int place) const;
+  DisplayEntry& Display(int place);
+  const std::vector<Class1>& Experiments() const { return experiments_; }
+
+  /// The place of the experiment with this number, or 0.
+  int PlaceOf(std::int16_t number) const;
+
+  /// Appends to both lists. False, with nothing changed, where the lists are full.
+  bool Append(Class1 experiment, DisplayEntry display);
+  /// Overwrites both entries at `place`, 1..Count().
+  void Replace(int place, Class1 experiment, DisplayEntry display);
+  /// Removes entry `place` from both lists. For a place that is none: the refusal to show, nothing
+  /// changed.
+  std::optional<Message> Delete(int place);
+  void Clear();
+
+ private:
+  std::vector<Class1> experiments_;
+  std::vector<DisplayEntry> displays_;
+};
+
+/// What saving an experiment asks before anything changes.
+struct SaveQuestions {
+  std::optional<Message> replace;  // Yes/No: its number is in the list already
+  std::optional<Message> refusal;  // it holds no data
+  Message confirm;                 // OK/Cancel
+};
+
+/// The questions of saving `experiment`, in their order: replace, refusal, confirm.
+SaveQuestions AskBeforeSaving(const ExperimentLists& lists, const Class1& experiment);
+
+/// Appends the experiment, or overwrites the one with its number. False where the lists are full.
+bool SaveExperiment(ExperimentLists& lists, Class1 experiment, DisplayEntry display);
+
+/// The refusal of writing a file from empty lists.
+std::optional<Message> RefuseEmptyLists(const ExperimentLists& lists);
+
+}  // namespace velmora

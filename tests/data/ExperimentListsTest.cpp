@@ -1,0 +1,70 @@
+#include <gtest/gtest.h>
+
+#include "data/ExperimentLists.h"
+
+namespace velmora {
+namespace {
+
+Class1 Numbered(std::int16_t number) {
+  Class1 experiment;
+  experiment.NExp = number;
+  experiment.NDados = 1;
+  for (auto* series :
+       {&experiment.NVetTempo, &experiment.NVetCx, &experiment.NVetCs, &experiment.NVetCp})
+    series->push_back(number);
+  return experiment;
+}
+
+DisplayEntry Coloured(std::int32_t colour) {
+  DisplayEntry display;
+  display.NCor = colour;
+  return display;
+}
+
+ExperimentLists Lists(std::initializer_list<std::int16_t> numbers) {
+  ExperimentLists lists;
+  for (const std::int16_t number : numbers) lists.Append(Numbered(number), Coloured(number));
+  return lists;
+}
+
+TEST(ExperimentLists, DeleteByPlaceAndKeepNumbersAndDisplaysTogether) {
+  ExperimentLists lists = Lists({5, 2, 6});
+  EXPECT_FALSE(lists.Delete(2));
+  ASSERT_EQ(lists.Count(), 2);
+  EXPECT_EQ(lists.Experiment(2).NExp, 6);
+  EXPECT_EQ(lists.Display(2).NCor, 6);
+  for (const int place : {0, -1, 3, 40000}) {
+    const auto refusal = lists.Delete(place);
+    ASSERT_TRUE(refusal);
+    EXPECT_EQ(Worded(*refusal, Language::English), "Chosen experiment cannot be excluded.");
+    EXPECT_EQ(refusal->title.In(Language::English), "Delete experiment");
+  }
+  EXPECT_EQ(lists.Count(), 2);
+}
+
+TEST(ExperimentLists, AskBeforeANumberIsReplaced) {
+  ExperimentLists lists = Lists({1, 2});
+  EXPECT_FALSE(AskBeforeSaving(lists, Numbered(3)).replace);
+  const SaveQuestions questions = AskBeforeSaving(lists, Numbered(2));
+  ASSERT_TRUE(questions.replace);
+  EXPECT_EQ(questions.replace->title.In(Language::English), "Experiment already added");
+  EXPECT_FALSE(questions.refusal);
+  EXPECT_EQ(Worded(questions.confirm, Language::English), "Confirm these data for Experiment 2");
+  Class1 changed = Numbered(2);
+  changed.NVetCx[0] = 9;
+  ASSERT_TRUE(SaveExperiment(lists, changed, Coloured(4)));
+  EXPECT_EQ(lists.Count(), 2);
+  EXPECT_EQ(lists.Experiment(2).NVetCx[0], 9);
+  changed.NVetCx[0] = 8;
+  EXPECT_EQ(lists.Experiment(2).NVetCx[0], 9) << "the record is a copy";
+}
+
+TEST(ExperimentLists, RefuseWhatIsEmpty) {
+  EXPECT_TRUE(AskBeforeSaving({}, Class1{}).refusal);
+  EXPECT_EQ(Worded(*RefuseEmptyLists({}), Language::English),
+            "No experiment was added or it is not saved.");
+  EXPECT_FALSE(RefuseEmptyLists(Lists({1})));
+}
+
+}  // namespace
+}  // namespace velmora
