@@ -1,0 +1,125 @@
+#include "cultivation/ConditionsFile.h"
+
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "app/Numbers.h"
+#include "data/FieldReader.h"
+#include "data/FileText.h"
+#include "data/SafeSave.h"
+
+namespace velmora {
+namespace {
+
+constexpr std::string_view kSecondTitle = "Condições de cultivo";
+constexpr std::string_view kBatch = "Batelada";
+constexpr Limits kCount = {0, std::numeric_limits<std::int32_t>::max()};
+constexpr Limits kFittedCount = {0, kMostFitted};
+constexpr Limits kFittableCodes = {static_cast<int>(At::muMax), static_cast<int>(At::v)};
+
+/// The number of experiments, from the fourth item; 0 where that is no count line, as in a file
+/// without the line "Batelada".
+int ReadCount(FieldReader& in) {
+  const std::string_view line = in.Text(FileField::ExperimentCount);
+  if (line.find('$') == std::string_view::npos) return 0;
+  const auto count = static_cast<int>(in.WholeIn(FieldReader::RightOf('$', line), kCount));
+  if (count > kMostExperiments) in.Fail(FileReason::TooManyExperiments, line);
+  return count;
+}
+
+ConditionsRecord ReadRecord(FieldReader& in) {
+  ConditionsRecord record;
+  record.saved = true;
+  record.number = in.Marked<std::int16_t>('#', FileField::ExperimentNumber);
+  for (int position = 1; position <= ConditionsRow::kCount; ++position)
+    record.row[position] = in.Number(FileField::Condition, position);
+  for (int position = 1; position <= kOptionTexts; ++position)
+    record.options[position] = in.Text(FileField::OptionText, position);
+  return record;
+}
+
+std::vector<FittedParameter> ReadFitted(FieldReader& in) {
+  const int count = in.Whole<std::int16_t>(FileField::FittedCount, kFittedCount);
+  std::vector<FittedParameter> fitted;
+  for (int j = 1; j <= count && in.Good(); ++j) {
+    FittedParameter& row = fitted.emplace_back();
+    row.upper = in.Number(FileField::UpperBound, j);
+    row.lower = in.Number(FileField::LowerBound, j);
+    row.code = in.Whole<std::int16_t>(FileField::ParameterCode, kFittableCodes, j);
+    row.value = in.Number(FileField::FourthValue, j);
+  }
+  return fitted;
+}
+
+void AppendRecord(std::string& text, const ConditionsRecord& record) {
+  AppendMarked(text, '#', record.number);
+  for (const double value : record.row.values) AppendLine(text, ShortestText(value));
+  for (int position = 1; position <= kOptionTexts; ++position)
+    AppendLine(text, record.options[position]);
+}
+
+/// The fitted-parameter table is one for the whole fit; every experiment's block repeats it.
+void AppendFitted(std::string& text, const std::vector<FittedParameter>& fitted) {
+  AppendLine(text, ShortestText(static_cast<double>(fitted.size())));
+  for (const FittedParameter& row : fitted)
+    for (const double value : {row.upper, row.lower, static_cast<double>(row.code), row.value})
+      AppendLine(text, ShortestText(value));
+}
+
+std::optional<FileFault> RefuseTexts(const CultivationConditions& conditions, int experiments,
+                                     const std::string& path) {
+  for (int place = 1; place <= experiments; ++place)
+    for (int position = 1; position <= kOptionTexts; ++position)
+      if (auto fault = RefuseText(conditions.At(place).options[position], FileField::OptionText,
+                                  position, path))
+        return fault;
+  return std::nullopt;
+}
+
+}  // namespace
+
+ConditionsRead ReadConditions(const std::string& path) {
+  const FileBytes file = ReadWholeFile(path);
+  if (file.fault) return {{}, 0, file.fault};
+  return ReadConditionsBytes(file.bytes, path);
+}
+
+ConditionsRead ReadConditionsBytes(std::string_view bytes, const std::string& path) {
+  const FileText file = DecodeFile(bytes);
+  FieldReader in(file, path);
+  for (int title = 1; title <= 3; ++title) in.Text(FileField::Title);
+  ConditionsRead read;
+  read.experiments = ReadCount(in);
+  for (int place = 1; place <= read.experiments && in.Good(); ++place) {
+    read.conditions.At(place) = ReadRecord(in);
+    read.conditions.fitted = ReadFitted(in);
+  }
+  if (!in.Good()) return {{}, 0, in.Fault()};
+  return read;
+}
+
+std::string ConditionsText(const CultivationConditions& conditions, int experiments,
+                           bool cultivationActive) {
+  std::string text;
+  AppendLine(text, kFirstTitle);
+  AppendLine(text, kSecondTitle);
+  if (cultivationActive) AppendLine(text, kBatch);
+  AppendMarked(text, '$', experiments);
+  for (int place = 1; place <= experiments; ++place) {
+    AppendRecord(text, conditions.At(place));
+    AppendFitted(text, conditions.fitted);
+  }
+  return text;
+}
+
+std::optional<FileFault> WriteConditions(const CultivationConditions& conditions, int experiments,
+                                         bool cultivationActive, const std::string& path) {
+  if (experiments > kMostExperiments)
+    return FileFault{FileReason::TooManyExperiments, path, 0,
+                     FileField::ExperimentCount,     0,    ShortestText(experiments)};
+  if (auto fault = RefuseTexts(conditions, experiments, path)) return fault;
+  return SaveText(ConditionsText(conditions, experiments, cultivationActive), path);
+}
+
+}  // namespace velmora

@@ -1,0 +1,60 @@
+// Why a file could not be read or written, as a value.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace velmora {
+
+enum class FileReason : std::uint8_t {
+  CannotOpen,          // detail: the system's reason
+  NotARegularFile,     // a directory, a device, a pipe
+  CannotRead,          // detail: the system's reason
+  CannotWrite,         // detail: the system's reason; what was there is untouched
+  EndOfFile,           // the file ends where `field` should stand
+  NotANumber,          // detail: the text found
+  NotAWholeNumber,     // detail: the text found
+  OutOfRange,          // detail: the text found
+  MissingBar,          // a point line with fewer than four values ended by "|"
+  TooManyExperiments,  // more than the nine of a cultivation
+  BadLetter,           // detail: the letter that the file's encoding lacks, or the byte in hex
+  LineBreakInText,     // a text that is to fill one line holds a line break
+};
+
+/// The item of a file that a fault is about.
+enum class FileField : std::uint8_t {
+  None,
+  Title,
+  ExperimentCount,
+  ExperimentNumber,
+  Description,
+  PointCount,
+  FinalTime,
+  Marker,
+  Line,
+  Colour,
+  Visibility,
+  Point,      // a measured point's line
+  Condition,  // a value of a conditions row
+  OptionText,
+  FittedCount,
+  UpperBound,
+  LowerBound,
+  ParameterCode,
+  FourthValue,
+};
+
+struct FileFault {
+  FileReason reason = FileReason::CannotOpen;
+  std::string path;
+  int line = 0;  // counts from 1; 0 where no line is concerned
+  FileField field = FileField::None;
+  // Which point, row position, option text or fitted parameter, from 1; for a description or marker
+  // that cannot be written, the experiment's place. 0 where the line tells it all.
+  int item = 0;
+  std::string detail;  // UTF-8, at most some dozens of characters of the text found
+
+  friend bool operator==(const FileFault&, const FileFault&) = default;
+};
+
+}  // namespace velmora

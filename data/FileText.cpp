@@ -1,0 +1,75 @@
+#include "data/FileText.h"
+
+#include <algorithm>
+
+#include "app/Numbers.h"
+#include "data/SafeSave.h"
+#include "data/Windows1252.h"
+
+namespace velmora {
+namespace {
+
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view kLineEnd = "\r\n";
+constexpr int kMostQuoted = 40;  // letters
+
+/// Where the first byte stands that is no letter, or npos.
+std::size_t BadByteAt(std::string_view bytes, bool utf8) {
+  std::string_view rest = bytes;
+  if (utf8) {
+    while (const std::size_t length = LetterLength(rest)) rest.remove_prefix(length);
+  } else {
+    const auto undefined = [](char byte) { return !FromWindows1252({&byte, 1}); };
+    const auto at = std::find_if(rest.begin(), rest.end(), undefined);
+    rest.remove_prefix(static_cast<std::size_t>(at - rest.begin()));
+  }
+  return rest.empty() ? std::string_view::npos : bytes.size() - rest.size();
+}
+
+}  // namespace
+
+FileText DecodeFile(std::string_view bytes) {
+  const bool utf8 = bytes.starts_with(kByteOrderMark);
+  if (utf8) bytes.remove_prefix(kByteOrderMark.size());
+  FileText file;
+  if (const std::size_t bad = BadByteAt(bytes, utf8); bad != std::string_view::npos) {
+    file.badLetter = ByteInHex(bytes[bad]);
+    bytes = bytes.substr(0, bytes.find_last_of(kLineEnd, bad) + 1);
+  }
+  file.text = utf8 ? std::string(bytes) : FromWindows1252(bytes).value();
+  return file;
+}
+
+void AppendLine(std::string& text, std::string_view line) {
+  text += line;
+  text += kLineEnd;
+}
+
+void AppendMarked(std::string& text, char mark, int number) {
+  text += mark;
+  AppendLine(text, ShortestText(number));
+}
+
+std::optional<FileFault> RefuseText(std::string_view text, FileField field, int item,
+                                    const std::string& path) {
+  if (text.find_first_of(kLineEnd) != std::string_view::npos)
+    return FileFault{FileReason::LineBreakInText, path, 0, field, item, Quoted(text)};
+  if (const auto letter = ToWindows1252(text).letter)
+    return FileFault{FileReason::BadLetter, path, 0, field, item, *letter};
+  return std::nullopt;
+}
+
+std::optional<FileFault> SaveText(std::string_view text, const std::string& path) {
+  const Encoded encoded = ToWindows1252(text);
+  if (encoded.letter)
+    return FileFault{FileReason::BadLetter, path, 0, FileField::None, 0, *encoded.letter};
+  return SafeSave(path, encoded.bytes);
+}
+
+std::string Quoted(std::string_view text) {
+  std::size_t end = 0;
+  for (int letters = 0; letters < kMostQuoted; ++letters) end += LetterLength(text.substr(end));
+  return std::string(text.substr(0, end));
+}
+
+}  // namespace velmora

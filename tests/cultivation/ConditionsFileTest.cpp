@@ -1,0 +1,107 @@
+// The cultivation-conditions file in both directions, and what reading says about one that is none.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "cultivation/ConditionsFile.h"
+#include "data/Windows1252.h"
+#include "tests/data/FileTesting.h"
+
+namespace velmora {
+namespace {
+
+/// The 31 lines of a row whose first value is `first` and whose others are 0.
+std::string RowLines(const std::string& first) {
+  std::string lines = first + "\r\n";
+  for (int position = 2; position <= 31; ++position) lines += "0\r\n";
+  return lines;
+}
+
+const std::string kFitted = "2\r\n0.9\r\n0.05\r\n8\r\n0.5\r\n1E-05\r\n1E-06\r\n17\r\n2E-06\r\n";
+// E2, E7 and F5 are â, ç and õ.
+const std::string kTitles = "Ajuste de par\xE2metros\r\nCondi\xE7\xF5\x65s de cultivo\r\n";
+const std::string kBlocks = "$2\r\n#1\r\n" + RowLines("0.25") +
+                            "ED\r\nCx Cs Cp\r\nPAC\r\nMonod\r\nMiMax v\r\n" + kFitted + "#3\r\n" +
+                            RowLines("-4") + "Manual\r\n\r\nPPAC\r\n\r\n\r\n" + kFitted;
+
+CultivationConditions TwoConditions() {
+  CultivationConditions conditions;
+  conditions.At(1) = {true, 1, {{0.25}}, {"ED", "Cx Cs Cp", "PAC", "Monod", "MiMax v"}};
+  conditions.At(2) = {true, 3, {{-4}}, {"Manual", "", "PPAC", "", ""}};
+  conditions.fitted = {{0.9, 0.05, 8, 0.5}, {1e-5, 1e-6, 17, 2e-6}};
+  return conditions;
+}
+
+TEST(ConditionsFile, IsWrittenAndReadByteForByte) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "c.abr";
+  ASSERT_FALSE(WriteConditions(TwoConditions(), 2, true, path));
+  EXPECT_EQ(BytesOf(path), kTitles + "Batelada\r\n" + kBlocks);
+  ConditionsRead read = ReadConditions(path);
+  EXPECT_TRUE(!read.fault && read.experiments == 2);
+  EXPECT_EQ(read.conditions, TwoConditions());
+  // Without the third title the count is passed over, and the file reads as no experiments.
+  ASSERT_FALSE(WriteConditions(TwoConditions(), 2, false, path));
+  EXPECT_EQ(BytesOf(path), kTitles + kBlocks);
+  read = ReadConditions(path);
+  EXPECT_TRUE(!read.fault && read.experiments == 0);
+  EXPECT_EQ(read.conditions, CultivationConditions());
+}
+
+TEST(ConditionsFile, GivesRandomConditionsBackUnchanged) {
+  std::mt19937_64 random(62);
+  for (int round = 0; round < 1000; ++round) {
+    CultivationConditions conditions;
+    const auto experiments = static_cast<int>(1 + random() % kMostExperiments);
+    for (int place = 1; place <= experiments; ++place) {
+      ConditionsRecord& record = conditions.At(place);
+      record.saved = true;
+      record.number = static_cast<std::int16_t>(random());
+      for (double& entry : record.row.values) entry = RandomValue(random);
+      for (int k = 1; k <= kOptionTexts; ++k)
+        record.options[k] = random() % 3 == 0 ? "" : "µ Ÿ " + std::to_string(random());
+    }
+    for (std::uint64_t rows = random() % (kMostFitted + 1); rows > 0; --rows)
+      conditions.fitted.push_back({RandomValue(random), RandomValue(random),
+                                   static_cast<std::int16_t>(8 + random() % 10),
+                                   RandomValue(random)});
+    const Encoded file = ToWindows1252(ConditionsText(conditions, experiments, true));
+    const ConditionsRead read = ReadConditionsBytes(file.bytes, "");
+    ASSERT_FALSE(read.fault);
+    ASSERT_EQ(read.experiments, experiments);
+    ASSERT_EQ(read.conditions, conditions);
+  }
+}
+
+TEST(ConditionsFile, IsRefusedWholeWithLineAndField) {
+  using enum FileReason;
+  using enum FileField;
+  const std::string block = "#1\r\n" + RowLines("1") + "ED\r\n\r\n\r\n\r\n\r\n";
+  const auto expectFault = [](const std::string& blocks, FileReason reason, int line,
+                              FileField field, int item, const std::string& detail) {
+    const auto read = ReadConditionsBytes("T\r\nT\r\nBatelada\r\n" + blocks, "c.abr");
+    EXPECT_EQ(read.fault, (FileFault{reason, "c.abr", line, field, item, detail})) << blocks;
+    EXPECT_EQ(read.experiments, 0);
+    EXPECT_EQ(read.conditions, CultivationConditions());
+  };
+  expectFault("", EndOfFile, 4, ExperimentCount, 0, "");
+  expectFault("$10\r\n", TooManyExperiments, 4, ExperimentCount, 0, "$10");
+  expectFault("$-1\r\n", OutOfRange, 4, ExperimentCount, 0, "-1");
+  expectFault("$1\r\n#1\r\n" + RowLines("NaN"), NotANumber, 6, Condition, 1, "NaN");
+  expectFault("$1\r\n" + block + "11\r\n", OutOfRange, 42, FittedCount, 0, "11");
+  expectFault("$1\r\n" + block + "1\r\n1\r\n1\r\n7\r\n", OutOfRange, 45, ParameterCode, 1, "7");
+  expectFault("$2\r\n" + block + "0\r\n", EndOfFile, 43, ExperimentNumber, 0, "");
+}
+
+TEST(CultivationConditions, MoveDownBehindARemovedPlace) {
+  CultivationConditions conditions;
+  for (int place = 1; place <= kMostExperiments; ++place) conditions.At(place).row[1] = place;
+  conditions.Remove(2);
+  EXPECT_EQ(conditions.At(1).row[1], 1);
+  EXPECT_EQ(conditions.At(2).row[1], 3);
+  EXPECT_EQ(conditions.At(9), ConditionsRecord());
+  EXPECT_THROW(conditions.Remove(0), std::out_of_range);
+}
+
+}  // namespace
+}  // namespace velmora
