@@ -1,0 +1,74 @@
+// The differential-evolution search for the fitted parameters.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "app/Message.h"
+#include "estimation/EstimationSettings.h"
+#include "estimation/Objective.h"
+
+namespace velmora {
+
+/// Where a search stands after a generation. The spans hold until the observer returns.
+struct Generation {
+  int number;                    // from 1
+  std::span<const double> best;  // in the order of the fitted parameters
+  double score;                  // of the best vector
+  std::int32_t functionCalls;
+  const Objective& objective;  // scored last: the generation's last trial, not the best vector
+};
+
+/// Hears of every generation, and may end the search between two of them.
+class SearchObserver {
+ public:
+  virtual ~SearchObserver() = default;
+  /// Asked at the start of each generation; true ends the search before it.
+  virtual bool StopRequested() { return false; }
+  virtual void Report(const Generation&) {}
+};
+
+enum class SearchEnd : std::uint8_t {
+  Converged,        // a generation moved the best score by less than EPS
+  GenerationLimit,  // ITER generations
+  Stopped,          // by the observer
+  Refused,          // the bounds do not pass; there is no result
+  Fault,            // an arithmetic fault in a simulation; there is no result
+};
+
+struct SearchResult {
+  SearchEnd end = SearchEnd::Refused;
+  std::optional<Message> refusal;
+  std::optional<ArithmeticFault> fault;
+  std::vector<double> best;
+  double score = 0;  // the sum of squared errors of `best`
+  double startScore = 0;
+  std::int32_t functionCalls = 0;
+  int generations = 0;
+};
+
+/// The refusal of bounds of which a lower one is not below its upper one, if any.
+std::optional<Message> RefuseBounds(std::span<const FitVariable> variables);
+
+/// Minimises the objective inside the bounds by differential evolution (Storn and Price 1997).
+///
+/// The generator is seeded with IU, so that the same problem and settings give the same result. For
+/// each trial it draws, in this order: four members, each until it differs from the target and from
+/// those before it; the mutation's form (below 0.1 the Gaussian one, which then draws its normal
+/// number); the crossover's form (below 0.1 the exponential one); the crossover's own numbers. The
+/// mutant is
+///   x(r1) + FACT (x(r2) - x(r3)) + FACT1 (x(r3) - 0.5 x(r4) - 0.5 x(r1)),
+/// in the Gaussian form
+///   x(r1) + FACT (x(r2) - x(r3)) + FACT1 G (x(r1) + x(r4) - 2 x(r3)).
+/// A component outside its bounds, a negative one among them, is redrawn inside when it is scored.
+/// Every 50th generation, with probability 0.9, the members in the upper half of the population's
+/// places are replaced by random vectors; these are scored at once.
+///
+/// On return the objective holds the simulation of the best vector. Settings must have passed
+/// `CheckSettings`; throws std::bad_alloc where there is no room for NPOP members.
+SearchResult Search(Objective& objective, std::span<const FitVariable> variables,
+                    const EstimationSettings& settings, SearchObserver& observer);
+
+}  // namespace velmora

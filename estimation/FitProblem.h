@@ -1,0 +1,30 @@
+// What is fitted to what.
+#pragma once
+
+#include <array>
+#include <span>
+#include <vector>
+
+#include "data/Class1.h"
+#include "kinetics/KineticParameters.h"
+
+namespace velmora {
+
+/// One fitted parameter: the position 8..17 that it replaces in every experiment's vector, its
+/// bounds, and the value from which the user starts.
+struct FitVariable {
+  At position = At::muMax;
+  double lower = 0;
+  double upper = 0;
+  double start = 0;
+};
+
+/// Measured experiments, the parameter vector of each, and the fitted parameters in table order.
+/// `rows` is as long as `experiments`, at most 9; `variables` holds 1 to 10.
+struct FitProblem {
+  std::vector<Class1> experiments;
+  std::vector<KineticParameters> rows;
+  std::vector<FitVariable> variables;
+};
+
+}  // namespace velmora

@@ -1,0 +1,78 @@
+#include "estimation/ResultTexts.h"
+
+#include "app/Numbers.h"
+#include "kinetics/Modelos.h"
+
+namespace velmora {
+namespace {
+
+constexpr std::string_view kFunctionCalls = "Total de funções chamadas = ";  // in both languages
+constexpr std::string_view kSeparatorLine = "-----------------------------------------------------";
+constexpr std::string_view kPlusMinus = " +/- ";
+
+std::string Line(std::string_view text) {
+  return std::string(text) + "\n";
+}
+
+/// A text of the table followed by a value; the table ends some of these texts in a blank.
+std::string ValueLine(int id, double value, TextStyle style) {
+  std::string line(Text(id, style.language));
+  if (!line.ends_with(' ')) line += ' ';
+  return Line(line + PlainText(value, style.separator));
+}
+
+std::string ParameterLine(const FitVariable& variable, double value, TextStyle style) {
+  const int index = FittableIndex(variable.position);
+  const std::string label =
+      index < 0 ? std::string() : std::string(kFittable[static_cast<std::size_t>(index)].label);
+  return label + " " + Formatted(value, kTwoToThirteen, style.separator);
+}
+
+std::string ErrorLines(double sum, int observations, TextStyle style) {
+  return ValueLine(501, sum, style) + ValueLine(502, SquareError(sum, observations), style);
+}
+
+std::string EndLines(SearchEnd end, Language language) {
+  if (end == SearchEnd::Converged) return Line(Text(503, language));
+  if (end == SearchEnd::Stopped) return Line(Text(362, language));
+  return Line(Text(504, language)) + Line(Text(505, language));
+}
+
+}  // namespace
+
+double SquareError(double sumOfSquaredErrors, int observations) {
+  return observations == 0 ? 0 : sumOfSquaredErrors / observations;
+}
+
+std::string ParameterLines(std::span<const FitVariable> variables, std::span<const double> best,
+                           TextStyle style) {
+  std::string lines;
+  for (std::size_t j = 0; j < variables.size(); ++j)
+    lines += Line(ParameterLine(variables[j], best[j], style));
+  return lines;
+}
+
+std::string ProgressText(std::span<const FitVariable> variables, const Generation& generation,
+                         TextStyle style) {
+  return Line(Text(500, style.language)) + ParameterLines(variables, generation.best, style) +
+         ErrorLines(generation.score, generation.objective.Observations(), style) +
+         Line(std::string(kFunctionCalls) + std::to_string(generation.functionCalls)) +
+         Line(kSeparatorLine);
+}
+
+std::string FinalText(std::span<const FitVariable> variables, const SearchResult& result,
+                      const Deviations& deviations, TextStyle style) {
+  const bool known = !deviations.fault;
+  std::string text = Line(Text(known ? 516 : 500, style.language));
+  for (std::size_t j = 0; j < variables.size(); ++j) {
+    std::string line = ParameterLine(variables[j], result.best[j], style);
+    if (known)
+      line += std::string(kPlusMinus) +
+              Formatted(deviations.values[j], kTwoToThirteen, style.separator);
+    text += Line(line);
+  }
+  return text + ErrorLines(result.score, deviations.observations, style) +
+         EndLines(result.end, style.language);
+}
+
+}  // namespace velmora

@@ -1,0 +1,36 @@
+// The texts of a running and of an ended fit, as the results box and the command line show them.
+#pragma once
+
+#include <span>
+#include <string>
+
+#include "app/Texts.h"
+#include "estimation/Deviations.h"
+#include "estimation/EvolucaoDiferencial.h"
+
+namespace velmora {
+
+/// Language and decimal separator of a text.
+struct TextStyle {
+  Language language = Language::English;
+  char separator = '.';
+};
+
+/// The sum of squared errors per observation.
+double SquareError(double sumOfSquaredErrors, int observations);
+
+/// One line for each fitted parameter, its label and value ("Ks = 11.37"), lines ended by '\n'.
+/// `best` is as long as `variables`.
+std::string ParameterLines(std::span<const FitVariable> variables, std::span<const double> best,
+                           TextStyle style);
+
+/// The block after each generation: heading, parameters, errors, function calls, separator line.
+std::string ProgressText(std::span<const FitVariable> variables, const Generation& generation,
+                         TextStyle style);
+
+/// The block after the search: the parameters with their deviations, the errors, and how the search
+/// ended. Without deviations where these could not be computed.
+std::string FinalText(std::span<const FitVariable> variables, const SearchResult& result,
+                      const Deviations& deviations, TextStyle style);
+
+}  // namespace velmora

@@ -1,0 +1,103 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "estimation/Objective.h"
+#include "tests/support/Batches.h"
+
+namespace velmora {
+namespace {
+
+Class1 Measured(std::vector<double> time, std::vector<double> Cx, std::vector<double> Cs,
+                std::vector<double> Cp) {
+  Class1 experiment;
+  experiment.NDados = static_cast<std::int16_t>(time.size());
+  experiment.NVetTempo = std::move(time);
+  experiment.NVetCx = std::move(Cx);
+  experiment.NVetCs = std::move(Cs);
+  experiment.NVetCp = std::move(Cp);
+  return experiment;
+}
+
+/// No growth: Cx stays 2, Cp 0.5, and Cs falls from 10 by ms Cx = 0.2 g/(L h).
+KineticParameters Resting() {
+  KineticParameters p = test::BatchOf("Monod");
+  for (const At position : {At::muMax, At::beta, At::Kd, At::Kdp}) p[position] = 0;
+  p[At::Cx0] = 2, p[At::Cs0] = 10, p[At::Cp0] = 0.5, p[At::ms] = 0.1, p[At::T] = 9.9;
+  return p;
+}
+
+/// Two experiments of different length. The scales are 4, 8, 1 and 2, 10, 1 (no product measured).
+FitProblem TwoExperiments() {
+  FitProblem problem;
+  problem.experiments = {Measured({0, 5, 9.9}, {2, 4, 3}, {8, 8, 100e-2}, {1, 0.5, 0}),
+                         Measured({0, 12}, {1, 2}, {10, 5}, {0, 0})};
+  problem.rows = {Resting(), Resting()};
+  problem.variables = {{At::muMax, 0.1, 0.5, 0.2}, {At::Ks, 1, 9, 3}};
+  return problem;
+}
+
+TEST(Objective, SumsNormalisedSquaresOverAllButTheLastPoint) {
+  Objective objective(TwoExperiments());
+  // Experiment 1, t = 0: ((2-2)/4)^2 + ((8-10)/8)^2 + (1-0.5)^2 = 0.3125; t = 5: ((4-2)/4)^2 +
+  // ((8-9)/8)^2 + 0 = 0.265625. Experiment 2, t = 0: ((1-2)/2)^2 + 0 + (0-0.5)^2 = 0.5.
+  EXPECT_NEAR(objective.Simulate({}), 0.3125 + 0.265625 + 0.5, 1e-12);
+  EXPECT_NEAR(objective.Share(1).Cx, 0.25, 1e-12);
+  EXPECT_NEAR(objective.Share(1).Cs, 0.078125, 1e-12);
+  EXPECT_NEAR(objective.Share(2).Cp, 0.25, 1e-12);
+  EXPECT_EQ(objective.UnscaledVariables(), 1);
+  EXPECT_EQ(objective.Observations(), 15);
+}
+
+TEST(Objective, InterpolatesAndCarriesTheCurveOnBeyondItsEnd) {
+  Objective objective(TwoExperiments());
+  objective.Simulate({});
+  EXPECT_EQ(objective.Simulated(1).Cs[0], 10);
+  EXPECT_NEAR(objective.Simulated(1).Cs[1], 9, 1e-12);    // between model points
+  EXPECT_NEAR(objective.Simulated(2).Cs[1], 7.6, 1e-12);  // at 12 h, the curve ends at 9.9 h
+}
+
+TEST(Objective, FindsTimesInAnyOrder) {
+  FitProblem problem = TwoExperiments();
+  problem.experiments = {Measured({9, 1, 5, 0}, {2, 2, 2, 2}, {9, 1, 5, 10}, {1, 1, 1, 1})};
+  problem.rows.resize(1);
+  Objective objective(problem);
+  objective.Simulate({});
+  const auto& Cs = objective.Simulated(1).Cs;
+  EXPECT_NEAR(Cs[0], 8.2, 1e-12);
+  EXPECT_NEAR(Cs[1], 9.8, 1e-12);
+  EXPECT_NEAR(Cs[2], 9, 1e-12);
+  EXPECT_EQ(Cs[3], 10);
+}
+
+TEST(Objective, RepairsOnlyWhatLeavesTheBounds) {
+  Objective objective(TwoExperiments());
+  UniformGenerator random(5471), same(5471);
+  std::vector<double> x{0.1, 9};
+  objective.CountedEvaluate(x, random);
+  EXPECT_EQ(x, (std::vector<double>{0.1, 9})) << "values on a bound are kept";
+  x = {0.6, -1};
+  objective.CountedEvaluate(x, random);
+  const double first = 0.1 + same.Draw() * 0.4;
+  EXPECT_EQ(x, (std::vector<double>{first, 1 + same.Draw() * 8}));
+  EXPECT_EQ(objective.FunctionCalls(), 2);
+}
+
+TEST(Objective, NamesTheExperimentOfAFault) {
+  FitProblem problem = TwoExperiments();
+  problem.rows[1][At::T] = 0;
+  Objective objective(problem);
+  std::optional<ArithmeticFault> fault;
+  try {
+    objective.Simulate({});
+  } catch (const ArithmeticFault& thrown) {
+    fault = thrown;
+  }
+  ASSERT_TRUE(fault);
+  EXPECT_EQ(fault->kind, FaultKind::DivisionByZero);
+  EXPECT_EQ(fault->term, FaultTerm::Interpolation);
+  EXPECT_EQ(fault->place, 2);
+}
+
+}  // namespace
+}  // namespace velmora
