@@ -1,0 +1,207 @@
+#include "cultivation/ConditionsSetUp.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "app/Numbers.h"
+#include "cultivation/FitSetUp.h"
+#include "kinetics/Modelos.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kAlfaDecimals = 4;
+
+Message Attention(std::initializer_list<Piece> pieces) {
+  return {std::vector<Piece>(pieces), 307, Icon::Information};
+}
+
+/// The values that must be above 0, and what is said where one is not.
+struct PositiveValue {
+  At position;
+  int text;
+};
+constexpr std::array<PositiveValue, 5> kPositive = {
+    {{At::Cx0, 339}, {At::Cs0, 338}, {At::T, 340}, {At::Yxs, 342}, {At::YpsTyped, 341}}};
+constexpr int kOutOfBounds = 350;
+
+bool HasBox(At position) {
+  const bool isSwitch = position >= At::C && position <= At::H1;
+  return !isSwitch && position != At::Yps && position != At::Fp;
+}
+
+std::optional<Refusal> RefuseChoices(const CultivationForm& form, int place, char separator) {
+  if (place == 0) return Refusal{Attention({353}), std::nullopt};
+  if (auto refusal = RefuseFitRows(VarAjustadas(form, separator))) return refusal;
+  if (form.method == Method::None) return Refusal{Attention({335}), std::nullopt};
+  if (form.production == Production::None) return Refusal{Attention({301}), std::nullopt};
+  if (!form.modelConfirmed || FindModel(form.model) == nullptr)
+    return Refusal{Attention({347}), std::nullopt};
+  const bool fits =
+      std::any_of(form.fit.begin(), form.fit.end(), [](const FitRow& row) { return row.ticked; });
+  if (form.method != Method::Manual && !fits) return Refusal{Attention({354}), std::nullopt};
+  return std::nullopt;
+}
+
+/// Reads every box into `row`.
+std::optional<Refusal> ReadValues(const CultivationForm& form, char separator, ConditionsRow& row) {
+  for (int position = 1; position <= ConditionsRow::kCount; ++position) {
+    const At at = static_cast<At>(position);
+    if (!HasBox(at)) continue;
+    const auto value = ReadBox(form.At(at), separator);
+    const auto positive = std::find_if(kPositive.begin(), kPositive.end(),
+                                       [at](const PositiveValue& p) { return p.position == at; });
+    const bool mustBePositive = positive != kPositive.end();
+    if (!value || (mustBePositive && !(*value > 0)))
+      return Refusal{Attention({mustBePositive ? positive->text : kOutOfBounds}), at};
+    row[position] = *value;
+  }
+  return std::nullopt;
+}
+
+/// Sets alpha as production and yields decide it; the text to show for it, if it was decided.
+std::optional<std::string> DecideAlfa(const CultivationForm& form, char separator,
+                                      ConditionsRow& row) {
+  if (form.production == Production::PNAC) {
+    row[At::alpha] = 0;
+    return "0";
+  }
+  if (form.yields == Yields::Stoichiometric) return std::nullopt;
+  row[At::alpha] = row[At::YpsTyped] / row[At::Yxs];
+  return PlainText(RoundHalfEven(row[At::alpha], kAlfaDecimals), separator);
+}
+
+void DecideYields(Yields yields, ConditionsRow& row) {
+  const bool global = yields == Yields::Global;
+  row[At::Yps] = global ? 1 : row[At::YpsTyped];
+  row[At::Fp] = global ? 0 : 1;
+}
+
+void SetSwitches(const Model& model, ConditionsRow& row) {
+  KineticParameters vector = VectorOf(row);
+  SetModelSwitches(model, vector);
+  std::copy(vector.values.begin(), vector.values.end(), row.values.begin());
+}
+
+std::string JoinNames(std::initializer_list<std::string_view> names) {
+  std::string joined;
+  for (const std::string_view name : names)
+    if (!name.empty()) joined += (joined.empty() ? "" : " ") + std::string(name);
+  return joined;
+}
+
+OptionTexts OptionsOf(const CultivationForm& form) {
+  OptionTexts options;
+  options.method = NameOf(form.method);
+  options.dataSet = JoinNames(
+      {form.dataSet[0] ? "Cx" : "", form.dataSet[1] ? "Cs" : "", form.dataSet[2] ? "Cp" : ""});
+  options.production = NameOf(form.production);
+  options.model = form.model;
+  for (std::size_t row = 0; row < kFittable.size(); ++row)
+    if (form.fit[row].ticked) options.fitted = JoinNames({options.fitted, kFittable[row].name});
+  return options;
+}
+
+}  // namespace
+
+std::string_view NameOf(Method method) {
+  switch (method) {
+    case Method::Manual:
+      return "Manual";
+    case Method::ED:
+      return "ED";
+    case Method::LM:
+      return "LM";
+    case Method::None:
+      break;
+  }
+  return "";
+}
+
+std::string_view NameOf(Production production) {
+  switch (production) {
+    case Production::PAC:
+      return "PAC";
+    case Production::PPAC:
+      return "PPAC";
+    case Production::PNAC:
+      return "PNAC";
+    case Production::None:
+      break;
+  }
+  return "";
+}
+
+Method MethodNamed(std::string_view name) {
+  for (const Method method : {Method::Manual, Method::ED, Method::LM})
+    if (NameOf(method) == name) return method;
+  return Method::None;
+}
+
+Production ProductionNamed(std::string_view name) {
+  for (const Production production : {Production::PAC, Production::PPAC, Production::PNAC})
+    if (NameOf(production) == name) return production;
+  return Production::None;
+}
+
+Saved SalvarCondCult(const CultivationForm& form, int place, std::int16_t number, char separator,
+                     CultivationConditions& conditions) {
+  Saved saved;
+  saved.refusal = RefuseChoices(form, place, separator);
+  if (saved.refusal) return saved;
+  ConditionsRecord& target = conditions.At(place);
+
+  ConditionsRecord record{true, number, {}, OptionsOf(form)};
+  saved.refusal = ReadValues(form, separator, record.row);
+  if (saved.refusal) return saved;
+  SetSwitches(*FindModel(form.model), record.row);
+  saved.shownAlfa = DecideAlfa(form, separator, record.row);
+  DecideYields(form.yields, record.row);
+  target = record;
+  if (form.method != Method::Manual) conditions.fitted = VarAjustadas(form, separator);
+  return saved;
+}
+
+std::array<std::string, 31> ShownTexts(const ConditionsRow& row, char separator) {
+  std::array<std::string, 31> texts;
+  for (int position = 1; position <= ConditionsRow::kCount; ++position) {
+    const At at = static_cast<At>(position);
+    if (!HasBox(at)) continue;
+    std::string& text = texts[static_cast<std::size_t>(position) - 1];
+    if (at >= At::muMax && at <= At::Kip)
+      text = Formatted(row[at], kTwoToFour, separator);
+    else if (at >= At::CxAst && at <= At::v)
+      text = Formatted(row[at], kOneToFour, separator);
+    else
+      text = PlainText(row[at], separator);
+  }
+  return texts;
+}
+
+CultivationForm FormOf(const ConditionsRecord& record, const std::vector<FittedParameter>& fitted,
+                       char separator) {
+  CultivationForm form;
+  form.texts = ShownTexts(record.row, separator);
+  form.method = MethodNamed(record.options.method);
+  form.production = ProductionNamed(record.options.production);
+  form.yields = record.row[At::Fp] == 0 ? Yields::Global : Yields::Stoichiometric;
+  form.model = record.options.model;
+  for (const FittedParameter& row : fitted) {
+    const int index = FittableIndex(static_cast<At>(row.code));
+    if (index < 0) continue;
+    form.fit[static_cast<std::size_t>(index)] = {true, PlainText(row.lower, separator),
+                                                 PlainText(row.upper, separator)};
+  }
+  return form;
+}
+
+std::optional<Message> RefuseRun(int experiments, const CultivationConditions& conditions) {
+  if (experiments == 0) return Attention({352});
+  if (experiments != conditions.SavedCount()) return Attention({337});
+  for (int place = 2; place <= experiments; ++place)
+    if (conditions.At(place).options != conditions.At(1).options)
+      return Attention({305, "\n", 300});
+  return std::nullopt;
+}
+
+}  // namespace velmora

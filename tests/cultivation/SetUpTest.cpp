@@ -1,0 +1,202 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <ostream>
+
+#include "cultivation/ConditionsSetUp.h"
+#include "cultivation/DataExport.h"
+#include "cultivation/FitSetUp.h"
+#include "cultivation/Simulation.h"
+
+namespace velmora {
+namespace {
+
+/// A form that can be saved: Monod, its two parameters fitted.
+CultivationForm Filled() {
+  CultivationForm form;
+  form.texts.fill("0");
+  form.At(At::Cx0) = "0.5", form.At(At::Cs0) = "75", form.At(At::T) = "45";
+  form.At(At::Yxs) = "0.3", form.At(At::YpsTyped) = "0.45", form.At(At::alpha) = "1.25";
+  form.At(At::muMax) = "0.2", form.At(At::Ks) = "10";
+  form.fit[0] = {true, "0.05", "1"};
+  form.fit[1] = {true, "1", "30"};
+  form.method = Method::ED;
+  form.production = Production::PAC;
+  form.model = "Monod";
+  form.modelConfirmed = true;
+  return form;
+}
+
+struct RefusalCase {
+  const char* name;
+  int place;
+  std::function<void(CultivationForm&)> change;
+  Piece text;  // the message's first piece
+};
+void PrintTo(const RefusalCase& c, std::ostream* out) {
+  *out << c.name;
+}
+class Saving : public testing::TestWithParam<RefusalCase> {};
+
+TEST_P(Saving, IsRefusedAndStoresNothing) {
+  const RefusalCase& c = GetParam();
+  CultivationForm form = Filled();
+  c.change(form);
+  CultivationConditions conditions;
+  const Saved saved = SalvarCondCult(form, c.place, 1, '.', conditions);
+  ASSERT_TRUE(saved.refusal);
+  EXPECT_EQ(saved.refusal->message.pieces.front(), c.text);
+  EXPECT_EQ(saved.refusal->message.title, Piece(307));
+  EXPECT_EQ(conditions, CultivationConditions{});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Conditions, Saving,
+    testing::Values(
+        RefusalCase{"NothingSelectedComesFirst", 0, [](CultivationForm& f) { f = {}; }, 353},
+        RefusalCase{"BoundOfZero", 1,
+                    [](CultivationForm& f) {
+                      f.fit[1].lower = "0";
+                      f.method = Method::None;
+                    },
+                    348},
+        RefusalCase{"EmptyBound", 1, [](CultivationForm& f) { f.fit[1].upper = ""; }, 348},
+        RefusalCase{"ValueOutsideItsBounds", 1, [](CultivationForm& f) { f.fit[1].upper = "9.9"; },
+                    304},
+        RefusalCase{"NoMethod", 1,
+                    [](CultivationForm& f) {
+                      f.method = Method::None;
+                      f.production = Production::None;
+                    },
+                    335},
+        RefusalCase{"NoProduction", 1,
+                    [](CultivationForm& f) {
+                      f.production = Production::None;
+                      f.modelConfirmed = false;
+                    },
+                    301},
+        RefusalCase{"ModelNotConfirmed", 1,
+                    [](CultivationForm& f) {
+                      f.modelConfirmed = false;
+                      f.fit = {};
+                    },
+                    347},
+        RefusalCase{"NothingFitted", 1, [](CultivationForm& f) { f.fit = {}; }, 354},
+        RefusalCase{"NoCells", 1, [](CultivationForm& f) { f.At(At::Cx0) = ""; }, 339},
+        RefusalCase{"NoSubstrate", 1, [](CultivationForm& f) { f.At(At::Cs0) = "0"; }, 338},
+        RefusalCase{"NoTime", 1, [](CultivationForm& f) { f.At(At::T) = "."; }, 340},
+        RefusalCase{"NoCellYield", 1, [](CultivationForm& f) { f.At(At::Yxs) = "0"; }, 342},
+        RefusalCase{"NoProductYield", 1, [](CultivationForm& f) { f.At(At::YpsTyped) = "0"; }, 341},
+        RefusalCase{"NotANumber", 1, [](CultivationForm& f) { f.At(At::ms) = "1,5"; }, 350}));
+
+TEST(Conditions, DecideAlfaAndYields) {
+  CultivationConditions conditions;
+  CultivationForm form = Filled();
+  EXPECT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).shownAlfa);
+  const ConditionsRow& row = conditions.At(1).row;
+  EXPECT_EQ(row[At::alpha], 1.25);
+  EXPECT_EQ(row[At::Yps], 0.45);
+  EXPECT_EQ(row[At::Fp], 1);
+
+  form.yields = Yields::Global;
+  form.At(At::YpsTyped) = "0,2";
+  form.At(At::Yxs) = "0,3";
+  for (auto* text :
+       {&form.At(At::Cx0), &form.At(At::alpha), &form.At(At::muMax), &form.fit[0].lower})
+    std::replace(text->begin(), text->end(), '.', ',');
+  EXPECT_EQ(SalvarCondCult(form, 1, 1, ',', conditions).shownAlfa, "0,6667");
+  EXPECT_EQ(row[At::alpha], 0.2 / 0.3);
+  EXPECT_EQ(row[At::Yps], 1);
+  EXPECT_EQ(row[At::Fp], 0);
+  EXPECT_EQ(row[At::YpsTyped], 0.2);
+
+  form.production = Production::PNAC;
+  EXPECT_EQ(SalvarCondCult(form, 1, 1, ',', conditions).shownAlfa, "0");
+  EXPECT_EQ(row[At::alpha], 0);
+}
+
+TEST(Conditions, KeepTheFitTableInItsOwnOrder) {
+  CultivationConditions conditions;
+  CultivationForm form = Filled();
+  form.model = "Monod-Levenspiel-Lee";
+  for (const At position : {At::CxAst, At::CpAst, At::m, At::n}) form.At(position) = "2";
+  for (std::size_t row = 4; row < 8; ++row) form.fit[row] = {true, "1", "3"};
+  ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
+  std::vector<int> codes;
+  for (const FittedParameter& row : conditions.fitted) codes.push_back(row.code);
+  EXPECT_EQ(codes, (std::vector<int>{8, 9, 13, 12, 15, 14}));
+  EXPECT_EQ(conditions.fitted[1], (FittedParameter{30, 1, 9, 10}));
+  EXPECT_EQ(conditions.At(1).options.fitted, "MiMax Ks CpAst CxAst n m");
+
+  form.method = Method::Manual;
+  form.fit = {};
+  ASSERT_FALSE(SalvarCondCult(form, 2, 2, '.', conditions).refusal);
+  EXPECT_EQ(conditions.fitted.size(), 6U);
+  EXPECT_THROW(SalvarCondCult(form, 10, 10, '.', conditions), std::out_of_range);
+}
+
+TEST(Conditions, ShowTheirBoxesInTheirFormats) {
+  ConditionsRow row;
+  row[At::Cx0] = 0.00001, row[At::muMax] = 0.5, row[At::Ks] = 0.123456, row[At::CxAst] = 2;
+  row[At::YpsTyped] = 0.45;
+  const auto texts = ShownTexts(row, ',');
+  EXPECT_EQ(texts[0], "1E-05");
+  EXPECT_EQ(texts[7], "0,50");
+  EXPECT_EQ(texts[8], "0,1235");
+  EXPECT_EQ(texts[11], "2,0");
+  EXPECT_EQ(texts[17], "") << "a switch has no box";
+  EXPECT_EQ(texts[30], "0,45");
+}
+
+TEST(Fit, NeedsAParameter) {
+  const CheckedFit none = ChecarVarAjustadas({});
+  ASSERT_TRUE(none.refusal);
+  EXPECT_EQ(none.refusal->message.pieces.front(),
+            Piece("Escolha pelo menos um parâmetro para ajustar"));
+  EXPECT_EQ(none.refusal->message.title, Piece("Aviso"));
+  const FittedParameter onlyV{2, 1, 17, 2};
+  const CheckedFit checked = ChecarVarAjustadas(std::array{onlyV});
+  ASSERT_FALSE(checked.refusal) << "a value on its bound is accepted";
+  EXPECT_EQ(checked.variables[0].position, At::v);
+}
+
+TEST(Run, IsRefusedInOrder) {
+  CultivationConditions conditions;
+  EXPECT_EQ(RefuseRun(0, conditions)->pieces.front(), Piece(352));
+  CultivationForm form = Filled();
+  ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
+  EXPECT_EQ(RefuseRun(2, conditions)->pieces.front(), Piece(337));
+  form.production = Production::PPAC;
+  ASSERT_FALSE(SalvarCondCult(form, 2, 2, '.', conditions).refusal);
+  EXPECT_EQ(RefuseRun(2, conditions)->pieces, (std::vector<Piece>{305, "\n", 300}));
+  ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
+  EXPECT_FALSE(RefuseRun(2, conditions));
+}
+
+TEST(Manual, SimulatesTheOthersWhereOneExperimentFaults) {
+  CultivationConditions conditions;
+  for (const int place : {1, 2}) {
+    ASSERT_FALSE(SalvarCondCult(Filled(), place, 1, '.', conditions).refusal);
+  }
+  conditions.At(1).row[At::Yxs] = 0;
+  ModelCurves curves{};
+  const auto faults = Manual(conditions, 2, curves);
+  ASSERT_EQ(faults.size(), 1U);
+  EXPECT_EQ(faults[0].place, 1);
+  EXPECT_GT(curves[1].Cx.back(), 10);
+}
+
+TEST(Export, StandsToTheCharacter) {
+  ModelCurves curves{};
+  curves[1].Cx[0] = 1.5;
+  const std::string text = ExportarDados(curves, 2, ',');
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 206);
+  EXPECT_EQ(text.find("Experimento: 1\r\nt(h)    Cx(g/L) Cs(g/L) Cp(g/L)\r\n0,0000\t0,0000\t"), 0U);
+  EXPECT_NE(text.find("0,0000\r\n\r\nExperimento: 2\r\n"), std::string::npos);
+  EXPECT_NE(text.find("\r\n0,0000\t1,5000\t0,0000\t0,0000\r\n"), std::string::npos);
+  EXPECT_TRUE(text.ends_with("\r\n\r\n"));
+}
+
+}  // namespace
+}  // namespace velmora
