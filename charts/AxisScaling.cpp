@@ -1,0 +1,229 @@
+#include "charts/AxisScaling.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <span>
+
+#include "app/Numbers.h"
+
+namespace velmora {
+namespace {
+
+/// A row of a step table: ranges from the row before up to, not including, `below`.
+struct StepRow {
+  double below;
+  double step;
+};
+constexpr double kNoBound = std::numeric_limits<double>::infinity();
+
+constexpr StepRow kTimeSteps[] = {{2.5, 0.25}, {5, 0.5},  {9, 1},    {17, 2},        {25, 3},
+                                  {41, 5},     {49, 5},   {57, 8},   {90, 9},        {150, 15},
+                                  {200, 20},   {400, 30}, {600, 50}, {kNoBound, 100}};
+
+constexpr StepRow kConcentrationSteps[] = {
+    {1, 0.1},    {2.5, 0.25}, {5, 0.5},    {9, 1},      {17, 2},         {25, 3},   {41, 5},
+    {49, 5},     {57, 8},     {72, 9},     {90, 10},    {135, 15},       {180, 20}, {200, 25},
+    {270, 30},   {360, 40},   {450, 50},   {540, 60},   {630, 70},       {810, 90}, {960, 120},
+    {1200, 150}, {2000, 200}, {4000, 400}, {5000, 500}, {kNoBound, 1000}};
+
+// More ticks than this no paper can show.
+constexpr double kMostTicks = 400;
+
+// Keeps the paper's corners apart where a maximum is 0.
+constexpr double kApart = 1e-16;
+
+double StepFor(std::span<const StepRow> table, double range) {
+  if (!(range >= 0)) return 0;
+  for (const StepRow& row : table)
+    if (range < row.below) return row.step;
+  return table.back().step;
+}
+
+double TimeTicks(double range, double step) {
+  const double count = range / step;
+  return std::floor(count) < count ? std::floor(count) + 1 : std::floor(count);
+}
+
+/// The count is rounded up by comparing with the range, not with the count.
+double ConcentrationTicks(double range, double step) {
+  const double count = range / step;
+  const bool fraction = step == 0.1 || step == 0.25 || step == 0.5;
+  const bool up = fraction ? std::floor(count / step) > range : std::floor(count) < range;
+  return up ? std::floor(count) + 1 : std::floor(count);
+}
+
+struct Range {
+  double minimum;
+  double maximum;
+};
+
+Range RangeOf(const Extents& extents, PlotVariable variable) {
+  switch (variable) {
+    case PlotVariable::Cx:
+      return {extents.CxMin, extents.CxMax};
+    case PlotVariable::Cp:
+      return {extents.CpMin, extents.CpMax};
+    case PlotVariable::Cs:
+      break;
+  }
+  return {extents.CsMin, extents.CsMax};
+}
+
+template <class Visit>
+void ForEachVisiblePoint(const ExperimentLists& lists, Visit&& visit) {
+  for (int place = 1; place <= lists.Count(); ++place) {
+    if (!lists.Display(place).NGrafVisivel) continue;
+    const Class1& experiment = lists.Experiment(place);
+    for (std::size_t k = 0; k < experiment.NVetTempo.size(); ++k) visit(experiment, k);
+  }
+}
+
+void Raise(double& maximum, double value) {
+  if (value > maximum) maximum = value;
+}
+
+void RaiseConcentrations(Extents& extents, const Class1& experiment, std::size_t k) {
+  Raise(extents.CxMax, experiment.NVetCx[k]);
+  Raise(extents.CsMax, experiment.NVetCs[k]);
+  Raise(extents.CpMax, experiment.NVetCp[k]);
+}
+
+/// Places of a plot in fractions of its axes.
+class Places {
+ public:
+  explicit Places(PlotScale& scale) : scale_(scale), width_(scale.Xmax - scale.origin) {}
+
+  PlotPoint At(double x, double y) const { return {X(x), y * scale_.Ymax}; }
+  double X(double fraction) const { return scale_.origin + fraction * width_; }
+  double Tick(int i) const { return scale_.origin + i * scale_.stepX; }
+
+ private:
+  PlotScale& scale_;
+  double width_;
+};
+
+void AddGridLines(PlotScale& scale, int nX, int nY) {
+  const Places at(scale);
+  for (int i = 1; i <= nY - 1; ++i)
+    scale.gridLines.push_back({{scale.origin, i * scale.stepY}, {scale.Xmax, i * scale.stepY}});
+  for (int j = 1; j <= nX; ++j)
+    scale.gridLines.push_back({{at.Tick(j), 0}, {at.Tick(j), scale.Ymax}});
+}
+
+void AddTicks(PlotScale& scale, int nX, int nY) {
+  const Places at(scale);
+  for (int j = 0; j < nX; ++j)
+    scale.ticks.push_back({{at.Tick(j), 0}, {at.Tick(j), 0.013 * scale.Ymax}});
+  for (int i = 0; i < nY; ++i)
+    scale.ticks.push_back({{scale.origin, i * scale.stepY}, {at.X(0.006), i * scale.stepY}});
+}
+
+void AddTimeLabels(PlotScale& scale, int nX, double timeMaximum, char separator) {
+  const Places at(scale);
+  for (int j = 0; j < nX; ++j) {
+    const double time = at.Tick(j);
+    scale.timeLabels.push_back(
+        {{time, -0.01 * scale.Ymax},
+         timeMaximum < 10 ? Formatted(time, {2, 2}, separator) : PlainText(time, separator)});
+  }
+}
+
+void AddConcentrationLabels(PlotScale& scale, int nY, char separator) {
+  const bool oneDecimal = scale.stepY == 0.1 || scale.stepY == 0.5;
+  const bool twoDecimals = scale.stepY == 0.25;
+  const double left = oneDecimal ? -0.075 : twoDecimals ? -0.085 : -0.05;
+  const Places at(scale);
+  for (int i = 0; i <= nY; ++i) {
+    const double value = i * scale.stepY;
+    std::string text = oneDecimal    ? Formatted(value, {1, 1}, separator)
+                       : twoDecimals ? Formatted(value, {2, 2}, separator)
+                                     : PlainText(value, separator);
+    scale.concentrationLabels.push_back({{at.X(left), value + 0.04 * scale.Ymax}, std::move(text)});
+  }
+}
+
+}  // namespace
+
+Extents MaxMin(const ExperimentLists& lists) {
+  Extents extents;
+  ForEachVisiblePoint(lists, [&](const Class1& experiment, std::size_t k) {
+    Raise(extents.timeMax, experiment.NVetTempo[k]);
+    RaiseConcentrations(extents, experiment, k);
+  });
+  return extents;
+}
+
+Extents MaxMinZoom(const ExperimentLists& lists, const TimeInterval& interval) {
+  Extents extents;
+  extents.timeMin = interval.from;
+  extents.timeMax = interval.to;
+  ForEachVisiblePoint(lists, [&](const Class1& experiment, std::size_t k) {
+    const double time = experiment.NVetTempo[k];
+    if (time >= interval.from && time <= interval.to) RaiseConcentrations(extents, experiment, k);
+  });
+  return extents;
+}
+
+TimeInterval MeasuredTimes(const ExperimentLists& lists) {
+  TimeInterval times{kNoBound, -kNoBound};
+  ForEachVisiblePoint(lists, [&](const Class1& experiment, std::size_t k) {
+    times.from = std::min(times.from, experiment.NVetTempo[k]);
+    times.to = std::max(times.to, experiment.NVetTempo[k]);
+  });
+  return times.from <= times.to ? times : TimeInterval{};
+}
+
+double DivisorDeX(double range) {
+  return StepFor(kTimeSteps, range);
+}
+
+double DivisorDeY(double range) {
+  return StepFor(kConcentrationSteps, range);
+}
+
+double Arredondamento(double x, int decimals) {
+  const double scale = std::pow(10.0, decimals);
+  return std::floor(x * scale + 0.5) / scale;
+}
+
+PlotScale Escala(const Extents& extents, PlotVariable variable, char separator) {
+  const auto [minimum, maximum] = RangeOf(extents, variable);
+  const double rangeX = extents.timeMax - extents.timeMin;
+  const double rangeY = maximum - minimum;
+  PlotScale scale;
+  scale.stepX = DivisorDeX(rangeX);
+  scale.stepY = DivisorDeY(rangeY);
+  const double nX = scale.stepX > 0 ? TimeTicks(rangeX, scale.stepX) : 0;
+  const double nY = scale.stepY > 0 ? ConcentrationTicks(rangeY, scale.stepY) : 0;
+  scale.origin = extents.timeMin;
+  scale.Xmax = scale.origin + nX * scale.stepX;
+  scale.Ymax = nY * scale.stepY;
+
+  const Places at(scale);
+  scale.upperLeft = {at.X(-0.2), 1.2 * scale.Ymax + kApart};
+  scale.lowerRight = {at.X(1.1) + kApart, -0.2 * scale.Ymax};
+  scale.titleAt = {at.X(-0.17), 1.15 * scale.Ymax / 3};
+  scale.timeTitleAt = {at.X(0.5 - 0.03), -0.1 * scale.Ymax};
+  scale.axes = {{at.At(0, 0), at.At(1, 0)}, {at.At(0, 0), at.At(0, 1)}};
+  if (nX > kMostTicks || nY > kMostTicks) return scale;
+  AddGridLines(scale, static_cast<int>(nX), static_cast<int>(nY));
+  AddTicks(scale, static_cast<int>(nX), static_cast<int>(nY));
+  AddTimeLabels(scale, static_cast<int>(nX), extents.timeMax, separator);
+  AddConcentrationLabels(scale, static_cast<int>(nY), separator);
+  return scale;
+}
+
+std::string PlotTitle(PlotVariable variable) {
+  switch (variable) {
+    case PlotVariable::Cx:
+      return "Cx (g/L)";
+    case PlotVariable::Cp:
+      return "Cp (g/L)";
+    case PlotVariable::Cs:
+      break;
+  }
+  return "Cs (g/L)";
+}
+
+}  // namespace velmora

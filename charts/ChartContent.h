@@ -1,0 +1,38 @@
+// What one plot shows, as a value.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "charts/AxisScaling.h"
+#include "kinetics/ModelCurves.h"
+
+namespace velmora {
+
+/// One experiment on one plot.
+struct PlottedExperiment {
+  std::int16_t number = 0;  // NExp
+  bool visible = true;
+  std::string marker;             // NMarcador
+  std::int32_t colour = 1;        // NCor
+  std::int16_t line = 1;          // NLinha of its curve
+  std::vector<PlotPoint> points;  // measured, in the interval; empty where it is not visible
+  std::vector<PlotPoint> curve;   // the model's 100 points, or none
+};
+
+struct ChartContent {
+  PlotVariable variable = PlotVariable::Cs;
+  PlotScale scale;
+  bool gridLines = true;
+  std::vector<PlottedExperiment> experiments;  // by place
+};
+
+/// The plot of `variable`. `curves` is null where there are none; they are drawn for the first nine
+/// experiments, hidden ones too. With an `interval` only what lies in it is shown.
+ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
+                       const ModelCurves* curves, bool gridLines, char separator,
+                       const std::optional<TimeInterval>& interval = std::nullopt);
+
+}  // namespace velmora

@@ -1,0 +1,117 @@
+#include "charts/LegendView.h"
+
+#include <QCoreApplication>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMouseEvent>
+#include <QPixmap>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "charts/Markers.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kPictureSize = 14;
+constexpr int kRowsInAColumn = 9;
+constexpr int kCellsInARow = 3;
+
+QString LatinText(std::string_view text) {
+  return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+}  // namespace
+
+QString ProgramFolder() {
+  return QCoreApplication::applicationDirPath();
+}
+
+std::vector<LegendRow> LegendRows(const ExperimentLists& lists) {
+  std::vector<LegendRow> rows;
+  for (int place = 1; place <= lists.Count(); ++place) {
+    const DisplayEntry& display = lists.Display(place);
+    if (display.NGrafVisivel)
+      rows.push_back({lists.Experiment(place).NExp, display.NMarcador, display.NCor});
+  }
+  return rows;
+}
+
+LegendView::LegendView(QString imageFolder, QWidget* parent)
+    : QWidget(parent), imageFolder_(std::move(imageFolder)) {
+  setObjectName(QStringLiteral("picLegenda"));
+  setAutoFillBackground(true);
+  setBackgroundRole(QPalette::Base);
+  heading_ = new QLabel(this);
+  heading_->setObjectName(QStringLiteral("lblTituloLegenda"));
+  heading_->setWordWrap(true);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(6, 4, 6, 4);
+  column->setSpacing(4);
+  column->addWidget(heading_);
+  rows_ = new QGridLayout;
+  rows_->setHorizontalSpacing(6);
+  rows_->setVerticalSpacing(2);
+  column->addLayout(rows_);
+  column->addStretch();
+}
+
+void LegendView::SetHeading(const QString& text) {
+  heading_->setText(text);
+}
+
+void LegendView::SetRows(const std::vector<LegendRow>& rows) {
+  while (QLayoutItem* item = rows_->takeAt(0)) {
+    delete item->widget();
+    delete item;
+  }
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    const int row = static_cast<int>(i) % kRowsInAColumn;
+    const int cell = static_cast<int>(i) / kRowsInAColumn * kCellsInARow;
+    const auto add = [&](int offset, const char* name) {
+      auto* label = new QLabel(this);
+      label->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(i));
+      rows_->addWidget(label, row, cell + offset);
+      return label;
+    };
+    add(0, "Image1")->setPixmap(MarkerPicture(rows[i].marker));
+    add(1, "Image2")->setPixmap(ColourSample(rows[i].colour));
+    add(2, "Label7")->setText(QString::number(rows[i].number));
+  }
+}
+
+QPixmap LegendView::Picture(const QString& file, int size) const {
+  const QPixmap picture(imageFolder_ + QLatin1Char('/') + file + QStringLiteral(".bmp"));
+  if (picture.isNull()) return picture;
+  return picture.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+QPixmap LegendView::MarkerPicture(const std::string& marker) const {
+  const QPixmap picture = Picture(
+      QStringLiteral("Imagens_Marcador/") + LatinText(MarkerPictureName(marker)), kPictureSize);
+  return picture.isNull() ? MarkerPixmap(marker, kPictureSize) : picture;
+}
+
+QPixmap LegendView::ColourSample(std::int32_t colour) const {
+  const std::size_t index = static_cast<std::size_t>(
+      std::clamp(colour, 1, static_cast<std::int32_t>(kColours.size())) - 1);
+  const QPixmap picture =
+      Picture(QStringLiteral("Imagens_Cores/") + LatinText(kColours[index].name), kPictureSize);
+  return picture.isNull() ? ColourPixmap(colour, kPictureSize) : picture;
+}
+
+void LegendView::mousePressEvent(QMouseEvent* event) {
+  grabbedAt_ = event->position().toPoint();
+}
+
+void LegendView::mouseMoveEvent(QMouseEvent* event) {
+  const bool placed = parentWidget() != nullptr && parentWidget()->layout() != nullptr &&
+                      parentWidget()->layout()->indexOf(this) >= 0;
+  if (!(event->buttons() & Qt::LeftButton) || placed || parentWidget() == nullptr) return;
+  const QPoint wanted = mapToParent(event->position().toPoint() - grabbedAt_);
+  move(std::clamp(wanted.x(), 0, std::max(0, parentWidget()->width() - width())),
+       std::clamp(wanted.y(), 0, std::max(0, parentWidget()->height() - height())));
+}
+
+}  // namespace velmora

@@ -1,0 +1,58 @@
+// The legend: which marker and colour belong to which experiment.
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "data/ExperimentLists.h"
+
+class QGridLayout;
+class QLabel;
+
+namespace velmora {
+
+struct LegendRow {
+  std::int16_t number = 0;
+  std::string marker;
+  std::int32_t colour = 1;
+};
+
+/// One row for each visible experiment, in list order.
+std::vector<LegendRow> LegendRows(const ExperimentLists& lists);
+
+/// A small box with a heading and one row for each experiment: marker picture, colour sample,
+/// number; many rows stand in columns. The pictures are the bitmaps below `imageFolder`
+/// (Imagens_Marcador, Imagens_Cores), or drawn where one is missing. Can be dragged inside its
+/// parent where it stands in no layout.
+class LegendView : public QWidget {
+  Q_OBJECT
+
+ public:
+  LegendView(QString imageFolder, QWidget* parent = nullptr);
+
+  void SetHeading(const QString& text);
+  void SetRows(const std::vector<LegendRow>& rows);
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+
+ private:
+  QPixmap Picture(const QString& file, int size) const;
+  QPixmap MarkerPicture(const std::string& marker) const;
+  QPixmap ColourSample(std::int32_t colour) const;
+
+  QString imageFolder_;
+  QLabel* heading_;
+  QGridLayout* rows_;
+  QPoint grabbedAt_;
+};
+
+/// The folder of the running program, in which the build puts the legend's pictures.
+QString ProgramFolder();
+
+}  // namespace velmora

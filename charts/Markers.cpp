@@ -1,0 +1,103 @@
+#include "charts/Markers.h"
+
+#include <QPainter>
+#include <QPolygonF>
+#include <QSize>
+
+#include "data/Class1.h"
+
+namespace velmora {
+namespace {
+
+enum class Figure { Circle, Square, Triangle };
+
+struct Shape {
+  Figure figure = Figure::Circle;
+  bool filled = true;
+  double turn = 0;  // of a triangle, quarters of a circle clockwise from pointing up
+};
+
+/// Figures by marker number 1..8.
+constexpr Shape kShapes[] = {{Figure::Circle, true, 0},   {Figure::Circle, false, 0},
+                             {Figure::Square, true, 0},   {Figure::Square, false, 0},
+                             {Figure::Triangle, true, 0}, {Figure::Triangle, true, 1},
+                             {Figure::Triangle, true, 2}, {Figure::Triangle, true, 3}};
+
+QPolygonF TriangleAt(double size) {
+  const double half = size / 2;
+  return QPolygonF({{0, -half}, {half, half * 0.8}, {-half, half * 0.8}});
+}
+
+QPixmap WhitePixmap(const QSize& size) {
+  QPixmap pixmap(size);
+  pixmap.fill(Qt::white);
+  return pixmap;
+}
+
+}  // namespace
+
+QColor ColourOf(std::int32_t number) {
+  if (number < 1 || number > static_cast<std::int32_t>(kColours.size())) return Qt::black;
+  const std::uint32_t bgr = kColours[static_cast<std::size_t>(number) - 1].bgr;
+  return QColor::fromRgb(static_cast<int>(bgr & 0xFF), static_cast<int>(bgr >> 8 & 0xFF),
+                         static_cast<int>(bgr >> 16 & 0xFF));
+}
+
+Qt::PenStyle PenStyleOf(std::int16_t line) {
+  if (line == 2) return Qt::DotLine;
+  return line == 3 ? Qt::DashLine : Qt::SolidLine;
+}
+
+std::string_view MarkerPictureName(std::string_view marker) {
+  if (marker == "Triang1") return "Triang3";
+  if (marker == "Triang3") return "Triang1";
+  return marker;
+}
+
+void DrawMarker(QPainter& painter, std::string_view marker, const QPointF& centre, double size,
+                const QColor& colour, double lineWidth) {
+  const int number = MarkerNumber(marker);
+  const Shape shape = kShapes[number == 0 ? 0 : number - 1];
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(QPen(colour, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::MiterJoin));
+  painter.setBrush(shape.filled ? QBrush(colour) : QBrush(Qt::white));
+  painter.translate(centre);
+  const double side = size - lineWidth;
+  switch (shape.figure) {
+    case Figure::Circle:
+      painter.drawEllipse(QPointF(0, 0), side / 2, side / 2);
+      break;
+    case Figure::Square:
+      painter.drawRect(QRectF(-side / 2, -side / 2, side, side));
+      break;
+    case Figure::Triangle:
+      painter.rotate(90 * shape.turn);
+      painter.drawPolygon(TriangleAt(side));
+      break;
+  }
+  painter.restore();
+}
+
+QPixmap MarkerPixmap(std::string_view marker, int size) {
+  QPixmap pixmap = WhitePixmap({size, size});
+  QPainter painter(&pixmap);
+  DrawMarker(painter, marker, {size / 2.0, size / 2.0}, size * 0.75, Qt::black, size / 12.0);
+  return pixmap;
+}
+
+QPixmap ColourPixmap(std::int32_t number, int size) {
+  QPixmap pixmap(size, size);
+  pixmap.fill(ColourOf(number));
+  return pixmap;
+}
+
+QPixmap LinePixmap(std::int16_t line, const QSize& size) {
+  QPixmap pixmap = WhitePixmap(size);
+  QPainter painter(&pixmap);
+  painter.setPen(QPen(Qt::black, 2, PenStyleOf(line), Qt::FlatCap));
+  painter.drawLine(QPointF(2, size.height() / 2.0), QPointF(size.width() - 2, size.height() / 2.0));
+  return pixmap;
+}
+
+}  // namespace velmora

@@ -1,0 +1,132 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "charts/AxisScaling.h"
+#include "charts/ChartContent.h"
+
+namespace velmora {
+namespace {
+
+ExperimentLists Points(std::vector<PlotPoint> points, bool visible = true) {
+  Class1 experiment;
+  experiment.NDados = static_cast<std::int16_t>(points.size());
+  for (const PlotPoint& point : points) {
+    experiment.NVetTempo.push_back(point.x);
+    experiment.NVetCs.push_back(point.y);
+    experiment.NVetCx.push_back(point.y / 10);
+    experiment.NVetCp.push_back(0);
+  }
+  DisplayEntry display;
+  display.NGrafVisivel = visible;
+  ExperimentLists lists;
+  lists.Append(experiment, display);
+  return lists;
+}
+
+Extents Reaching(double time, double Cs) {
+  Extents extents;
+  extents.timeMax = time;
+  extents.CsMax = Cs;
+  return extents;
+}
+
+/// The lower bound of each row and its step, written down from the house's table of axes.
+TEST(AxisSteps, ChangeExactlyAtTheirBounds) {
+  const std::vector<std::pair<double, double>> time{
+      {0, 0.25}, {2.5, 0.5}, {5, 1},   {9, 2},    {17, 3},   {25, 5},   {41, 5},
+      {49, 8},   {57, 9},    {90, 15}, {150, 20}, {200, 30}, {400, 50}, {600, 100}};
+  const std::vector<std::pair<double, double>> concentration{
+      {0, 0.1},   {1, 0.25},   {2.5, 0.5},  {5, 1},      {9, 2},      {17, 3},   {25, 5},
+      {41, 5},    {49, 8},     {57, 9},     {72, 10},    {90, 15},    {135, 20}, {180, 25},
+      {200, 30},  {270, 40},   {360, 50},   {450, 60},   {540, 70},   {630, 90}, {810, 120},
+      {960, 150}, {1200, 200}, {2000, 400}, {4000, 500}, {5000, 1000}};
+  const auto below = [](double x) { return std::nextafter(x, -1); };
+  for (std::size_t i = 0; i < time.size(); ++i) {
+    EXPECT_EQ(DivisorDeX(time[i].first), time[i].second);
+    if (i > 0) {
+      EXPECT_EQ(DivisorDeX(below(time[i].first)), time[i - 1].second);
+    }
+  }
+  for (std::size_t i = 0; i < concentration.size(); ++i) {
+    EXPECT_EQ(DivisorDeY(concentration[i].first), concentration[i].second);
+    if (i > 0) {
+      EXPECT_EQ(DivisorDeY(below(concentration[i].first)), concentration[i - 1].second);
+    }
+  }
+  EXPECT_EQ(DivisorDeX(-1), 0);
+  EXPECT_EQ(DivisorDeY(1e300), 1000);
+}
+
+TEST(Escala, RoundsTickCountsUpByTheRange) {
+  struct Row {
+    double time, Cs, Xmax, Ymax;
+  };
+  // Ymax: 0.95 -> 9.5 steps of 0.1; 95 > 0.95 -> 10. 1 -> 4 steps of 0.25; 16 > 1 -> 5. 30 -> 6
+  // steps of 5; 6 < 30 -> 7. 7 -> 7 steps of 1; 7 is not below 7. 5000 -> 5 steps; 5 < 5000 -> 6.
+  for (const Row& row : {Row{2.5, 0.95, 2.5, 1},
+                         {10, 1, 10, 1.25},
+                         {45, 30, 45, 35},
+                         {7.5, 7, 8, 7},
+                         {24, 7.5, 24, 8},
+                         {601, 5000, 700, 6000}}) {
+    const PlotScale scale = Escala(Reaching(row.time, row.Cs), PlotVariable::Cs, '.');
+    EXPECT_DOUBLE_EQ(scale.Xmax, row.Xmax);
+    EXPECT_DOUBLE_EQ(scale.Ymax, row.Ymax);
+    EXPECT_DOUBLE_EQ(scale.upperLeft.x, -0.2 * row.Xmax);
+    EXPECT_DOUBLE_EQ(scale.lowerRight.y, -0.2 * row.Ymax);
+  }
+}
+
+TEST(Escala, PlacesGridTicksAndLabels) {
+  const PlotScale scale = Escala(Reaching(4, 2), PlotVariable::Cs, ',');  // 8 x 0.5 h; 9 x 0.25 g/L
+  ASSERT_EQ(scale.Ymax, 2.25);
+  EXPECT_EQ(scale.gridLines.size(), 8U + 8U);
+  EXPECT_EQ(scale.gridLines[7].from.y, 2.0) << "no horizontal line at Ymax";
+  EXPECT_EQ(scale.gridLines.back().from.x, 4) << "the last vertical line lies on the right end";
+  EXPECT_EQ(scale.ticks.size(), 8U + 9U);
+  ASSERT_EQ(scale.timeLabels.size(), 8U);
+  EXPECT_EQ(scale.timeLabels[1].text, "0,50");
+  EXPECT_EQ(scale.concentrationLabels[1].text, "0,25");
+  EXPECT_DOUBLE_EQ(scale.concentrationLabels[1].at.x, -0.085 * 4);
+  EXPECT_EQ(Escala(Reaching(45, 75), PlotVariable::Cs, ',').timeLabels[1].text, "5");
+}
+
+TEST(Escala, CopesWithNothingHugeAndEqualTimes) {
+  const PlotScale none = Escala({}, PlotVariable::Cx, '.');
+  EXPECT_EQ(none.Xmax, 0);
+  EXPECT_EQ(none.stepX, 0.25);
+  EXPECT_EQ(none.stepY, 0.1);
+  EXPECT_EQ(none.upperLeft.y, 1e-16);
+  const PlotScale huge = Escala(Reaching(1e300, 1e300), PlotVariable::Cs, '.');
+  EXPECT_TRUE(huge.gridLines.empty());
+  EXPECT_GE(huge.Xmax, 1e300);
+  Extents equal = Reaching(12, 5);
+  equal.timeMin = 12;
+  EXPECT_EQ(Escala(equal, PlotVariable::Cs, '.').Xmax, 12);
+}
+
+TEST(MaxMin, CountsOnlyVisibleExperimentsAndTheInterval) {
+  EXPECT_EQ(MaxMin(Points({{1, 5}, {3, 2}})).CsMax, 5);
+  EXPECT_EQ(MaxMin(Points({{1, 5}, {3, 2}}, false)).timeMax, 0);
+  EXPECT_EQ(MaxMin(Points({{-1, -5}})).CsMax, 0);
+  const ExperimentLists lists = Points({{1, 5}, {3, 2}, {9, 1}});
+  const Extents extents = MaxMinZoom(lists, {2, 9});
+  EXPECT_EQ(extents.CsMax, 2);
+  EXPECT_EQ(extents.timeMin, 2);
+  const TimeInterval interval{2, 8};
+  const ChartContent content = ContentOf(PlotVariable::Cs, lists, nullptr, true, '.', interval);
+  ASSERT_EQ(content.experiments[0].points.size(), 1U);
+  EXPECT_TRUE(content.experiments[0].curve.empty());
+  EXPECT_EQ(MeasuredTimes(lists).from, 1);
+  EXPECT_EQ(MeasuredTimes(lists).to, 9);
+}
+
+TEST(Arredondamento, RoundsHalfUp) {
+  EXPECT_EQ(Arredondamento(2.345, 2), 2.35);
+  EXPECT_EQ(Arredondamento(-1.5, 0), -1);
+  EXPECT_EQ(Arredondamento(-2.5, 0), -2);
+}
+
+}  // namespace
+}  // namespace velmora
