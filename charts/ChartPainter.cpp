@@ -174,12 +174,13 @@ class Sheet {
   void PaintTitles() {
     const QFontMetricsF metrics(painter_.font(), painter_.device());
     const double height = metrics.ascent() + metrics.descent();
-    const double labels = At({content_.scale.origin, 0}).y() + height;
-    const QPointF time = At(content_.scale.timeTitleAt);
+    const bool labelled = !content_.scale.timeLabels.empty();
+    const double labels = labelled ? At({content_.scale.origin, 0}).y() + height : paper_.top();
+    const QPointF time = TitleAt(content_.scale.timeTitleAt, {0.47, -0.1});
     const double top = std::min(std::max(time.y(), labels), paper_.bottom() - height);
     painter_.drawText(QPointF(time.x(), top + metrics.ascent()), QStringLiteral("t (h)"));
 
-    const QPointF title = At(content_.scale.titleAt);
+    const QPointF title = TitleAt(content_.scale.titleAt, {-0.17, 1.15 / 3});
     const double left = std::max(paper_.left() + 1, std::min(title.x(), LabelsLeft() - height));
     painter_.save();
     painter_.translate(left + metrics.ascent(), title.y());
@@ -188,9 +189,19 @@ class Sheet {
     painter_.restore();
   }
 
+  /// Where a title stands; `share` is its place in shares of the axes. On a plot without data,
+  /// whose axes have no length, it stands where it will stand with data.
+  QPointF TitleAt(const PlotPoint& point, const PlotPoint& share) const {
+    PlotScale unit;
+    unit.upperLeft = {-0.2, 1.2};
+    unit.lowerRight = {1.1, -0.2};
+    const bool flat = content_.scale.Xmax == content_.scale.origin || content_.scale.Ymax == 0;
+    return flat ? ToPaper(unit, paper_, share) : At(point);
+  }
+
   double LabelsLeft() const {
     const QFontMetricsF metrics(painter_.font(), painter_.device());
-    double left = At({content_.scale.origin, 0}).x();
+    double left = paper_.right();
     for (const PlotLabel& label : content_.scale.concentrationLabels)
       left = std::min(left, At({content_.scale.origin, 0}).x() - 4 * style_.unit -
                                 metrics.horizontalAdvance(QString::fromStdString(label.text)));
