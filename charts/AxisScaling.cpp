@@ -30,6 +30,9 @@ constexpr StepRow kConcentrationSteps[] = {
 // More ticks than this no paper can show.
 constexpr double kMostTicks = 400;
 
+// Leaves room for the margins below the largest double.
+constexpr double kLargestRange = 1e300;
+
 // Keeps the paper's corners apart where a maximum is 0.
 constexpr double kApart = 1e-16;
 
@@ -121,11 +124,11 @@ void AddTicks(PlotScale& scale, int nX, int nY) {
 
 void AddTimeLabels(PlotScale& scale, int nX, double timeMaximum, char separator) {
   const Places at(scale);
-  for (int j = 0; j < nX; ++j) {
+  for (int j = 0; j < std::max(nX, 1); ++j) {
     const double time = at.Tick(j);
-    scale.timeLabels.push_back(
-        {{time, -0.01 * scale.Ymax},
-         timeMaximum < 10 ? Formatted(time, {2, 2}, separator) : PlainText(time, separator)});
+    scale.timeLabels.push_back({{time, -0.01 * scale.Ymax},
+                                timeMaximum < 10 ? Formatted(time, {2, 2}, separator)
+                                                 : Formatted(time, {0, 4}, separator)});
   }
 }
 
@@ -189,8 +192,8 @@ double Arredondamento(double x, int decimals) {
 
 PlotScale Escala(const Extents& extents, PlotVariable variable, char separator) {
   const auto [minimum, maximum] = RangeOf(extents, variable);
-  const double rangeX = extents.timeMax - extents.timeMin;
-  const double rangeY = maximum - minimum;
+  const double rangeX = std::min(extents.timeMax - extents.timeMin, kLargestRange);
+  const double rangeY = std::min(maximum - minimum, kLargestRange);
   PlotScale scale;
   scale.stepX = DivisorDeX(rangeX);
   scale.stepY = DivisorDeY(rangeY);

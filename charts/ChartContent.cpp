@@ -1,5 +1,7 @@
 #include "charts/ChartContent.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
 
@@ -28,14 +30,50 @@ const ModelCurve::Series& ModelSeries(const ModelCurve& curve, PlotVariable vari
 }
 
 template <class Times, class Values>
-std::vector<PlotPoint> PointsOf(const Times& times, const Values& values,
-                                const std::optional<TimeInterval>& interval) {
+std::vector<PlotPoint> PointsOf(const Times& times, const Values& values) {
   std::vector<PlotPoint> points;
   points.reserve(times.size());
-  for (std::size_t k = 0; k < times.size(); ++k)
-    if (!interval || (times[k] >= interval->from && times[k] <= interval->to))
-      points.push_back({times[k], values[k]});
+  for (std::size_t k = 0; k < times.size(); ++k) points.push_back({times[k], values[k]});
   return points;
+}
+
+void KeepInside(std::vector<PlotPoint>& points, const TimeInterval& interval) {
+  std::erase_if(points, [&](const PlotPoint& point) {
+    return point.x < interval.from || point.x > interval.to;
+  });
+}
+
+PlotPoint Between(const PlotPoint& a, const PlotPoint& b, double time) {
+  return {time, a.y + (b.y - a.y) * (time - a.x) / (b.x - a.x)};
+}
+
+/// The part of a curve inside the interval, up to its very ends: an interval may be shorter than
+/// the distance of two points.
+std::vector<PlotPoint> Cut(const std::vector<PlotPoint>& curve, const TimeInterval& interval) {
+  std::vector<PlotPoint> inside;
+  for (std::size_t k = 1; k < curve.size(); ++k) {
+    const PlotPoint& a = curve[k - 1];
+    const PlotPoint& b = curve[k];
+    if (!(a.x < b.x) || b.x < interval.from || a.x > interval.to) continue;
+    if (inside.empty()) inside.push_back(Between(a, b, std::max(a.x, interval.from)));
+    inside.push_back(Between(a, b, std::min(b.x, interval.to)));
+  }
+  return inside;
+}
+
+PlottedExperiment Plotted(const Class1& experiment, const DisplayEntry& display,
+                          PlotVariable variable, const std::optional<TimeInterval>& interval) {
+  PlottedExperiment plotted{experiment.NExp,
+                            display.NGrafVisivel,
+                            display.NMarcador,
+                            display.NCor,
+                            display.NLinha,
+                            {},
+                            {}};
+  if (!plotted.visible) return plotted;
+  plotted.points = PointsOf(experiment.NVetTempo, MeasuredSeries(experiment, variable));
+  if (interval) KeepInside(plotted.points, *interval);
+  return plotted;
 }
 
 }  // namespace
@@ -44,25 +82,16 @@ ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
                        const ModelCurves* curves, bool gridLines, char separator,
                        const std::optional<TimeInterval>& interval) {
   const Extents extents = interval ? MaxMinZoom(lists, *interval) : MaxMin(lists);
-  ChartContent content{variable, Escala(extents, variable, separator), gridLines, {}};
+  ChartContent content{variable, Escala(extents, variable, separator), gridLines, {}, {}};
   for (int place = 1; place <= lists.Count(); ++place) {
-    const Class1& experiment = lists.Experiment(place);
-    const DisplayEntry& display = lists.Display(place);
-    PlottedExperiment plotted{experiment.NExp,
-                              display.NGrafVisivel,
-                              display.NMarcador,
-                              display.NCor,
-                              display.NLinha,
-                              {},
-                              {}};
-    if (plotted.visible)
-      plotted.points =
-          PointsOf(experiment.NVetTempo, MeasuredSeries(experiment, variable), interval);
+    content.experiments.push_back(
+        Plotted(lists.Experiment(place), lists.Display(place), variable, interval));
     const auto index = static_cast<std::size_t>(place) - 1;
-    if (curves != nullptr && index < curves->size())
-      plotted.curve =
-          PointsOf((*curves)[index].time, ModelSeries((*curves)[index], variable), interval);
-    content.experiments.push_back(std::move(plotted));
+    if (curves == nullptr || index >= curves->size()) continue;
+    const ModelCurve& curve = (*curves)[index];
+    content.experiments.back().curve = PointsOf(curve.time, ModelSeries(curve, variable));
+    if (interval)
+      content.experiments.back().curve = Cut(content.experiments.back().curve, *interval);
   }
   return content;
 }

@@ -19,7 +19,7 @@ struct PlottedExperiment {
   std::int32_t colour = 1;        // NCor
   std::int16_t line = 1;          // NLinha of its curve
   std::vector<PlotPoint> points;  // measured, in the interval; empty where it is not visible
-  std::vector<PlotPoint> curve;   // the model's 100 points, or none
+  std::vector<PlotPoint> curve;   // the model's points, cut to the interval; or none
 };
 
 struct ChartContent {
@@ -27,6 +27,7 @@ struct ChartContent {
   PlotScale scale;
   bool gridLines = true;
   std::vector<PlottedExperiment> experiments;  // by place
+  std::string title;                           // above the plot, UTF-8; empty for none
 };
 
 /// The plot of `variable`. `curves` is null where there are none; they are drawn for the first nine

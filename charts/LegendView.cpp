@@ -17,6 +17,7 @@ namespace {
 constexpr int kPictureSize = 14;
 constexpr int kRowsInAColumn = 9;
 constexpr int kCellsInARow = 3;
+constexpr std::size_t kMostRows = 45;
 
 QString LatinText(std::string_view text) {
   return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
@@ -39,8 +40,9 @@ std::vector<LegendRow> LegendRows(const ExperimentLists& lists) {
 }
 
 LegendView::LegendView(QString imageFolder, QWidget* parent)
-    : QWidget(parent), imageFolder_(std::move(imageFolder)) {
+    : QFrame(parent), imageFolder_(std::move(imageFolder)) {
   setObjectName(QStringLiteral("picLegenda"));
+  setFrameStyle(QFrame::StyledPanel | QFrame::Plain);
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
   heading_ = new QLabel(this);
@@ -66,7 +68,7 @@ void LegendView::SetRows(const std::vector<LegendRow>& rows) {
     delete item->widget();
     delete item;
   }
-  for (std::size_t i = 0; i < rows.size(); ++i) {
+  for (std::size_t i = 0; i < std::min(rows.size(), kMostRows); ++i) {
     const int row = static_cast<int>(i) % kRowsInAColumn;
     const int cell = static_cast<int>(i) / kRowsInAColumn * kCellsInARow;
     const auto add = [&](int offset, const char* name) {
@@ -75,6 +77,10 @@ void LegendView::SetRows(const std::vector<LegendRow>& rows) {
       rows_->addWidget(label, row, cell + offset);
       return label;
     };
+    if (i + 1 == kMostRows && rows.size() > kMostRows) {
+      add(2, "Label7")->setText(QStringLiteral("..."));
+      break;
+    }
     add(0, "Image1")->setPixmap(MarkerPicture(rows[i].marker));
     add(1, "Image2")->setPixmap(ColourSample(rows[i].colour));
     add(2, "Label7")->setText(QString::number(rows[i].number));

@@ -1,9 +1,9 @@
 // The legend: which marker and colour belong to which experiment.
 #pragma once
 
+#include <QFrame>
 #include <QPoint>
 #include <QString>
-#include <QWidget>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -25,10 +25,10 @@ struct LegendRow {
 std::vector<LegendRow> LegendRows(const ExperimentLists& lists);
 
 /// A small box with a heading and one row for each experiment: marker picture, colour sample,
-/// number; many rows stand in columns. The pictures are the bitmaps below `imageFolder`
-/// (Imagens_Marcador, Imagens_Cores), or drawn where one is missing. Can be dragged inside its
-/// parent where it stands in no layout.
-class LegendView : public QWidget {
+/// number; many rows stand in columns, "..." in place of more than 45. The pictures are the bitmaps
+/// below `imageFolder` (Imagens_Marcador, Imagens_Cores), or drawn where one is missing. Can be
+/// dragged inside its parent where it stands in no layout.
+class LegendView : public QFrame {
   Q_OBJECT
 
  public:

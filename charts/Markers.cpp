@@ -1,8 +1,11 @@
 #include "charts/Markers.h"
 
+#include <QImage>
+#include <QPaintEngine>
 #include <QPainter>
-#include <QPolygonF>
 #include <QSize>
+#include <QTransform>
+#include <cmath>
 
 #include "data/Class1.h"
 
@@ -26,6 +29,37 @@ constexpr Shape kShapes[] = {{Figure::Circle, true, 0},   {Figure::Circle, false
 QPolygonF TriangleAt(double size) {
   const double half = size / 2;
   return QPolygonF({{0, -half}, {half, half * 0.8}, {-half, half * 0.8}});
+}
+
+bool PaintsPixels(const QPainter& painter) {
+  const bool raster = painter.paintEngine()->type() == QPaintEngine::Raster;
+  return raster && painter.deviceTransform().type() <= QTransform::TxScale;
+}
+
+/// Draws one figure of at most `width` into a picture and puts it at every centre: stroking each
+/// figure anew takes fifty times as long.
+template <class Draw>
+void Stamp(QPainter& painter, const QPolygonF& centres, double width, Draw&& draw) {
+  const QTransform toPixels = painter.deviceTransform();
+  const QTransform fromPixels = toPixels.inverted();
+  const double ratio = toPixels.m11();
+  const int half = static_cast<int>(std::ceil(width * ratio / 2)) + 1;
+  QImage stamp(2 * half, 2 * half, QImage::Format_ARGB32_Premultiplied);
+  stamp.fill(Qt::transparent);
+  stamp.setDevicePixelRatio(ratio);
+  QPainter onStamp(&stamp);
+  draw(onStamp, QPointF(half / ratio, half / ratio));
+  onStamp.end();
+  for (const QPointF& centre : centres) {
+    const QPoint pixel = toPixels.map(centre).toPoint() - QPoint(half, half);
+    painter.drawImage(fromPixels.map(QPointF(pixel)), stamp);
+  }
+}
+
+void DrawDotsAsPoints(QPainter& painter, const QPolygonF& centres, double width,
+                      const QColor& colour) {
+  painter.setPen(QPen(colour, width, Qt::SolidLine, Qt::RoundCap));
+  painter.drawPoints(centres);
 }
 
 QPixmap WhitePixmap(const QSize& size) {
@@ -76,6 +110,27 @@ void DrawMarker(QPainter& painter, std::string_view marker, const QPointF& centr
       painter.drawPolygon(TriangleAt(side));
       break;
   }
+  painter.restore();
+}
+
+void DrawMarkers(QPainter& painter, std::string_view marker, const QPolygonF& centres, double size,
+                 const QColor& colour, double lineWidth) {
+  const auto draw = [&](QPainter& on, const QPointF& centre) {
+    DrawMarker(on, marker, centre, size, colour, lineWidth);
+  };
+  if (PaintsPixels(painter)) return Stamp(painter, centres, size + lineWidth, draw);
+  for (const QPointF& centre : centres) draw(painter, centre);
+}
+
+void DrawDots(QPainter& painter, const QPolygonF& centres, double width, const QColor& colour) {
+  painter.save();
+  if (PaintsPixels(painter))
+    Stamp(painter, centres, width, [&](QPainter& on, const QPointF& centre) {
+      on.setRenderHint(QPainter::Antialiasing);
+      DrawDotsAsPoints(on, QPolygonF({centre}), width, colour);
+    });
+  else
+    DrawDotsAsPoints(painter, centres, width, colour);
   painter.restore();
 }
 

@@ -5,6 +5,7 @@
 #include <QPen>
 #include <QPixmap>
 #include <QPointF>
+#include <QPolygonF>
 #include <QString>
 #include <cstdint>
 #include <string_view>
@@ -27,6 +28,12 @@ std::string_view MarkerPictureName(std::string_view marker);
 /// colour `colour`. A name that is no marker is drawn as a filled circle.
 void DrawMarker(QPainter& painter, std::string_view marker, const QPointF& centre, double size,
                 const QColor& colour, double lineWidth);
+
+/// Draws the figure round each of `centres`, and a dot `width` wide at each of them. Thousands take
+/// a few milliseconds on the screen, where each is moved to the nearest pixel.
+void DrawMarkers(QPainter& painter, std::string_view marker, const QPolygonF& centres, double size,
+                 const QColor& colour, double lineWidth);
+void DrawDots(QPainter& painter, const QPolygonF& centres, double width, const QColor& colour);
 
 /// A marker's figure in black on white, and a sample of a colour; `size` pixels square.
 QPixmap MarkerPixmap(std::string_view marker, int size);

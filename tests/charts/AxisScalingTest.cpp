@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <limits>
 
 #include "charts/AxisScaling.h"
 #include "charts/ChartContent.h"
@@ -101,6 +102,10 @@ TEST(Escala, CopesWithNothingHugeAndEqualTimes) {
   const PlotScale huge = Escala(Reaching(1e300, 1e300), PlotVariable::Cs, '.');
   EXPECT_TRUE(huge.gridLines.empty());
   EXPECT_GE(huge.Xmax, 1e300);
+  const double largest = std::numeric_limits<double>::max();
+  const PlotScale largestOfAll = Escala(Reaching(largest, largest), PlotVariable::Cs, '.');
+  EXPECT_TRUE(std::isfinite(largestOfAll.upperLeft.y));
+  EXPECT_TRUE(std::isfinite(largestOfAll.lowerRight.x));
   Extents equal = Reaching(12, 5);
   equal.timeMin = 12;
   EXPECT_EQ(Escala(equal, PlotVariable::Cs, '.').Xmax, 12);
@@ -120,6 +125,22 @@ TEST(MaxMin, CountsOnlyVisibleExperimentsAndTheInterval) {
   EXPECT_TRUE(content.experiments[0].curve.empty());
   EXPECT_EQ(MeasuredTimes(lists).from, 1);
   EXPECT_EQ(MeasuredTimes(lists).to, 9);
+}
+
+/// An interval that lies between two points of a curve still shows the curve, from end to end.
+TEST(ContentOf, CutsCurvesAtTheIntervalsEnds) {
+  ModelCurves curves{};
+  for (std::size_t i = 0; i < 100; ++i) {
+    curves[0].time[i] = static_cast<double>(i);
+    curves[0].Cs[i] = 2 * static_cast<double>(i);
+  }
+  const auto curve =
+      ContentOf(PlotVariable::Cs, Points({{1, 5}}), &curves, true, '.', TimeInterval{40.25, 40.75})
+          .experiments[0]
+          .curve;
+  ASSERT_EQ(curve.size(), 2U);
+  EXPECT_DOUBLE_EQ(curve[0].y, 80.5);
+  EXPECT_DOUBLE_EQ(curve[1].y, 81.5);
 }
 
 TEST(Arredondamento, RoundsHalfUp) {

@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QPainter>
+#include <algorithm>
 
 #include "charts/ChartPainter.h"
 #include "charts/LegendView.h"
@@ -94,6 +95,43 @@ TEST(ChartPainter, CutsCurvesAtThePaper) {
   QPainter painter(&image);
   PaintChart(painter, kPaper, content);
   for (int y = 0; y < 300; ++y) EXPECT_EQ(image.pixelColor(410, y), QColor(Qt::green));
+}
+
+/// The curve leaves the paper between two of its points: the way to its edge is seen.
+TEST(ChartPainter, DrawsTheWayOutOfThePaper) {
+  Plot plot;
+  for (std::size_t i = 0; i < 100; ++i) plot.curves[1].Cs[i] = i < 50 ? 0 : 1e300;
+  const ChartContent content = plot.Content(true);
+  const QImage image = Painted(content);
+  const double time = plot.curves[1].time[49];
+  for (const double value : {20.0, 60.0, 80.0}) {
+    const QPoint at = ToPaper(content.scale, kPaper, {time, value}).toPoint();
+    int darkest = 255;
+    for (int x = -2; x <= 2; ++x)
+      darkest = std::min(darkest, image.pixelColor(at + QPoint(x, 0)).lightness());
+    EXPECT_LT(darkest, 160) << value;
+  }
+}
+
+TEST(ChartPainter, KeepsThePlotOfNoProductInSight) {
+  const ChartContent content = ContentOf(PlotVariable::Cp, Plot().lists, nullptr, false, '.');
+  ASSERT_EQ(content.scale.Ymax, 0);
+  const QPointF dot = ToPaper(content.scale, kPaper, {2, 0});
+  EXPECT_TRUE(kPaper.adjusted(20, 20, -20, -20).contains(dot));
+  EXPECT_EQ(At(Painted(content), content, 2, 0), QColor(Qt::blue));
+}
+
+/// The figure stamped on the screen is the one that a page gets.
+TEST(Markers, AreDrawnAlikeOneByOneAndByTheThousand) {
+  for (const std::string_view marker : kMarkers) {
+    QImage one(20, 20, QImage::Format_RGB32);
+    one.fill(Qt::white);
+    QImage many = one;
+    QPainter onOne(&one), onMany(&many);
+    DrawMarker(onOne, marker, {10, 10}, 10, Qt::red, 1.5);
+    DrawMarkers(onMany, marker, QPolygonF({QPointF(10.2, 9.8)}), 10, Qt::red, 1.5);
+    EXPECT_EQ(one, many) << marker;
+  }
 }
 
 TEST(ChartPainter, ReadsPositionsBack) {
