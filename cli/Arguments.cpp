@@ -1,0 +1,211 @@
+// The only unit that includes the command-line parser, which takes seconds to compile.
+#include "cli/Arguments.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+
+#include "cli/Assignments.h"
+
+namespace velmora::cli {
+namespace {
+
+constexpr const char* kAbout =
+    "Fits kinetic parameters of batch fermentations to measured time courses of cells (Cx),\n"
+    "substrate (Cs) and product (Cp), by differential evolution over 32 growth models.";
+constexpr const char* kFooter =
+    "\n\"velmora-cli COMMAND --help\" explains a command. --language en|pt may stand anywhere.\n"
+    "Numbers have a decimal point. Exit codes: 0 done, 1 refused by a rule, 2 usage, 3 a file\n"
+    "cannot be read or written, 4 an arithmetic fault, 130 stopped by Ctrl-C.";
+
+std::string FitFooter() {
+  return "\nSearches the parameters that the conditions file marks as fitted, between their "
+         "bounds.\n"
+         "Ctrl-C stops the search at its next generation; the results are printed all the same.";
+}
+
+std::string ConditionsFooter() {
+  return "\nThe initial values are those of each experiment's first point and T is its final "
+         "time,\n"
+         "unless set. NAME for --set is one of\n  " +
+         ConditionNames() +
+         "\nand a place in front of it (2:Cx0=0.05) sets the value of that experiment alone. NAME\n"
+         "for --fit is one of the last ten. Every parameter of the model needs a value or a fit;\n"
+         "other values are 0 where they are not set. Kd acts while Cs is at or below CsAst1, Beta\n"
+         "while Cs is at or below CsAst2. With global yields Alfa is Yps/Yxs.\n\n"
+         "Example:\n  velmora-cli conditions yeast.abr --model Monod --product PAC --yields "
+         "global\n"
+         "      --set Yxs=0.27 --set Yps=0.42 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50\n"
+         "      -o yeast-conditions.abr";
+}
+
+const std::string kImportFooter =
+    "\nThe first line names the columns: experiment, t, Cs, Cx, Cp, in any order, with units or\n"
+    "without (t_h, \"Cs (g/L)\"); other columns are ignored, and so are lines that begin with #.\n"
+    "Cells are separated by commas, semicolons or tabs. A cell that is empty or no number is an\n"
+    "error, never 0.";
+
+/// All options of the command line, filled by the parser.
+struct Options {
+  std::string language = "en";
+  SimulateOptions simulate;
+  ScoreOptions score;
+  FitOptions fit;
+  ExportOptions exported;
+  CheckOptions check;
+  ImportOptions import;
+  ConditionsOptions conditions;
+};
+
+void AddInputs(CLI::App& command, InputOptions& inputs) {
+  command.add_option("EXPERIMENTS", inputs.experiments, "experiment file")
+      ->required()
+      ->type_name("FILE.abr");
+  command.add_option("CONDITIONS", inputs.conditions, "conditions file")
+      ->required()
+      ->type_name("FILE.abr");
+}
+
+void AddModel(CLI::App& command, InputOptions& inputs) {
+  command.add_option("--model", inputs.model, "growth model to use instead of the file's")
+      ->type_name("MODEL");
+}
+
+void AddJson(CLI::App& command, bool& json) {
+  command.add_flag("--json", json, "print JSON instead of text");
+}
+
+/// An option that takes one text each time that it is given.
+CLI::Option* AddRepeated(CLI::App& command, const char* name, std::vector<std::string>& texts,
+                         const char* help) {
+  return command.add_option(name, texts, help)->allow_extra_args(false);
+}
+
+void AddOutput(CLI::App& command, std::string& output) {
+  command.add_option("-o,--output", output, "file to write")->required()->type_name("FILE.abr");
+}
+
+void AddFit(CLI::App& app, FitOptions& fit) {
+  CLI::App* command = app.add_subcommand("fit", "fit the parameters and print their deviations");
+  AddInputs(*command, fit.inputs);
+  AddModel(*command, fit.inputs);
+  for (std::size_t i = 0; i < kSettingOptions.size(); ++i)
+    command->add_option(kSettingOptions[i].option, fit.settings[i], kSettingOptions[i].help)
+        ->type_name("NUMBER");
+  command->add_flag("--progress", fit.progress, "print the results after every generation");
+  AddJson(*command, fit.json);
+  command->footer(FitFooter());
+}
+
+void AddSimulations(CLI::App& app, Options& options) {
+  CLI::App* simulate = app.add_subcommand("simulate", "integrate every experiment");
+  AddInputs(*simulate, options.simulate.inputs);
+  AddModel(*simulate, options.simulate.inputs);
+  AddJson(*simulate, options.simulate.json);
+
+  CLI::App* score = app.add_subcommand("score", "sum of squared errors at given values");
+  AddInputs(*score, options.score.inputs);
+  AddModel(*score, options.score.inputs);
+  AddRepeated(*score, "--set", options.score.set, "value of a parameter in every experiment")
+      ->type_name("NAME=VALUE");
+  AddJson(*score, options.score.json);
+  score->footer("\nNAME is one of " + FittableNames() + ".");
+
+  CLI::App* exported = app.add_subcommand("export", "computed curves as tab-separated text");
+  AddInputs(*exported, options.exported.inputs);
+}
+
+void AddImport(CLI::App& app, ImportOptions& import) {
+  CLI::App* command = app.add_subcommand("import", "make an experiment file from a CSV table");
+  command->add_option("TABLE", import.table, "table, UTF-8")->required()->type_name("FILE.csv");
+  AddOutput(*command, import.output);
+  AddRepeated(*command, "--only", import.only, "keep only this experiment (may be repeated)")
+      ->type_name("LABEL");
+  command->footer(kImportFooter);
+}
+
+void AddConditions(CLI::App& app, ConditionsOptions& conditions) {
+  CLI::App* command = app.add_subcommand("conditions", "make a conditions file for experiments");
+  command->add_option("EXPERIMENTS", conditions.experiments, "experiment file")
+      ->required()
+      ->type_name("FILE.abr");
+  command->add_option("--model", conditions.model, "growth model")->required()->type_name("MODEL");
+  command
+      ->add_option("--product", conditions.product,
+                   "production: associated with growth (PAC), partially (PPAC), not (PNAC)")
+      ->required()
+      ->check(CLI::IsMember({"PAC", "PPAC", "PNAC"}).description(""))
+      ->type_name("PAC|PPAC|PNAC");
+  command->add_option("--yields", conditions.yields, "yield coefficients")
+      ->required()
+      ->check(CLI::IsMember({"global", "stoichiometric"}).description(""))
+      ->type_name("global|stoichiometric");
+  command->add_option("--method", conditions.method, "search (ED) or simulate only (Manual)")
+      ->check(CLI::IsMember({"ED", "Manual"}).description(""))
+      ->type_name("ED|Manual");
+  AddRepeated(*command, "--set", conditions.set, "a value")->type_name("[PLACE:]NAME=VALUE");
+  AddRepeated(*command, "--fit", conditions.fit, "a parameter to fit")
+      ->type_name("NAME=START:LOWER:UPPER");
+  AddOutput(*command, conditions.output);
+  command->footer(ConditionsFooter());
+}
+
+void AddAll(CLI::App& app, Options& options) {
+  app.require_subcommand(1);
+  app.fallthrough();
+  app.footer(kFooter);
+  app.set_version_flag("--version", "velmora-cli " VELMORA_VERSION);
+  app.add_option("--language", options.language, "language of texts and messages")
+      ->check(CLI::IsMember({"en", "pt"}).description(""))
+      ->type_name("en|pt");
+  app.add_subcommand("models", "list the 32 growth models");
+  AddSimulations(app, options);
+  AddFit(app, options.fit);
+  CLI::App* check = app.add_subcommand("check", "tell what a file is and what it holds");
+  check->add_option("FILE", options.check.file, "experiment or conditions file")
+      ->required()
+      ->type_name("FILE.abr");
+  AddImport(app, options.import);
+  AddConditions(app, options.conditions);
+}
+
+Command Chosen(const CLI::App& app, Options& options) {
+  const std::string name = app.get_subcommands().front()->get_name();
+  if (name == "simulate") return options.simulate;
+  if (name == "score") return options.score;
+  if (name == "fit") return options.fit;
+  if (name == "export") return options.exported;
+  if (name == "check") return options.check;
+  if (name == "import") return options.import;
+  if (name == "conditions") return options.conditions;
+  return ModelsOptions{};
+}
+
+/// The parser only misses a command where it meets a word that is none.
+std::string WhatIsWrong(const CLI::App& app, const CLI::ParseError& error) {
+  const Wording say(Language::English);
+  const bool word = app.get_subcommands().empty() && app.remaining_size() > 0;
+  return (word ? say(Phrase::NoSuchCommand, {app.remaining().front()}) : error.what()) +
+         say(Phrase::SeeHelp);
+}
+
+}  // namespace
+
+Arguments ParseArguments(int argc, const char* const* argv) {
+  Options options;
+  CLI::App app(kAbout, "velmora-cli");
+  AddAll(app, options);
+  try {
+    app.parse(argc, argv);
+  } catch (const CLI::CallForHelp&) {
+    return {Language::English, HelpOptions{app.help()}};
+  } catch (const CLI::CallForVersion& version) {
+    return {Language::English, HelpOptions{std::string(version.what()) + "\n"}};
+  } catch (const CLI::ParseError& error) {
+    throw Failure{ExitCode::Usage, WhatIsWrong(app, error)};
+  }
+  const Language language = options.language == "pt" ? Language::Portuguese : Language::English;
+  return {language, Chosen(app, options)};
+}
+
+}  // namespace velmora::cli

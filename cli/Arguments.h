@@ -1,0 +1,34 @@
+// The command line as options of one command.
+#pragma once
+
+#include <string>
+#include <variant>
+
+#include "app/Texts.h"
+#include "cli/CheckCommand.h"
+#include "cli/ConditionsCommand.h"
+#include "cli/FitCommand.h"
+#include "cli/ImportCommand.h"
+#include "cli/ModelsCommand.h"
+#include "cli/ScoreCommand.h"
+#include "cli/SimulateCommand.h"
+
+namespace velmora::cli {
+
+/// --help or --version: a text to print.
+struct HelpOptions {
+  std::string text;
+};
+
+using Command = std::variant<HelpOptions, ModelsOptions, SimulateOptions, ScoreOptions, FitOptions,
+                             ExportOptions, CheckOptions, ImportOptions, ConditionsOptions>;
+
+struct Arguments {
+  Language language = Language::English;
+  Command command;
+};
+
+/// Throws a `Failure` (Usage) with the parser's own English line where the command line is wrong.
+Arguments ParseArguments(int argc, const char* const* argv);
+
+}  // namespace velmora::cli

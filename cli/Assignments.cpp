@@ -1,0 +1,131 @@
+#include "cli/Assignments.h"
+
+#include <algorithm>
+#include <array>
+
+#include "app/Numbers.h"
+#include "cli/Columns.h"
+#include "cli/Failure.h"
+#include "kinetics/Modelos.h"
+
+namespace velmora::cli {
+namespace {
+
+constexpr std::string_view kSet = "--set";
+constexpr std::string_view kFit = "--fit";
+constexpr std::string_view kFittableForm = "NAME=VALUE";
+constexpr std::string_view kConditionForm = "NAME=VALUE / PLACE:NAME=VALUE";
+constexpr std::string_view kRangeForm = "NAME=START:LOWER:UPPER";
+
+/// The values of a conditions row that are not fitted.
+struct NamedPosition {
+  std::string_view name;
+  At position;
+};
+constexpr auto kNamed = std::to_array<NamedPosition>({{"Cx0", At::Cx0},
+                                                      {"Cs0", At::Cs0},
+                                                      {"Cp0", At::Cp0},
+                                                      {"T", At::T},
+                                                      {"Yxs", At::Yxs},
+                                                      {"Yps", At::YpsTyped},
+                                                      {"Alfa", At::alpha},
+                                                      {"Beta", At::beta},
+                                                      {"ms", At::ms},
+                                                      {"Kd", At::Kd},
+                                                      {"Kdp", At::Kdp},
+                                                      {"CsAst1", At::CsAst1},
+                                                      {"CsAst2", At::CsAst2}});
+
+[[noreturn]] void FailUsage(const std::string& line) {
+  throw Failure{ExitCode::Usage, line};
+}
+
+std::optional<At> FittablePosition(std::string_view name) {
+  const int index = FittableIndex(name);
+  if (index < 0) return std::nullopt;
+  return kFittable[static_cast<std::size_t>(index)].position;
+}
+
+std::optional<At> ConditionPosition(std::string_view name) {
+  const auto at = std::find_if(kNamed.begin(), kNamed.end(),
+                               [=](const NamedPosition& named) { return named.name == name; });
+  return at == kNamed.end() ? FittablePosition(name) : at->position;
+}
+
+/// Splits `text` at the first `mark`; the second part is nothing where there is none.
+std::pair<std::string_view, std::optional<std::string_view>> Split(std::string_view text,
+                                                                   char mark) {
+  const std::size_t at = text.find(mark);
+  if (at == std::string_view::npos) return {text, std::nullopt};
+  return {text.substr(0, at), text.substr(at + 1)};
+}
+
+/// The place in front of the name, taken off it; 0 where none is given.
+int TakePlace(std::string_view& name, const std::string& text, int experiments,
+              const Wording& say) {
+  const auto [front, behind] = Split(name, ':');
+  if (!behind) return 0;
+  name = *behind;
+  const std::optional<double> place = ParseNumber(front, '.');
+  if (!place) FailUsage(say(Phrase::Malformed, {kSet, text, kConditionForm}));
+  const bool exists = *place >= 1 && *place <= experiments;
+  if (!exists || *place != static_cast<int>(*place))
+    FailUsage(say(Phrase::NoSuchPlace, {text, front, std::to_string(experiments)}));
+  return static_cast<int>(*place);
+}
+
+}  // namespace
+
+std::string FittableNames() {
+  std::string names;
+  for (const FittableParameter& parameter : kFittable) Join(names, parameter.name, " ");
+  return names;
+}
+
+std::string ConditionNames() {
+  std::string names;
+  for (const NamedPosition& named : kNamed) Join(names, named.name, " ");
+  Join(names, FittableNames(), " ");
+  return names;
+}
+
+double NumberOf(std::string_view option, std::string_view text, const Wording& say) {
+  if (const std::optional<double> number = ParseNumber(text, '.')) return *number;
+  const bool comma = ParseNumber(text, ',').has_value();
+  FailUsage(say(comma ? Phrase::DecimalComma : Phrase::NotANumber, {option, text}));
+}
+
+Assignment FittableAssignment(const std::string& text, const Wording& say) {
+  const auto [name, value] = Split(text, '=');
+  if (!value) FailUsage(say(Phrase::Malformed, {kSet, text, kFittableForm}));
+  const std::optional<At> position = FittablePosition(name);
+  if (!position) FailUsage(say(Phrase::UnknownName, {kSet, name, FittableNames()}));
+  return {std::string(name), *position, NumberOf(kSet, *value, say), 0, text};
+}
+
+Assignment ConditionAssignment(const std::string& text, int experiments, const Wording& say) {
+  auto [name, value] = Split(text, '=');
+  if (!value) FailUsage(say(Phrase::Malformed, {kSet, text, kConditionForm}));
+  const int place = TakePlace(name, text, experiments, say);
+  const std::optional<At> position = ConditionPosition(name);
+  if (!position) FailUsage(say(Phrase::UnknownName, {kSet, name, ConditionNames()}));
+  const double number = NumberOf(kSet, *value, say);
+  if (number < 0) FailUsage(say(Phrase::Negative, {kSet, text}));
+  return {std::string(name), *position, number, place, text};
+}
+
+FittedRange RangeOf(const std::string& text, const Wording& say) {
+  const auto [name, values] = Split(text, '=');
+  const auto [start, bounds] = Split(values.value_or(""), ':');
+  const auto [lower, upper] = Split(bounds.value_or(""), ':');
+  if (!values || !bounds || !upper) FailUsage(say(Phrase::Malformed, {kFit, text, kRangeForm}));
+  const int index = FittableIndex(name);
+  if (index < 0) FailUsage(say(Phrase::UnknownName, {kFit, name, FittableNames()}));
+  const FittedRange range{static_cast<std::size_t>(index), NumberOf(kFit, start, say),
+                          NumberOf(kFit, lower, say), NumberOf(kFit, *upper, say)};
+  if (range.start < 0 || range.lower < 0 || range.upper < 0)
+    FailUsage(say(Phrase::Negative, {kFit, text}));
+  return range;
+}
+
+}  // namespace velmora::cli

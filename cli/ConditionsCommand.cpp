@@ -1,0 +1,131 @@
+#include "cli/ConditionsCommand.h"
+
+#include <algorithm>
+
+#include "app/Numbers.h"
+#include "cli/Assignments.h"
+#include "cli/ImportCommand.h"
+#include "cli/Inputs.h"
+#include "cultivation/ConditionsFile.h"
+#include "cultivation/ConditionsSetUp.h"
+#include "cultivation/FitSetUp.h"
+#include "estimation/EvolucaoDiferencial.h"
+
+namespace velmora::cli {
+namespace {
+
+/// The command line, understood: what is the same for every experiment, and the values to set.
+struct Plan {
+  const Model& model;
+  CultivationForm form;
+  std::vector<Assignment> assignments;  // those for every experiment first
+};
+
+bool AlfaIsDecided(const CultivationForm& form) {
+  return form.yields == Yields::Global || form.production == Production::PNAC;
+}
+
+/// Refuses a value that neither the model nor the choice of production and yields has a use for.
+void RequireUse(const Plan& plan, const Assignment& assignment, const Wording& say) {
+  const At at = assignment.position;
+  if (FittableIndex(at) >= 0) cli::RequireUse(plan.model, at, say);
+  if (at == At::alpha && AlfaIsDecided(plan.form))
+    throw Failure{ExitCode::Refused, say(Phrase::AlfaDecided)};
+  if ((at == At::beta || at == At::CsAst2) && plan.form.production == Production::PAC)
+    throw Failure{ExitCode::Refused, say(Phrase::BetaNotOffered, {assignment.name})};
+}
+
+void TickFitRow(const FittedRange& range, Plan& plan, const Wording& say) {
+  const auto& [position, name, label] = kFittable[range.index];
+  cli::RequireUse(plan.model, position, say);
+  const auto isSet = [at = position](const Assignment& a) { return a.position == at; };
+  if (std::any_of(plan.assignments.begin(), plan.assignments.end(), isSet))
+    throw Failure{ExitCode::Usage, say(Phrase::SetAndFitted, {name})};
+  FitRow& row = plan.form.fit[range.index];
+  if (row.ticked) throw Failure{ExitCode::Usage, say(Phrase::FittedTwice, {name})};
+  row = {true, PlainText(range.lower, '.'), PlainText(range.upper, '.')};
+  plan.form.At(position) = PlainText(range.start, '.');
+}
+
+Plan PlanOf(const ConditionsOptions& options, int experiments, const Wording& say) {
+  Plan plan{ModelNamed(options.model, say), {}, {}};
+  plan.form.method = MethodNamed(options.method);
+  plan.form.production = ProductionNamed(options.product);
+  plan.form.yields = options.yields == "global" ? Yields::Global : Yields::Stoichiometric;
+  plan.form.model = options.model;
+  plan.form.modelConfirmed = true;
+  for (const std::string& text : options.set)
+    plan.assignments.push_back(ConditionAssignment(text, experiments, say));
+  std::stable_partition(plan.assignments.begin(), plan.assignments.end(),
+                        [](const Assignment& assignment) { return assignment.place == 0; });
+  for (const Assignment& assignment : plan.assignments) RequireUse(plan, assignment, say);
+  for (const std::string& text : options.fit) TickFitRow(RangeOf(text, say), plan, say);
+  return plan;
+}
+
+void StartFromFirstPoint(const Class1& experiment, CultivationForm& form) {
+  form.At(At::T) = PlainText(experiment.NTempoFinal, '.');
+  if (experiment.NDados == 0) return;
+  form.At(At::Cx0) = PlainText(experiment.NVetCx.front(), '.');
+  form.At(At::Cs0) = PlainText(experiment.NVetCs.front(), '.');
+  form.At(At::Cp0) = PlainText(experiment.NVetCp.front(), '.');
+}
+
+/// The form of the experiment at `place`; throws the text of what it lacks.
+CultivationForm FormAt(int place, const Class1& experiment, const Plan& plan, const Wording& say) {
+  CultivationForm form = plan.form;
+  StartFromFirstPoint(experiment, form);
+  for (const Assignment& assignment : plan.assignments)
+    if (assignment.place == 0 || assignment.place == place)
+      form.At(assignment.position) = PlainText(assignment.value, '.');
+  for (const At initial : {At::Cx0, At::Cs0, At::Cp0})
+    if (form.At(initial).empty()) throw Failure{ExitCode::Refused, say(Phrase::NoPoints)};
+  for (const FittableParameter& parameter : kFittable)
+    if (Uses(plan.model, parameter.position) && form.At(parameter.position).empty())
+      throw Failure{ExitCode::Refused,
+                    say(Phrase::ValueMissing, {plan.model.name, parameter.name})};
+  return form;
+}
+
+void SaveConditions(int place, const Class1& experiment, const Plan& plan, const Wording& say,
+                    CultivationConditions& conditions) {
+  try {
+    const CultivationForm form = FormAt(place, experiment, plan, say);
+    const Saved saved = SalvarCondCult(form, place, experiment.NExp, '.', conditions);
+    if (saved.refusal) throw Failure{ExitCode::Refused, say.Of(saved.refusal->message)};
+  } catch (Failure& failure) {
+    failure.line = say(Phrase::InExperiment,
+                       {std::to_string(experiment.NExp), std::to_string(place), failure.line});
+    throw;
+  }
+}
+
+void RequireExperiments(int count, const Wording& say) {
+  if (count == 0) throw Failure{ExitCode::Refused, say.Of(*RefuseRun(0, {}))};
+  RequireRoom(count, say);
+}
+
+}  // namespace
+
+ExitCode Run(const ConditionsOptions& options, const Console& console) {
+  const Wording& say = console.say;
+  if (MethodNamed(options.method) == Method::Manual && !options.fit.empty())
+    throw Failure{ExitCode::Usage, say(Phrase::FitWithManual)};
+  ModelNamed(options.model, say);
+  RequireOtherFile(options.experiments, options.output, say);
+  const ExperimentLists lists = LoadExperiments(options.experiments, say);
+  RequireExperiments(lists.Count(), say);
+
+  const Plan plan = PlanOf(options, lists.Count(), say);
+  CultivationConditions conditions;
+  for (int place = 1; place <= lists.Count(); ++place)
+    SaveConditions(place, lists.Experiment(place), plan, say, conditions);
+  if (const auto refusal = RefuseBounds(VariablesOf(conditions.fitted)))
+    throw Failure{ExitCode::Refused, say.Of(*refusal)};
+  if (const auto fault = WriteConditions(conditions, lists.Count(), true, options.output))
+    throw Failure{ExitCode::File, say.Of(*fault)};
+  console.Print(say(Phrase::Written, {options.output, std::to_string(lists.Count())}) + "\n");
+  return ExitCode::Done;
+}
+
+}  // namespace velmora::cli

@@ -1,0 +1,160 @@
+#include "cli/FitCommand.h"
+
+#include <unistd.h>
+
+#include "cli/Assignments.h"
+#include "cli/FitProgress.h"
+#include "cli/Json.h"
+#include "cli/Normalisation.h"
+#include "cultivation/ConditionsSetUp.h"
+#include "cultivation/CultivationForm.h"
+#include "cultivation/FitSetUp.h"
+#include "estimation/Deviations.h"
+#include "estimation/EvolucaoDiferencial.h"
+#include "estimation/ResultTexts.h"
+
+namespace velmora::cli {
+namespace {
+
+constexpr std::string_view kFunctionCalls = "Total de funções chamadas = ";  // in both languages
+
+/// A fit that has ended, with all that its results are printed from.
+struct Fit {
+  const Inputs& inputs;
+  const std::vector<FitVariable>& variables;
+  const SearchResult& result;
+  const Deviations& deviations;
+};
+
+EstimationSettings SettingsOf(const FitOptions& options, const Wording& say) {
+  const EstimationSettings defaults;
+  TypedSettings typed{defaults.NPOP,
+                      defaults.ITER,
+                      defaults.PCROS,
+                      defaults.FACT,
+                      defaults.FACT1,
+                      defaults.EPS,
+                      static_cast<double>(defaults.IU)};
+  for (std::size_t i = 0; i < kSettingOptions.size(); ++i)
+    if (const auto& text = options.settings[i])
+      typed.*kSettingOptions[i].typed = NumberOf(kSettingOptions[i].option, *text, say);
+  const CheckedSettings checked = CheckSettings(typed);
+  if (!checked.refusal) return checked.settings;
+  const auto& failed = kSettingOptions[static_cast<std::size_t>(checked.failed - 1)];
+  throw Failure{ExitCode::Refused, std::string(failed.option) + ": " + say.Of(*checked.refusal)};
+}
+
+/// The fitted parameters, once all that a fit asks for is in place. Conditions that are a
+/// simulation's, or none, hold no fitted parameters: that is said before these are asked for.
+std::vector<FitVariable> CheckedVariables(Inputs& inputs, const Wording& say) {
+  constexpr int kNoMethod = 335;
+  const ConditionsRecord& first = inputs.conditions.At(1);
+  const Method method = MethodNamed(first.options.method);
+  if (method == Method::Manual) throw Failure{ExitCode::Refused, say(Phrase::SimulationOnly)};
+  if (inputs.conditions.SavedCount() == 0) RequireCultivation(inputs, say);
+  inputs.conditions.fitted = WithValuesOf(first.row, inputs.conditions.fitted);
+  const CheckedFit checked = ChecarVarAjustadas(inputs.conditions.fitted);
+  if (checked.refusal) throw Failure{ExitCode::Refused, say.Of(checked.refusal->message)};
+  RequireCultivation(inputs, say);
+  if (method != Method::ED)
+    throw Failure{ExitCode::Refused, std::string(Text(kNoMethod, say.In()))};
+  return checked.variables;
+}
+
+ProgressForm FormOf(const FitOptions& options) {
+  if (options.progress)
+    return options.json ? ProgressForm::BlocksToError : ProgressForm::BlocksToOutput;
+  return isatty(STDERR_FILENO) != 0 ? ProgressForm::Line : ProgressForm::None;
+}
+
+SearchResult SearchOrFail(Objective& objective, const std::vector<FitVariable>& variables,
+                          const EstimationSettings& settings, ProgressForm form,
+                          const Inputs& inputs, const Console& console) {
+  constexpr int kNotCompleted = 362;
+  SearchResult result;
+  {
+    FitProgress progress(variables, form, console);
+    result = Search(objective, variables, settings, progress);
+  }
+  if (result.refusal) throw Failure{ExitCode::Refused, console.say.Of(*result.refusal)};
+  if (result.fault)
+    throw Failure{ExitCode::Arithmetic,
+                  std::string(Text(kNotCompleted, console.say.In())) +
+                      console.say.Of(*result.fault, TimeOf(*result.fault, inputs.conditions))};
+  return result;
+}
+
+std::string_view NameOf(SearchEnd end) {
+  if (end == SearchEnd::Converged) return "converged";
+  return end == SearchEnd::Stopped ? "stopped" : "generation limit";
+}
+
+std::string ParameterJson(const Fit& fit, std::size_t j) {
+  const FitVariable& variable = fit.variables[j];
+  const auto& parameter = kFittable[static_cast<std::size_t>(FittableIndex(variable.position))];
+  const bool known = !fit.deviations.fault;
+  return json::Object({{"name", json::Text(parameter.name)},
+                       {"label", json::Text(parameter.label)},
+                       {"position", json::Number(static_cast<int>(variable.position))},
+                       {"start", json::Number(variable.start)},
+                       {"lower", json::Number(variable.lower)},
+                       {"upper", json::Number(variable.upper)},
+                       {"value", json::Number(fit.result.best[j])},
+                       {"deviation", known ? json::Number(fit.deviations.values[j]) : "null"}});
+}
+
+std::string JsonOf(const Fit& fit) {
+  std::vector<std::string> parameters;
+  for (std::size_t j = 0; j < fit.variables.size(); ++j)
+    parameters.push_back(ParameterJson(fit, j));
+  const int observations = fit.deviations.observations;
+  return json::Object({{"parameters", json::Array(parameters)},
+                       {"sumOfSquaredErrors", json::Number(fit.result.score)},
+                       {"squareError", json::Number(SquareError(fit.result.score, observations))},
+                       {"functionCalls", json::Number(fit.result.functionCalls)},
+                       {"generations", json::Number(fit.result.generations)},
+                       {"outcome", json::Text(NameOf(fit.result.end))},
+                       {"observations", json::Number(observations)},
+                       {"degreesOfFreedom", json::Number(fit.deviations.degreesOfFreedom)}}) +
+         "\n";
+}
+
+std::string TextOf(const Fit& fit, const Wording& say) {
+  std::string text;
+  const std::string model = ModelNames(fit.inputs.conditions.At(1), fit.inputs.conditions.fitted);
+  if (!model.empty()) text += say(Phrase::Model) + ": " + model + "\n";
+  text += say(Phrase::ExperimentsWithValues,
+              {std::to_string(fit.inputs.Count()), std::to_string(fit.deviations.observations)});
+  text += "\n";
+  text += say(Phrase::Generations, {std::to_string(fit.result.generations)}) + "\n";
+  text += std::string(kFunctionCalls) + std::to_string(fit.result.functionCalls) + "\n";
+  return text + FinalText(fit.variables, fit.result, fit.deviations, {say.In(), '.'});
+}
+
+ExitCode CodeOf(const Fit& fit) {
+  if (fit.result.end == SearchEnd::Stopped) return ExitCode::Stopped;
+  return fit.deviations.fault ? ExitCode::Arithmetic : ExitCode::Done;
+}
+
+}  // namespace
+
+ExitCode Run(const FitOptions& options, const Console& console) {
+  const EstimationSettings settings = SettingsOf(options, console.say);
+  Inputs inputs = LoadInputs(options.inputs, console.say);
+  const std::vector<FitVariable> variables = CheckedVariables(inputs, console.say);
+  if (const auto refusal = RefuseBounds(variables))
+    throw Failure{ExitCode::Refused, console.say.Of(*refusal)};
+
+  Objective objective(ProblemOf(inputs.lists.Experiments(), inputs.conditions));
+  WarnOfUnscaled(inputs.lists, console);
+  const SearchResult result =
+      SearchOrFail(objective, variables, settings, FormOf(options), inputs, console);
+  const Deviations deviations = ComputeDeviations(objective, result.best);
+  if (deviations.fault) console.Complain(console.say.Of(InversionMessage()));
+
+  const Fit fit{inputs, variables, result, deviations};
+  console.Print(options.json ? JsonOf(fit) : TextOf(fit, console.say));
+  return CodeOf(fit);
+}
+
+}  // namespace velmora::cli

@@ -1,0 +1,47 @@
+#include "cli/FitProgress.h"
+
+#include "app/Numbers.h"
+#include "estimation/ResultTexts.h"
+
+namespace velmora::cli {
+namespace {
+
+constexpr std::chrono::milliseconds kBetweenLines{100};
+constexpr Decimals kOne{1, 1};
+constexpr Decimals kEight{8, 8};
+constexpr std::string_view kEraseLine = "\r\033[K";
+
+}  // namespace
+
+void FitProgress::Report(const Generation& generation) {
+  const TextStyle style{console_.say.In(), '.'};
+  switch (form_) {
+    case ProgressForm::None:
+      return;
+    case ProgressForm::BlocksToOutput:
+      return console_.Print(ProgressText(variables_, generation, style));
+    case ProgressForm::BlocksToError:
+      return console_.Note(ProgressText(variables_, generation, style));
+    case ProgressForm::Line:
+      return ShowLine(generation);
+  }
+}
+
+void FitProgress::ShowLine(const Generation& generation) {
+  const Clock::time_point now = Clock::now();
+  if (lineStands_ && now - shown_ < kBetweenLines) return;
+  const double seconds = std::chrono::duration<double>(now - start_).count();
+  console_.Note(std::string(kEraseLine) +
+                console_.say(Phrase::GenerationLine, {std::to_string(generation.number),
+                                                      Formatted(generation.score, kEight, '.'),
+                                                      Formatted(seconds, kOne, '.')}));
+  shown_ = now;
+  lineStands_ = true;
+}
+
+void FitProgress::ClearLine() {
+  if (lineStands_) console_.Note(kEraseLine);
+  lineStands_ = false;
+}
+
+}  // namespace velmora::cli

@@ -1,0 +1,24 @@
+// velmora-cli import
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "cli/Console.h"
+#include "cli/Failure.h"
+
+namespace velmora::cli {
+
+struct ImportOptions {
+  std::string table;
+  std::string output;
+  std::vector<std::string> only;  // labels to keep; empty: all
+};
+
+/// Makes an experiment file from a spreadsheet's CSV table.
+ExitCode Run(const ImportOptions& options, const Console& console);
+
+/// Throws a `Failure` (Usage) where `output` is the file `input`.
+void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say);
+
+}  // namespace velmora::cli

@@ -1,0 +1,115 @@
+#include "cli/Inputs.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "cli/Columns.h"
+#include "cli/Failure.h"
+#include "cli/FileKind.h"
+#include "cultivation/ConditionsFile.h"
+#include "cultivation/ConditionsSetUp.h"
+#include "cultivation/OpenedConditions.h"
+#include "data/ExperimentFile.h"
+#include "kinetics/ModelCurves.h"
+
+namespace velmora::cli {
+namespace {
+
+constexpr std::string_view kBetween = ", ";
+
+CultivationConditions LoadConditions(const std::string& path, const Wording& say) {
+  ConditionsRead read = ReadConditionsBytes(LoadBytes(path, FileKind::Conditions, say), path);
+  if (read.fault) throw Failure{ExitCode::File, say.Of(*read.fault)};
+  return std::move(read.conditions);
+}
+
+void ReplaceModel(const Model& model, CultivationConditions& conditions) {
+  for (int place = 1; place <= kMostExperiments; ++place) {
+    ConditionsRecord& record = conditions.At(place);
+    if (!record.saved) continue;
+    KineticParameters vector = VectorOf(record.row);
+    SetModelSwitches(model, vector);
+    std::copy(vector.values.begin(), vector.values.end(), record.row.values.begin());
+    record.options.model = model.name;
+  }
+}
+
+}  // namespace
+
+ExperimentLists LoadExperiments(const std::string& path, const Wording& say) {
+  ExperimentLists lists;
+  const std::string bytes = LoadBytes(path, FileKind::Experiments, say);
+  const ExperimentsRead read = ReadExperimentBytes(bytes, path, lists);
+  if (read.fault) throw Failure{ExitCode::File, say.Of(*read.fault)};
+  return lists;
+}
+
+const Model& ModelNamed(const std::string& name, const Wording& say) {
+  const Model* const model = FindModel(name);
+  if (model == nullptr) throw Failure{ExitCode::Usage, say(Phrase::UnknownModel, {name})};
+  return *model;
+}
+
+void RequireUse(const Model& model, At position, const Wording& say) {
+  if (Uses(model, position)) return;
+  const std::string_view name = kFittable[static_cast<std::size_t>(FittableIndex(position))].name;
+  throw Failure{ExitCode::Refused,
+                say(Phrase::ModelLacks, {model.name, name, ParameterNames(model)})};
+}
+
+Inputs LoadInputs(const InputOptions& options, const Wording& say) {
+  Inputs inputs;
+  if (options.model) inputs.model = &ModelNamed(*options.model, say);
+  inputs.lists = LoadExperiments(options.experiments, say);
+  inputs.conditions = LoadConditions(options.conditions, say);
+  if (inputs.model == nullptr) return inputs;
+  for (const FittedParameter& fitted : inputs.conditions.fitted)
+    RequireUse(*inputs.model, static_cast<At>(fitted.code), say);
+  ReplaceModel(*inputs.model, inputs.conditions);
+  return inputs;
+}
+
+void RequireRoom(int experiments, const Wording& say) {
+  if (experiments <= kMostExperiments) return;
+  throw Failure{ExitCode::Refused,
+                say(Phrase::TooManyExperiments,
+                    {std::to_string(experiments), std::to_string(kMostExperiments)})};
+}
+
+void RequireCultivation(const Inputs& inputs, const Wording& say) {
+  RequireRoom(inputs.Count(), say);
+  if (const auto refusal = RefuseRun(inputs.Count(), inputs.conditions))
+    throw Failure{ExitCode::Refused, say.Of(*refusal)};
+  for (int place = 1; place <= inputs.Count(); ++place) {
+    const int number = inputs.lists.Experiment(place).NExp;
+    const int stored = inputs.conditions.At(place).number;
+    if (number != stored)
+      throw Failure{ExitCode::Refused,
+                    say(Phrase::NumbersDiffer,
+                        {std::to_string(place), std::to_string(number), std::to_string(stored)})};
+  }
+}
+
+double TimeOf(const ArithmeticFault& fault, const CultivationConditions& conditions) {
+  if (fault.place == 0 || fault.point == 0) return 0;
+  return conditions.At(fault.place).row[At::T] / (kModelPoints - 1) * (fault.point - 1);
+}
+
+std::string ModelNames(const ConditionsRecord& record, const std::vector<FittedParameter>& fitted) {
+  if (const Model* model = RecognisedModel(record, fitted)) return std::string(model->name);
+  std::vector<At> positions;
+  for (const FittedParameter& row : fitted) positions.push_back(static_cast<At>(row.code));
+  std::string names;
+  for (const Model* model : ModelsOf(VectorOf(record.row), positions))
+    Join(names, model->name, kBetween);
+  return names;
+}
+
+std::string ParameterNames(const Model& model) {
+  std::string names;
+  for (const FittableParameter& parameter : kFittable)
+    if (Uses(model, parameter.position)) Join(names, parameter.name, kBetween);
+  return names;
+}
+
+}  // namespace velmora::cli

@@ -1,0 +1,57 @@
+// The two files that most commands work on, read and checked.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/Wording.h"
+#include "cultivation/CultivationConditions.h"
+#include "data/ExperimentLists.h"
+#include "kinetics/Modelos.h"
+
+namespace velmora::cli {
+
+/// What the command line says of them.
+struct InputOptions {
+  std::string experiments;
+  std::string conditions;
+  std::optional<std::string> model;  // replaces the switches of every row
+};
+
+struct Inputs {
+  ExperimentLists lists;
+  CultivationConditions conditions;
+  const Model* model = nullptr;  // where the command line names one
+
+  int Count() const { return lists.Count(); }
+};
+
+/// The experiments of a file; throws a `Failure` (File) where it cannot be read.
+ExperimentLists LoadExperiments(const std::string& path, const Wording& say);
+
+/// The model with this name; throws a `Failure` (Usage) where there is none.
+const Model& ModelNamed(const std::string& name, const Wording& say);
+
+/// Throws a `Failure` (Refused) where the model does not use the fittable parameter at `position`.
+void RequireUse(const Model& model, At position, const Wording& say);
+
+/// Reads both files and puts the switches of the named model, if any, into every row. A fitted
+/// parameter that it does not use is refused.
+Inputs LoadInputs(const InputOptions& options, const Wording& say);
+
+/// Throws a `Failure` (Refused) where experiments and conditions do not make up one cultivation.
+void RequireCultivation(const Inputs& inputs, const Wording& say);
+/// Throws a `Failure` (Refused) for more experiments than a cultivation takes.
+void RequireRoom(int experiments, const Wording& say);
+
+/// The time (h) of the model point that a fault is about.
+double TimeOf(const ArithmeticFault& fault, const CultivationConditions& conditions);
+
+/// The names of the models that a row's switches stand for, joined by ", ": the one that the
+/// option texts name where it is among them; empty where there is none.
+std::string ModelNames(const ConditionsRecord& record, const std::vector<FittedParameter>& fitted);
+
+/// The names of the fittable parameters that the model uses, joined by ", ".
+std::string ParameterNames(const Model& model);
+
+}  // namespace velmora::cli

@@ -1,0 +1,238 @@
+#include "cli/MeasuredTable.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <initializer_list>
+#include <limits>
+#include <map>
+#include <optional>
+#include <set>
+
+#include "app/Numbers.h"
+#include "cli/Columns.h"
+#include "cli/Failure.h"
+#include "data/ExperimentEntry.h"
+
+namespace velmora::cli {
+namespace {
+
+constexpr int kMostPoints = std::numeric_limits<std::int16_t>::max();
+constexpr std::size_t kNoColumn = std::string::npos;
+
+struct Columns {
+  std::size_t experiment = kNoColumn;
+  std::size_t t = kNoColumn;
+  std::size_t Cs = kNoColumn;
+  std::size_t Cx = kNoColumn;
+  std::size_t Cp = kNoColumn;
+};
+
+/// The first word of a header in small letters: "t" of "t (h)", "cs" of "Cs_g_per_L".
+std::string FirstWord(std::string_view header) {
+  std::string word;
+  for (const char c : header) {
+    const char small = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    const bool letter = small >= 'a' && small <= 'z';
+    const bool digit = c >= '0' && c <= '9';
+    const bool beyondAscii = static_cast<unsigned char>(c) >= 0x80;
+    if (!letter && !digit && !beyondAscii) break;
+    word += small;
+  }
+  return word;
+}
+
+class MeasuredTable {
+ public:
+  MeasuredTable(const CsvTable& table, const std::string& path, const Wording& say)
+      : table_(table), path_(path), say_(say) {}
+
+  ExperimentLists Experiments(const std::vector<std::string>& only);
+
+ private:
+  void FindColumns();
+  std::size_t Column(std::initializer_list<std::string_view> words, std::string_view name,
+                     bool needed) const;
+  void CheckWidth(std::size_t row) const;
+  std::string Label(std::size_t row) const;
+  Class1& ExperimentLabelled(const std::string& label);
+  void AddPoint(std::size_t row, Class1& experiment);
+  double Value(std::size_t row, std::size_t column);
+  const std::string& Cell(std::size_t row, std::size_t column) const;
+  void RequireLabels(const std::vector<std::string>& only) const;
+
+  [[noreturn]] void Fail(int line, const std::string& text) const {
+    throw Failure{ExitCode::File, PlaceInFile(path_, line) + text};
+  }
+  [[noreturn]] void FailAt(std::size_t row, std::size_t column, Phrase phrase) const;
+
+  const CsvTable& table_;
+  const std::string& path_;
+  const Wording& say_;
+  Columns columns_;
+  char mark_ = 0;  // the decimal mark, once a number has shown it
+  std::vector<Class1> experiments_;
+  std::map<std::string, std::size_t> places_;  // of the labels in experiments_
+};
+
+void MeasuredTable::FailAt(std::size_t row, std::size_t column, Phrase phrase) const {
+  const std::string cell = OnOneLine(Cell(row, column));
+  Fail(table_.rows[row].line,
+       say_(Phrase::AtCell, {std::to_string(row + 1), OnOneLine(table_.header.cells[column]),
+                             say_(phrase, {cell})}));
+}
+
+std::size_t MeasuredTable::Column(std::initializer_list<std::string_view> words,
+                                  std::string_view name, bool needed) const {
+  const auto& headers = table_.header.cells;
+  std::size_t found = kNoColumn;
+  for (std::size_t column = 0; column < headers.size(); ++column) {
+    if (std::find(words.begin(), words.end(), FirstWord(headers[column])) == words.end()) continue;
+    if (found != kNoColumn) Fail(table_.header.line, say_(Phrase::ColumnTwice, {name}));
+    found = column;
+  }
+  if (needed && found == kNoColumn) Fail(table_.header.line, say_(Phrase::MissingColumn, {name}));
+  return found;
+}
+
+void MeasuredTable::FindColumns() {
+  columns_.experiment = Column({"experiment", "experimento", "exp"}, "experiment", false);
+  columns_.t = Column({"t", "time", "tempo"}, "t", true);
+  columns_.Cs = Column({"cs"}, "Cs", true);
+  columns_.Cx = Column({"cx"}, "Cx", true);
+  columns_.Cp = Column({"cp"}, "Cp", true);
+}
+
+void MeasuredTable::CheckWidth(std::size_t row) const {
+  const auto& cells = table_.rows[row].cells;
+  const std::size_t width = table_.header.cells.size();
+  const auto filled = [](const std::string& cell) { return !cell.empty(); };
+  if (cells.size() <= width) return;
+  const auto beyond = cells.begin() + static_cast<std::ptrdiff_t>(width);
+  if (std::any_of(beyond, cells.end(), filled))
+    Fail(table_.rows[row].line,
+         say_(Phrase::TooManyCells,
+              {std::to_string(row + 1), std::to_string(cells.size()), std::to_string(width)}));
+}
+
+const std::string& MeasuredTable::Cell(std::size_t row, std::size_t column) const {
+  static const std::string kAbsent;
+  const auto& cells = table_.rows[row].cells;
+  return column < cells.size() ? cells[column] : kAbsent;
+}
+
+std::string MeasuredTable::Label(std::size_t row) const {
+  if (columns_.experiment == kNoColumn) return "";
+  const std::string& label = Cell(row, columns_.experiment);
+  if (label.empty()) FailAt(row, columns_.experiment, Phrase::CellEmpty);
+  if (label.find(',') != std::string::npos) FailAt(row, columns_.experiment, Phrase::LabelComma);
+  return label;
+}
+
+/// A table has one decimal mark: a comma beside points would be a thousands separator.
+double MeasuredTable::Value(std::size_t row, std::size_t column) {
+  const std::string& cell = Cell(row, column);
+  if (cell.empty()) FailAt(row, column, Phrase::CellEmpty);
+  const bool comma = cell.find(',') != std::string::npos;
+  const std::optional<double> value = ParseNumber(cell, comma ? ',' : '.');
+  if (!value) FailAt(row, column, Phrase::CellNotANumber);
+  if (*value < 0) FailAt(row, column, Phrase::CellNegative);
+  if (comma || cell.find('.') != std::string::npos) {
+    const char mark = comma ? ',' : '.';
+    if (mark_ != 0 && mark_ != mark) FailAt(row, column, Phrase::CellMixedMarks);
+    mark_ = mark;
+  }
+  return *value;
+}
+
+void MeasuredTable::AddPoint(std::size_t row, Class1& experiment) {
+  if (experiment.NDados == kMostPoints) Fail(table_.rows[row].line, say_(Phrase::TooManyPoints));
+  const double time = Value(row, columns_.t);
+  experiment.NVetTempo.push_back(time);
+  experiment.NVetCs.push_back(Value(row, columns_.Cs));
+  experiment.NVetCx.push_back(Value(row, columns_.Cx));
+  experiment.NVetCp.push_back(Value(row, columns_.Cp));
+  experiment.NDados = static_cast<std::int16_t>(experiment.NDados + 1);
+  experiment.NTempoFinal = std::max(experiment.NTempoFinal, time);
+}
+
+Class1& MeasuredTable::ExperimentLabelled(const std::string& label) {
+  const auto [at, isNew] = places_.try_emplace(label, experiments_.size());
+  if (!isNew) return experiments_[at->second];
+  if (experiments_.size() == ExperimentLists::kMostPlaces)
+    Fail(0, say_(Phrase::TooManyInTable, {std::to_string(ExperimentLists::kMostPlaces)}));
+  Class1& added = experiments_.emplace_back();
+  added.NComentarios = label;
+  added.NVerificado = true;
+  return added;
+}
+
+void MeasuredTable::RequireLabels(const std::vector<std::string>& only) const {
+  if (!only.empty() && columns_.experiment == kNoColumn)
+    Fail(table_.header.line, say_(Phrase::MissingColumn, {"experiment"}));
+  std::set<std::string> labels;
+  std::string names;
+  for (std::size_t row = 0; row < table_.rows.size(); ++row)
+    if (const auto [label, isNew] = labels.insert(Label(row)); isNew) Join(names, *label, ", ");
+  for (const std::string& label : only)
+    if (!labels.contains(label))
+      throw Failure{ExitCode::Refused, say_(Phrase::NoSuchLabel, {path_, label, names})};
+}
+
+/// The whole number that a label ends in, where it can be an experiment's number.
+std::optional<std::int16_t> TrailingNumber(const std::string& label) {
+  const std::size_t digits = label.find_last_not_of("0123456789") + 1;
+  std::int16_t number = 0;
+  const char* const end = label.data() + label.size();
+  const auto [stop, error] = std::from_chars(label.data() + digits, end, number);
+  if (digits == label.size() || error != std::errc{} || stop != end || number < 1)
+    return std::nullopt;
+  return number;
+}
+
+/// One number for each experiment: those of the labels where they are all there and differ.
+std::vector<std::int16_t> NumbersOf(const std::vector<Class1>& experiments) {
+  std::vector<std::int16_t> numbers;
+  std::set<std::int16_t> seen;
+  for (const Class1& experiment : experiments) {
+    const auto number = TrailingNumber(experiment.NComentarios);
+    if (!number || !seen.insert(*number).second) break;
+    numbers.push_back(*number);
+  }
+  if (numbers.size() == experiments.size()) return numbers;
+  numbers.clear();
+  for (std::size_t i = 1; i <= experiments.size(); ++i)
+    numbers.push_back(static_cast<std::int16_t>(i));
+  return numbers;
+}
+
+ExperimentLists MeasuredTable::Experiments(const std::vector<std::string>& only) {
+  FindColumns();
+  RequireLabels(only);
+  for (std::size_t row = 0; row < table_.rows.size(); ++row) {
+    const std::string label = Label(row);
+    if (!only.empty() && std::find(only.begin(), only.end(), label) == only.end()) continue;
+    CheckWidth(row);
+    AddPoint(row, ExperimentLabelled(label));
+  }
+  if (experiments_.empty()) Fail(0, say_(Phrase::NoRows));
+
+  ExperimentLists lists;
+  const std::vector<std::int16_t> numbers = NumbersOf(experiments_);
+  for (std::size_t i = 0; i < experiments_.size(); ++i) {
+    experiments_[i].NExp = numbers[i];
+    DisplayEntry display = UsualDisplay(static_cast<int>(i) + 1);
+    display.NNumExpGraf = numbers[i];
+    lists.Append(std::move(experiments_[i]), std::move(display));
+  }
+  return lists;
+}
+
+}  // namespace
+
+ExperimentLists ExperimentsOf(const CsvTable& table, const std::vector<std::string>& only,
+                              const std::string& path, const Wording& say) {
+  return MeasuredTable(table, path, say).Experiments(only);
+}
+
+}  // namespace velmora::cli

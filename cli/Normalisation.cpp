@@ -1,0 +1,24 @@
+#include "cli/Normalisation.h"
+
+#include <string>
+#include <utility>
+
+#include "estimation/Objective.h"
+
+namespace velmora::cli {
+
+void WarnOfUnscaled(const ExperimentLists& lists, const Console& console) {
+  constexpr std::string_view kText = "Erro na normalização dos dados experimentais";
+  for (int place = 1; place <= lists.Count(); ++place) {
+    const Class1& experiment = lists.Experiment(place);
+    using Named = std::pair<const char*, const std::vector<double>*>;
+    for (const auto& [name, values] :
+         {Named{"Cx", &experiment.NVetCx}, Named{"Cs", &experiment.NVetCs},
+          Named{"Cp", &experiment.NVetCp}})
+      if (Objective::NormalisationScale(*values) == 0)
+        console.Complain(std::string(kText) +
+                         console.say(Phrase::UnscaledAt, {std::to_string(place), name}));
+  }
+}
+
+}  // namespace velmora::cli

@@ -1,0 +1,73 @@
+#include "cli/ScoreCommand.h"
+
+#include "app/Numbers.h"
+#include "cli/Assignments.h"
+#include "cli/Columns.h"
+#include "cli/Json.h"
+#include "cli/Normalisation.h"
+#include "cultivation/FitSetUp.h"
+#include "estimation/Objective.h"
+
+namespace velmora::cli {
+namespace {
+
+constexpr Decimals kEight{8, 8};
+constexpr std::size_t kWidth = 14;
+
+void SetInEveryRow(const Assignment& assignment, Inputs& inputs, const Wording& say) {
+  if (inputs.model != nullptr) RequireUse(*inputs.model, assignment.position, say);
+  for (int place = 1; place <= inputs.Count(); ++place)
+    inputs.conditions.At(place).row[assignment.position] = assignment.value;
+}
+
+std::string JsonOf(double score, const Objective& objective) {
+  std::vector<std::string> experiments;
+  for (int place = 1; place <= objective.ExperimentCount(); ++place) {
+    const PerVariable<double>& share = objective.Share(place);
+    experiments.push_back(json::Object({{"place", json::Number(place)},
+                                        {"Cx", json::Number(share.Cx)},
+                                        {"Cs", json::Number(share.Cs)},
+                                        {"Cp", json::Number(share.Cp)}}));
+  }
+  return json::Object({{"score", json::Number(score)}, {"experiments", json::Array(experiments)}}) +
+         "\n";
+}
+
+std::string TableOf(double score, const Objective& objective, const Wording& say) {
+  std::string text = Left(say(Phrase::Experiments), kWidth);
+  for (const std::string_view heading : {"Cx", "Cs", "Cp"}) text += Right(heading, kWidth);
+  text += Right(say(Phrase::Sum), kWidth) + "\n";
+  for (int place = 1; place <= objective.ExperimentCount(); ++place) {
+    const auto& [Cx, Cs, Cp] = objective.Share(place);
+    text += Left(std::to_string(place), kWidth);
+    for (const double value : {Cx, Cs, Cp, Cx + Cs + Cp})
+      text += Right(Formatted(value, kEight, '.'), kWidth);
+    text += "\n";
+  }
+  return text + say(Phrase::Score) + " = " + ShortestText(score) + "\n";
+}
+
+}  // namespace
+
+ExitCode Run(const ScoreOptions& options, const Console& console) {
+  std::vector<Assignment> assignments;
+  for (const std::string& text : options.set)
+    assignments.push_back(FittableAssignment(text, console.say));
+  Inputs inputs = LoadInputs(options.inputs, console.say);
+  RequireCultivation(inputs, console.say);
+  for (const Assignment& assignment : assignments) SetInEveryRow(assignment, inputs, console.say);
+
+  FitProblem problem = ProblemOf(inputs.lists.Experiments(), inputs.conditions);
+  problem.variables.clear();
+  Objective objective(problem);
+  WarnOfUnscaled(inputs.lists, console);
+  try {
+    const double score = objective.Simulate({});
+    console.Print(options.json ? JsonOf(score, objective) : TableOf(score, objective, console.say));
+  } catch (const ArithmeticFault& fault) {
+    throw Failure{ExitCode::Arithmetic, console.say.Of(fault, TimeOf(fault, inputs.conditions))};
+  }
+  return ExitCode::Done;
+}
+
+}  // namespace velmora::cli

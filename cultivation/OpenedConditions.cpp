@@ -1,0 +1,80 @@
+#include "cultivation/OpenedConditions.h"
+
+#include <algorithm>
+#include <string>
+
+#include "cultivation/FitSetUp.h"
+
+namespace velmora {
+namespace {
+
+std::vector<At> PositionsOf(const std::vector<FittedParameter>& fitted) {
+  std::vector<At> positions;
+  for (const FittedParameter& row : fitted) positions.push_back(static_cast<At>(row.code));
+  return positions;
+}
+
+bool HoldsSwitchesOf(const Model& model, const ConditionsRow& row) {
+  KineticParameters asSet = VectorOf(row);
+  SetModelSwitches(model, asSet);
+  return asSet == VectorOf(row);
+}
+
+/// Whether the fit can be set up as the file has it: parameters of a model that the row allows,
+/// inside their bounds.
+bool FitMatches(const ConditionsRecord& record, const std::vector<FittedParameter>& fitted) {
+  const Model* const model = RecognisedModel(record, fitted);
+  const std::vector<At> positions = PositionsOf(fitted);
+  const bool known = model != nullptr
+                         ? std::all_of(positions.begin(), positions.end(),
+                                       [&](At position) { return Uses(*model, position); })
+                         : !ModelsOf(VectorOf(record.row), positions).empty();
+  return known && !RefuseFitRows(WithValuesOf(record.row, fitted));
+}
+
+void AddNumber(std::string& numbers, std::int16_t number) {
+  if (!numbers.empty()) numbers += ", ";
+  numbers += std::to_string(number);
+}
+
+Message Attention(int text) {
+  return {{text}, 307, Icon::Information};
+}
+
+Message Told(int before, const std::string& numbers, int after) {
+  return {{before, " " + numbers + " ", after}, 307, Icon::Information};
+}
+
+}  // namespace
+
+const Model* RecognisedModel(const ConditionsRecord& record,
+                             const std::vector<FittedParameter>& fitted) {
+  const Model* const named = FindModel(record.options.model);
+  if (named != nullptr && HoldsSwitchesOf(*named, record.row)) return named;
+  const std::vector<const Model*> models = ModelsOf(VectorOf(record.row), PositionsOf(fitted));
+  return models.size() == 1 ? models.front() : nullptr;
+}
+
+OpenedConditions CompareWithLists(const ConditionsRead& read,
+                                  const std::vector<Class1>& experiments) {
+  if (read.experiments == 0 || read.experiments != static_cast<int>(experiments.size()))
+    return {Attention(337), {}, {}};
+
+  OpenedConditions opened{std::nullopt, read.conditions, {}};
+  std::string matching;
+  std::string toReview;
+  for (int place = 1; place <= read.experiments; ++place) {
+    ConditionsRecord& record = opened.conditions.At(place);
+    const std::int16_t number = experiments[static_cast<std::size_t>(place) - 1].NExp;
+    const bool matches = record.number == number && FitMatches(record, read.conditions.fitted);
+    AddNumber(matches ? matching : toReview, number);
+    record.number = number;
+  }
+  if (!matching.empty()) opened.messages.push_back(Told(308, matching, 326));
+  if (!toReview.empty()) opened.messages.push_back(Told(306, toReview, 323));
+  if (RecognisedModel(opened.conditions.At(1), read.conditions.fitted) == nullptr)
+    opened.messages.push_back(Attention(347));
+  return opened;
+}
+
+}  // namespace velmora

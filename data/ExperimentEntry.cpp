@@ -1,0 +1,132 @@
+#include "data/ExperimentEntry.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <utility>
+
+#include "app/Numbers.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kMostNumber = std::numeric_limits<std::int16_t>::max();
+
+// Texts of the string table.
+constexpr int kAttention = 307;
+constexpr int kNotSaved = 320;
+constexpr int kPossibleErrors = 348;
+constexpr int kExperiments = 145;
+constexpr int kPointsNumber = 171;
+constexpr int kExperimentNumber = 173;
+constexpr int kFinalTime = 189;
+constexpr int kExperimentalData = 197;
+
+std::string Quoted(const std::string& text) {
+  return "\"" + text + "\"";
+}
+
+Message NotSaved(Piece where, const std::string& found) {
+  return {{kPossibleErrors, "\n", std::move(where), ": " + Quoted(found)},
+          kNotSaved,
+          Icon::Exclamation};
+}
+
+Message TooMany(int what, const std::string& excess) {
+  return {{kPossibleErrors, "\n", what, ": " + excess}, kAttention, Icon::Exclamation};
+}
+
+std::optional<std::int16_t> NumberOf(const std::string& text) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool whole = error == std::errc{} && end == text.data() + text.size();
+  if (!whole || number < 1 || number > kMostNumber) return std::nullopt;
+  return static_cast<std::int16_t>(number);
+}
+
+EntryRead::Refusal BadCell(GridCell cell, std::span<const GridRow> rows) {
+  const auto row = static_cast<std::size_t>(cell.row);
+  const auto column = static_cast<std::size_t>(cell.column);
+  const std::string where = std::to_string(cell.row + 1) + ", " + std::string(kGridHeaders[column]);
+  return {NotSaved(where, rows[row][column]), EntryBox::Cell, cell};
+}
+
+int FilledCells(const std::vector<std::string>& row) {
+  const auto last =
+      std::find_if(row.rbegin(), row.rend(), [](const auto& c) { return !c.empty(); });
+  return static_cast<int>(row.rend() - last);
+}
+
+/// "t (h), Cs (g/L)": the headers from `column` on.
+std::string HeadersFrom(int column) {
+  std::string text;
+  for (std::size_t i = static_cast<std::size_t>(column); i < kGridHeaders.size(); ++i)
+    text += (text.empty() ? "" : ", ") + std::string(kGridHeaders[i]);
+  return text;
+}
+
+std::string Exceeds(int count, int most) {
+  return std::to_string(count) + " > " + std::to_string(most);
+}
+
+}  // namespace
+
+EntryRead ReadEntry(const ExperimentHeader& header, std::span<const GridRow> rows, char separator) {
+  GridPoints grid = ReadPoints(rows);
+  EntryRead read{std::move(grid.points), std::nullopt};
+  const std::optional<std::int16_t> number = NumberOf(header.number);
+  const std::optional<double> finalTime = ReadBox(header.finalTime, separator);
+  if (!number)
+    read.refusal = {NotSaved(kExperimentNumber, header.number), EntryBox::Number, {}};
+  else if (!finalTime)
+    read.refusal = {NotSaved(kFinalTime, header.finalTime), EntryBox::FinalTime, {}};
+  else if (grid.badCell)
+    read.refusal = BadCell(*grid.badCell, rows);
+  read.experiment.NExp = number.value_or(0);
+  read.experiment.NTempoFinal = finalTime.value_or(0);
+  read.experiment.NComentarios = header.description;
+  read.experiment.NVerificado = true;
+  return read;
+}
+
+ExperimentHeader HeaderOf(const Class1& experiment, char separator) {
+  return {std::to_string(experiment.NExp), experiment.NComentarios,
+          PlainText(experiment.NTempoFinal, separator)};
+}
+
+int NextFreeNumber(const ExperimentLists& lists) {
+  int largest = 0;
+  for (const Class1& experiment : lists.Experiments())
+    largest = std::max<int>(largest, experiment.NExp);
+  if (largest < kMostNumber) return largest + 1;
+  std::vector<bool> used(static_cast<std::size_t>(kMostNumber) + 1);
+  for (const Class1& experiment : lists.Experiments())
+    if (experiment.NExp > 0) used[static_cast<std::size_t>(experiment.NExp)] = true;
+  const auto free = std::find(used.begin() + 1, used.end(), false);
+  return free == used.end() ? 0 : static_cast<int>(free - used.begin());
+}
+
+DisplayEntry UsualDisplay(int place) {
+  const auto index = static_cast<std::size_t>(place - 1);
+  DisplayEntry display;
+  display.NMarcador = kMarkers[index % kMarkers.size()];
+  display.NCor = static_cast<std::int32_t>(index % kColours.size()) + 1;
+  return display;
+}
+
+std::optional<Message> RefuseBlock(const GridBlock& block, GridCell at) {
+  const int rows = at.row + static_cast<int>(block.size());
+  if (rows > kMostPoints) return TooMany(kPointsNumber, Exceeds(rows, kMostPoints));
+  int columns = 0;
+  for (const std::vector<std::string>& row : block) columns = std::max(columns, FilledCells(row));
+  const int room = kGridColumns - at.column;
+  if (columns <= room) return std::nullopt;
+  return TooMany(kExperimentalData, Exceeds(columns, room) + " (" + HeadersFrom(at.column) + ")");
+}
+
+Message RefuseFullLists() {
+  constexpr int kMost = ExperimentLists::kMostPlaces;
+  return TooMany(kExperiments, Exceeds(kMost + 1, kMost));
+}
+
+}  // namespace velmora

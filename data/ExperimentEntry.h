@@ -1,0 +1,56 @@
+// An experiment as it stands in the entry boxes, and the record that it becomes.
+#pragma once
+
+#include <optional>
+#include <span>
+#include <string>
+
+#include "app/Message.h"
+#include "data/ExperimentLists.h"
+#include "data/GridText.h"
+
+namespace velmora {
+
+/// The texts of the boxes above the grid.
+struct ExperimentHeader {
+  std::string number;
+  std::string description;  // UTF-8
+  std::string finalTime;    // h
+
+  friend bool operator==(const ExperimentHeader&, const ExperimentHeader&) = default;
+};
+
+enum class EntryBox { Number, FinalTime, Cell };
+
+/// What was entered as a record, or the first box or cell that cannot be read, with what to say.
+struct EntryRead {
+  struct Refusal {
+    Message message;
+    EntryBox box;
+    GridCell cell;  // for a cell
+  };
+  Class1 experiment;
+  std::optional<Refusal> refusal;
+};
+
+/// Reads the boxes with the locale's `separator`. The number is 1..32767; an empty final time is 0.
+EntryRead ReadEntry(const ExperimentHeader& header, std::span<const GridRow> rows, char separator);
+
+/// The boxes that show an experiment.
+ExperimentHeader HeaderOf(const Class1& experiment, char separator);
+
+/// The first number behind the largest in use, or the smallest free one where that is none; 0 where
+/// all are in use.
+int NextFreeNumber(const ExperimentLists& lists);
+
+/// How an experiment is drawn until the user chooses: places differ in marker and colour.
+DisplayEntry UsualDisplay(int place);
+
+/// The refusal of a block that, pasted from `at` on, would run past the last column or the most
+/// points that a record can hold. Empty cells past the last column do not count.
+std::optional<Message> RefuseBlock(const GridBlock& block, GridCell at);
+
+/// The refusal of one experiment more than the lists can hold.
+Message RefuseFullLists();
+
+}  // namespace velmora

@@ -1,0 +1,211 @@
+// The commands on the molasses example and on files made from it.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <nlohmann/json.hpp>
+#include <thread>
+
+#include "tests/cli/RunProgram.h"
+
+namespace velmora {
+namespace {
+
+using nlohmann::json;
+
+const std::string kExamples = VELMORA_EXAMPLES "/";
+const std::string kMolasses = kExamples + "molasses.abr ";
+const std::string kConditions = kExamples + "molasses-conditions.abr ";
+const std::string kBoth = kMolasses + kConditions;
+
+class Cli : public testing::Test {
+ protected:
+  /// A conditions file for the molasses example.
+  std::string Conditions(const std::string& name, const std::string& options) {
+    const Ran ran = RunCli("conditions " + kMolasses + options +
+                           " --set Yxs=0.27232 --set Yps=0.42448"
+                           " -o " +
+                           (folder_ / name));
+    EXPECT_EQ(ran.code, 0) << ran.err;
+    return folder_ / name;
+  }
+  TemporaryFolder folder_;
+};
+
+void ExpectRefusal(const std::string& arguments, int code, const std::string& part) {
+  const Ran ran = RunCli(arguments);
+  EXPECT_EQ(ran.code, code) << arguments;
+  EXPECT_NE(ran.err.find(part), std::string::npos) << arguments << ": " << ran.err;
+  EXPECT_EQ(std::count(ran.err.begin(), ran.err.end(), '\n'), 1) << arguments << ": " << ran.err;
+  EXPECT_EQ(ran.out, "") << arguments;
+}
+
+TEST_F(Cli, RefusesWithOneLineAndItsExitCode) {
+  const std::string nine = kExamples + "yeast-nine.abr ";
+  ExpectRefusal("fit " + kBoth + "--pcros 0.95", 1,
+                "--pcros: One of the parameters is out of bounds.");
+  ExpectRefusal("fit " + kBoth + "--npop 9 --language pt", 1, "Um dos parâmetros");
+  ExpectRefusal("fit " + kBoth + "--npop 1e12", 1, "not enough memory");
+  ExpectRefusal("fit " + nine + kConditions, 1, "The number of experiments is not equal");
+  ExpectRefusal("simulate " + nine + kConditions, 1, "The number of experiments is not equal");
+  ExpectRefusal("score " + kBoth + "--model Monod --set Kis=3", 1, "no parameter Kis");
+  ExpectRefusal("fit " + kExamples + "yeast-nine.abr " + kExamples +
+                    "yeast-nine-conditions.abr --model Monod",
+                1, "Monod has no parameter Kis");
+  ExpectRefusal("fit " + kBoth + "--pcros 0,8", 2, "--pcros: \"0,8\" has a comma");
+  ExpectRefusal("fit " + kBoth + "--model monod", 2, "there is no model \"monod\"");
+  ExpectRefusal("score " + kBoth + "--set Km=3", 2, "there is no parameter \"Km\"");
+  ExpectRefusal("fit " + kMolasses, 2, "CONDITIONS");
+  ExpectRefusal("fitt " + kBoth, 2, "no command \"fitt\"");
+  ExpectRefusal("fit absent.abr " + kConditions, 3, "absent.abr: the file cannot be opened");
+  ExpectRefusal("fit " + kConditions + kMolasses, 3, ":2: this is a conditions file");
+  ExpectRefusal("check " + kExamples + "README.md", 3, "README.md:2:");
+  EXPECT_EQ(RunCli("fit --help").code, 0);
+}
+
+/// A copy of an example with one text replaced.
+std::string Replaced(const std::string& example, const std::string& from, const std::string& to) {
+  std::string bytes = BytesOf(kExamples + example);
+  return bytes.replace(bytes.find(from), from.size(), to);
+}
+
+TEST_F(Cli, SaysWhatIsWrongInAFile) {
+  const std::string changed = folder_ / "changed.abr";
+  WriteFile(changed, Replaced("molasses.abr", "|2|73.038826|", "|2|73,038826|"));
+  ExpectRefusal("check " + changed, 3, "changed.abr:13: point 2:");
+  WriteFile(changed, Replaced("molasses-conditions.abr", "#1", "#7"));
+  ExpectRefusal("fit " + kMolasses + changed, 1, "place 1: the experiment has the number 1 ");
+  WriteFile(changed, Replaced("molasses-conditions.abr", "\r\nED\r\n", "\r\nLM\r\n"));
+  ExpectRefusal("fit " + kMolasses + changed, 1, "Fitting method has not been selected.");
+  WriteFile(changed, Replaced("molasses-conditions.abr", "Batelada\r\n", ""));
+  ExpectRefusal("fit " + kMolasses + changed, 1, "The number of experiments is not equal");
+  EXPECT_NE(RunCli("check " + changed).out.find("not \"Batelada\""), std::string::npos);
+}
+
+TEST_F(Cli, RefusesConditionsThatCannotBeFitted) {
+  const std::string start = "conditions " + kMolasses +
+                            "--model Monod --product PAC --yields global "
+                            "-o " +
+                            (folder_ / "c.abr") + " --set Yps=0.42 ";
+  const std::string both = "--fit MiMax=0.2:0.05:1 --fit Ks=10:1:50 ";
+  ExpectRefusal(start + both, 1, "experiment 1 (place 1): Yxs must be greater than 0.");
+  ExpectRefusal(start + "--set Yxs=0.3 --fit Ks=10:1:50", 1, "the model Monod needs MiMax");
+  ExpectRefusal(start + "--set Yxs=0.3 --set MiMax=1 --set Ks=1", 1, "You must select a variable");
+  ExpectRefusal(start + "--set Yxs=0.3 --set n=1 " + both, 1, "Monod has no parameter n");
+  ExpectRefusal(start + "--set Yxs=0.3 --set Alfa=1 " + both, 1, "Alfa cannot be set");
+  ExpectRefusal(start + "--set Yxs=0.3 --set Ks=1 --fit MiMax=0.2:0:1", 1, "cannot be zero");
+  ExpectRefusal(start + "--set Yxs=0.3 --set Ks=1 --fit MiMax=2:0.1:1", 1, "out of boundary");
+  ExpectRefusal(start + "--set Yxs=0.3 --set Ks=1 --fit MiMax=1:1:1", 1, "Check the bound values.");
+  ExpectRefusal(start + "--set 2:Cx0=1 " + both, 2, "place 2");
+  ExpectRefusal(start + "--set Yxs " + both, 2, "should read");
+  EXPECT_EQ(BytesOf(folder_ / "c.abr"), "");
+}
+
+// The commands of examples/README.md make the example's files again, byte for byte.
+TEST_F(Cli, MakesTheMolassesExample) {
+  const std::string experiments = folder_ / "m.abr";
+  ASSERT_EQ(RunCli("import " + kExamples + "molasses.csv -o " + experiments).code, 0);
+  EXPECT_EQ(BytesOf(experiments), BytesOf(kExamples + "molasses.abr"));
+  const std::string conditions = Conditions("c.abr",
+                                            "--model Monod --product PAC --yields global "
+                                            "--fit MiMax=0.2:0.05:0.5 --fit Ks=10:1:40");
+  EXPECT_EQ(BytesOf(conditions), BytesOf(kExamples + "molasses-conditions.abr"));
+}
+
+// Zentou et al. 2019 report 0.179 1/h and 11.37 g/L for these data; the fit must come within one
+// deviation of it.
+TEST_F(Cli, FitsMolassesNearThePublishedValues) {
+  const Ran ran = RunCli("fit " + kBoth + "--npop 10000 --eps 0.0000001 --json");
+  ASSERT_EQ(ran.code, 0) << ran.err;
+  const json fit = json::parse(ran.out);
+  const json& muMax = fit.at("parameters").at(0);
+  const json& Ks = fit.at("parameters").at(1);
+  EXPECT_EQ(muMax.at("name"), "MiMax");
+  EXPECT_EQ(muMax.at("label"), "µmáx =");
+  EXPECT_EQ(muMax.at("position"), 8);
+  EXPECT_EQ(muMax.at("start"), 0.2);
+  EXPECT_EQ(Ks.at("lower"), 1);
+  EXPECT_EQ(Ks.at("upper"), 40);
+  EXPECT_NEAR(muMax.at("value"), 0.179, muMax.at("deviation").get<double>());
+  EXPECT_NEAR(Ks.at("value"), 11.37, Ks.at("deviation").get<double>());
+  EXPECT_EQ(fit.at("observations"), 27);
+  EXPECT_EQ(fit.at("degreesOfFreedom"), 25);
+  EXPECT_EQ(fit.at("outcome"), "converged");
+  EXPECT_EQ(fit.at("functionCalls"), 10000 * (1 + fit.at("generations").get<int>()));
+  const double sum = fit.at("sumOfSquaredErrors");
+  EXPECT_DOUBLE_EQ(fit.at("squareError"), sum / 27);
+
+  // The score at the printed values is the fit's, to the last bit, and the sum of its shares.
+  const json score =
+      json::parse(RunCli("score " + kBoth + "--json --set MiMax=" + muMax.at("value").dump() +
+                         " --set Ks=" + Ks.at("value").dump())
+                      .out);
+  EXPECT_EQ(score.at("score"), sum);
+  const json& share = score.at("experiments").at(0);
+  EXPECT_NEAR(
+      share.at("Cx").get<double>() + share.at("Cs").get<double>() + share.at("Cp").get<double>(),
+      sum, 1e-15);
+}
+
+TEST_F(Cli, SimulatesAndExportsHundredPoints) {
+  const json run = json::parse(RunCli("simulate " + kBoth + "--json").out);
+  const json& experiment = run.at("experiments").at(0);
+  EXPECT_EQ(experiment.at("place"), 1);
+  EXPECT_EQ(experiment.at("number"), 1);
+  for (const char* series : {"time", "Cx", "Cs", "Cp"})
+    EXPECT_EQ(experiment.at(series).size(), 100u) << series;
+  EXPECT_EQ(experiment.at("Cs").at(0), 75.04926);  // the first measured point
+
+  const std::string text = RunCli("export " + kBoth).out;
+  EXPECT_TRUE(
+      text.starts_with("Experimento: 1\r\nt(h)    Cx(g/L) Cs(g/L) Cp(g/L)\r\n"
+                       "0.0000\t1.1060\t75.0493\t0.0000\r\n"));
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 103);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), 103);
+}
+
+TEST_F(Cli, ReportsArithmeticFaults) {
+  // Without product in the model neither parameter of the Levenspiel term changes anything: the
+  // normal matrix is singular.
+  const std::string singular =
+      Conditions("singular.abr",
+                 "--model Levenspiel --product PNAC --yields stoichiometric "
+                 "--set Ks=10 --set MiMax=0.2 --fit CpAst=50:10:100 --fit n=1:0.5:2");
+  const Ran fit = RunCli("fit " + kMolasses + singular + " --json");
+  EXPECT_EQ(fit.code, 4);
+  EXPECT_NE(fit.err.find("Overflow! Try to change the parameters!"), std::string::npos) << fit.err;
+  EXPECT_TRUE(json::parse(fit.out).at("parameters").at(0).at("deviation").is_null());
+
+  const std::string huge = Conditions("huge.abr",
+                                      "--model Monod --product PAC --yields global "
+                                      "--set Ks=10 --fit MiMax=2e307:1e307:1e308");
+  ExpectRefusal("fit " + kMolasses + huge, 4, "Estimate was not completed:");
+}
+
+TEST_F(Cli, RefusesToFitASimulation) {
+  const std::string manual =
+      Conditions("manual.abr",
+                 "--model Monod --product PAC --yields global --method Manual --set Ks=10 "
+                 "--set MiMax=0.2");
+  ExpectRefusal("fit " + kMolasses + manual, 1, "velmora-cli simulate");
+  EXPECT_EQ(RunCli("simulate " + kMolasses + manual).code, 0);
+}
+
+TEST_F(Cli, CtrlCStopsTheSearchAndPrintsResults) {
+  Program program({"fit", kExamples + "molasses.abr", kExamples + "molasses-conditions.abr",
+                   "--npop", "60000", "--json"});
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (!program.HearsInterrupt() && std::chrono::steady_clock::now() < end)
+    std::this_thread::yield();
+  program.Interrupt();
+  const Ran ran = program.Wait();
+  EXPECT_EQ(ran.code, 130) << ran.err;
+  const json fit = json::parse(ran.out);
+  EXPECT_EQ(fit.at("outcome"), "stopped");
+  // It stops before the first generation: only the initial population has been scored.
+  EXPECT_EQ(fit.at("functionCalls"), 60000);
+  EXPECT_GT(fit.at("parameters").at(0).at("value"), 0.05);
+}
+
+}  // namespace
+}  // namespace velmora

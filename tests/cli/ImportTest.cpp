@@ -1,0 +1,96 @@
+// Tables as spreadsheets save them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "tests/cli/RunProgram.h"
+
+namespace velmora {
+namespace {
+
+struct Case {
+  const char* name;
+  const char* table;
+  const char* message;  // a part of the error's line
+};
+
+class Import : public testing::Test {
+ protected:
+  Ran ImportText(const std::string& table, const std::string& more = "") {
+    WriteFile(folder_ / "table.csv", table);
+    return RunCli("import " + (folder_ / "table.csv") + " -o " + File() + more);
+  }
+  std::string File() const { return folder_ / "out.abr"; }
+
+ private:
+  TemporaryFolder folder_;
+};
+
+TEST_F(Import, ReadsEverySeparatorAndDecimalMark) {
+  const std::string expected =
+      "Ajuste de par\xE2metros\r\nDados de entrada\r\n$2\r\n"
+      "#7\r\nE7\r\n 2 \r\n 2.5 \r\nCircCheio\r\n 1 \r\n 1 \r\nTrue\r\n"
+      "|0|20.5|0.25|0|\r\n|2.5|18|0.75|1E-05|\r\n"
+      "#3\r\nE3\r\n 1 \r\n 1 \r\nCircVazio\r\n 1 \r\n 2 \r\nTrue\r\n|1|30|0|2|\r\n";
+  const Case tables[] = {
+      {"commas",
+       "# a comment\nexperiment,t_h,Cx_g_per_L,Cs_g_per_L,Cp_g_per_L\n"
+       "E7,0,0.25,20.5,0\nE7,2.5,0.75,18,0.00001\n\nE3,1,0,30,2\n",
+       ""},
+      {"semicolons, decimal comma, other order, ignored column",
+       "Cp;note;Experimento;Tempo (h);Cs [g/L];Cx\n"
+       "0;first;E7;0;20,5;0,25\n0,00001;;E7;2,5;18;0,75\n2;;E3;1;30;0\n;;;;;\n",
+       ""},
+      {"tabs, CR LF, byte order mark",
+       "\xEF\xBB\xBF"
+       "exp\ttime\tCs\tCx\tCp\r\nE7\t0\t20.5\t0.25\t0\r\n"
+       "E7\t2.5\t18\t0.75\t1E-5\r\nE3\t1\t30\t0\t2",
+       ""},
+      {"commas, quoted cells with decimal commas",
+       "\"exp\",\"t (h)\",\"Cs\",\"Cx\",\"Cp\"\n"
+       "E7,0,\"20,5\",\"0,25\",0\n\"E7\",\"2,5\",18,\"0,75\",\"1e-5\"\nE3,1,30,0,2\n",
+       ""}};
+  for (const Case& c : tables) {
+    const Ran ran = ImportText(c.table);
+    EXPECT_EQ(ran.code, 0) << c.name << ": " << ran.err;
+    EXPECT_EQ(BytesOf(File()), expected) << c.name;
+  }
+}
+
+TEST_F(Import, NumbersExperimentsInOrderWhereLabelsDoNot) {
+  ASSERT_EQ(ImportText("exp,t,Cs,Cx,Cp\na1,0,1,2,3\nb1,0,1,2,3\nc,0,1,2,3\n", " --only b1").code,
+            0);
+  EXPECT_NE(BytesOf(File()).find("$1\r\n#1\r\nb1\r\n"), std::string::npos);
+  ASSERT_EQ(ImportText("exp,t,Cs,Cx,Cp\na1,0,1,2,3\nb1,0,1,2,3\n").code, 0);
+  EXPECT_NE(BytesOf(File()).find("#2\r\nb1\r\n"), std::string::npos);
+}
+
+TEST_F(Import, RefusesWhatItCannotRead) {
+  const Case cases[] = {
+      {"missing column", "t,Cs,Cx\n0,1,2\n", "table.csv:1: there is no column Cp"},
+      {"column twice", "t,Cs,Cs_sd,Cx,Cp\n0,1,1,2,3\n", ":1: two columns begin with Cs"},
+      {"empty cell", "t,Cs,Cx,Cp\n0,1,2,3\n1,1,,3\n", ":3: row 2, column Cx: the cell is empty"},
+      {"short row", "t,Cs,Cx,Cp\n0,1,2\n", ":2: row 1, column Cp: the cell is empty"},
+      {"no number", "t,Cs,Cx,Cp\n0,n.d.,2,3\n", ":2: row 1, column Cs: \"n.d.\" is not a number"},
+      {"negative", "t,Cs,Cx,Cp\n0,1,-2,3\n", "column Cx: \"-2\" is negative"},
+      {"infinite", "t,Cs,Cx,Cp\n0,1,2,inf\n", "\"inf\" is not a number"},
+      {"thousands", "t;Cs;Cx;Cp\n0;1.234,5;2;3\n", "\"1.234,5\" is not a number"},
+      {"comma beside points", "t;Cs;Cx;Cp\n0.5;1,234;2;3\n", "\"1,234\" has another decimal mark"},
+      {"unquoted decimal commas", "t,Cs,Cx,Cp\n0,1,5,2,5,3\n", "row 1 has 6 cells"},
+      {"open quote", "t,Cs,Cx,Cp\n0,\"1,2,3\n", ":2: a double quote is not closed"},
+      {"comma in a label", "exp,t,Cs,Cx,Cp\n\"a,b\",0,1,2,3\n", "holds a comma"},
+      {"letter", "exp,t,Cs,Cx,Cp\n\xCE\xB1,0,1,2,3\n", "is no letter of Windows-1252"},
+      {"not UTF-8", "exp,t,Cs,Cx,Cp\n\xE7,0,1,2,3\n", ":2: the table is not UTF-8"},
+      {"no rows", "t,Cs,Cx,Cp\n", "there are no rows"},
+      {"nothing", "", "no header line"}};
+  for (const Case& c : cases) {
+    const Ran ran = ImportText(c.table);
+    EXPECT_EQ(ran.code, 3) << c.name;
+    EXPECT_NE(ran.err.find(c.message), std::string::npos) << c.name << ": " << ran.err;
+    EXPECT_EQ(std::count(ran.err.begin(), ran.err.end(), '\n'), 1) << c.name;
+    EXPECT_EQ(BytesOf(File()), "") << c.name;
+  }
+}
+
+}  // namespace
+}  // namespace velmora
