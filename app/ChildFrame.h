@@ -1,0 +1,33 @@
+// The frame of a work window inside the frame window.
+#pragma once
+
+#include <QMdiSubWindow>
+#include <QPointer>
+
+namespace velmora {
+
+/// Puts its window away instead of closing it: what the window shows lives on, and the menu brings
+/// it back.
+class ChildFrame : public QMdiSubWindow {
+  Q_OBJECT
+
+ public:
+  explicit ChildFrame(QWidget* window);
+
+  /// Shows the window maximised and gives the keyboard to the control that had it last, or to the
+  /// first that can take it.
+  void BringUp();
+  /// Minimises the window.
+  void PutAway();
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+
+ private:
+  bool CanTakeKeys(const QWidget& control) const;
+  void TakeKeyboard();
+
+  QPointer<QWidget> lastControl_;  // had the keyboard when the window was put away
+};
+
+}  // namespace velmora

@@ -1,0 +1,361 @@
+// The start window, the frame with its menus, the dialogs and the guide, by keys and mouse.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+
+#include "app/Caption.h"
+#include "app/HelpDocument.h"
+#include "app/Idiomas.h"
+#include "app/MDIForm1.h"
+#include "app/frmSplash.h"
+#include "cultivation/frmCultBatelada.h"
+#include "data/ExperimentFile.h"
+#include "data/frmMsFlexGrid.h"
+#include "tests/data/FileTesting.h"
+#include "tests/support/ScriptedDialogs.h"
+
+namespace velmora {
+namespace {
+
+constexpr Language kLanguages[] = {Language::English, Language::Portuguese};
+
+/// The program from its start window on.
+class Shell : public testing::Test {
+ protected:
+  void Start(Language language) {
+    frame.reset();
+    session = Session();
+    frmSplash start(session);
+    QObject::connect(&start, &frmSplash::Confirmed, &start, [this] {
+      frame = std::make_unique<MDIForm1>(session, dialogs);
+      frame->show();
+    });
+    start.show();
+    start.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&start));
+    EXPECT_EQ(session.language, Language::Portuguese);
+    EXPECT_TRUE(Child<QPushButton>(start, "cmdOk")->hasFocus());
+    if (language == Language::English)
+      QTest::keyClick(Child<QWidget>(start, "optIdioma(0)"), Qt::Key_Space);
+    EXPECT_EQ(Child<QLabel>(start, "lblversao")->text(), Caption(515, language));
+    EXPECT_EQ(Child<QPushButton>(start, "cmdOk")->text(), Caption(417, language));
+    QTest::keyClick(start.focusWidget(), Qt::Key_Return);
+    EXPECT_FALSE(start.isVisible());
+    ASSERT_NE(frame, nullptr);
+    frame->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(frame.get()));
+  }
+
+  template <typename Kind>
+  static Kind* Child(const QObject& window, const char* name) {
+    return window.findChild<Kind*>(QString::fromUtf8(name));
+  }
+  QAction& Item(const char* name) { return *Child<QAction>(*frame, name); }
+  frmMsFlexGrid& Experiments() { return *frame->findChild<frmMsFlexGrid*>(); }
+  frmCultBatelada& Cultivation() { return *frame->findChild<frmCultBatelada*>(); }
+  void Press(Qt::Key key) { QTest::keyClick(frame.get(), key, Qt::ControlModifier); }
+
+  /// Experiments that the windows learn of by opening a file of them.
+  void Open(int count) {
+    ExperimentLists lists;
+    for (int i = 1; i <= count; ++i)
+      lists.Append({static_cast<std::int16_t>(i), 2, "", {1, 2}, {9, 3}, {0, 1}, {0, 5}, 5, true},
+                   {"CircCheio", 1, 1, true, static_cast<std::int16_t>(i)});
+    const std::string path = folder / "some.abr";
+    ASSERT_FALSE(WriteExperiments(lists, path));
+    dialogs.files.push_back(QString::fromStdString(path));
+    Item("mnuAbrirExp").trigger();
+    ASSERT_EQ(session.lists.Count(), count);
+  }
+
+  const TemporaryFolder folder;
+  Session session;
+  ScriptedDialogs dialogs{session};
+  std::unique_ptr<MDIForm1> frame;
+};
+
+enum State { Enabled, Disabled, Hidden, Unchecked, Checked };
+
+struct Item {
+  const char* name;
+  const char* parent;
+  int caption;  // 0: the fixed text
+  const char* fixedText;
+  State state;
+  const char* shortcut;
+};
+
+// The menus of a program that has just started; there is no enlarged chart to open yet.
+const Item kMenus[] = {{"mnuArquivo", "", 100, "", Enabled, ""},
+                       {"mnuNovo", "mnuArquivo", 102, "", Enabled, ""},
+                       {"mnuAbrirGeral", "mnuArquivo", 105, "", Enabled, ""},
+                       {"mnuAbrirExp", "mnuAbrirGeral", 101, "", Enabled, ""},
+                       {"mnuAbrirCond", "mnuAbrirGeral", 119, "", Disabled, ""},
+                       {"mnuACondBat", "mnuAbrirCond", 111, "", Disabled, ""},
+                       {"mnuACondBatAli", "mnuAbrirCond", 112, "", Hidden, ""},
+                       {"mnuSalvarGeral", "mnuArquivo", 185, "", Enabled, ""},
+                       {"mnuSalvarExp", "mnuSalvarGeral", 144, "", Disabled, ""},
+                       {"mnuSalvarCond", "mnuSalvarGeral", 114, "", Disabled, ""},
+                       {"mnuSCondBat", "mnuSalvarCond", 111, "", Enabled, ""},
+                       {"mnuSCondBatAli", "mnuSalvarCond", 112, "", Hidden, ""},
+                       {"mnuExcluir", "mnuArquivo", 198, "", Disabled, "Ctrl+X"},
+                       {"mnuExportar", "mnuArquivo", 146, "", Enabled, ""},
+                       {"mnuExportarDados", "mnuExportar", 131, "", Disabled, "Ctrl+D"},
+                       {"mnuEspaco", "mnuArquivo", 0, "", Enabled, ""},
+                       {"mnuSair", "mnuArquivo", 184, "", Enabled, "Ctrl+S"},
+                       {"mnuPopup", "", 0, "Popup Menu", Hidden, ""},
+                       {"mnuZoom", "mnuPopup", 0, "Zoom", Disabled, ""},
+                       {"mnuCopiar", "mnuPopup", 123, "", Enabled, ""},
+                       {"mnuLegenda", "mnuPopup", 152, "", Enabled, ""},
+                       {"mnuEditarTexto", "", 0, "&Editar", Hidden, ""},
+                       {"mnuDesfazer", "mnuEditarTexto", 0, "Desfazer", Enabled, "Ctrl+Z"},
+                       {"mnuEditar", "", 138, "", Disabled, ""},
+                       {"mnuCopiarFig", "mnuEditar", 123, "", Hidden, "Ctrl+C"},
+                       {"mnuLeg", "mnuEditar", 152, "", Enabled, "Ctrl+L"},
+                       {"mnuLinhaGrade", "mnuEditar", 157, "", Checked, "Ctrl+G"},
+                       {"mnuCultivo", "", 137, "", Enabled, ""},
+                       {"mnuBatelada", "mnuCultivo", 111, "", Enabled, "Ctrl+B"},
+                       {"mnuBateladaAli", "mnuCultivo", 112, "", Hidden, "Ctrl+A"},
+                       {"mnuAjuste", "", 103, "", Enabled, ""},
+                       {"mnuParED", "mnuAjuste", 143, "", Enabled, "Ctrl+M"},
+                       {"mnuIdioma", "", 195, "", Enabled, ""},
+                       {"mnuPort", "mnuIdioma", 193, "", Unchecked, "Ctrl+P"},
+                       {"mnuIngles", "mnuIdioma", 194, "", Checked, "Ctrl+E"},
+                       {"mnuAjuda", "", 104, "", Enabled, ""},
+                       {"mnuSobre", "mnuAjuda", 187, "", Enabled, ""},
+                       {"mnuTopAjuda", "mnuAjuda", 191, "", Enabled, ""}};
+
+TEST_F(Shell, StartsWithTheMenusOfTheTableInBothLanguages) {
+  for (const Language language : kLanguages) {
+    Start(language);
+    EXPECT_EQ(frame->windowTitle(), QStringLiteral("Velmora"));
+    const bool english = language == Language::English;
+    EXPECT_EQ(Item("mnuPort").isChecked(), !english);
+    EXPECT_EQ(Item("mnuIngles").isChecked(), english);
+    Press(Qt::Key_E);  // the states in the table are those of English; the captions follow
+    for (const auto& item : kMenus) {
+      const QAction& action = Item(item.name);
+      const QWidget* const menu = *item.parent == '\0' ? static_cast<QWidget*>(frame->menuBar())
+                                                       : Child<QMenu>(*frame, item.parent);
+      EXPECT_TRUE(menu->actions().contains(&action)) << item.name;
+      EXPECT_EQ(action.text(), item.caption != 0 ? Caption(item.caption, Language::English)
+                                                 : QString::fromUtf8(item.fixedText));
+      EXPECT_EQ(action.isVisible(), item.state != Hidden) << item.name;
+      EXPECT_EQ(action.isEnabled(), item.state != Disabled && item.state != Hidden) << item.name;
+      EXPECT_EQ(action.isCheckable(), item.state >= Unchecked) << item.name;
+      EXPECT_EQ(action.isChecked(), item.state == Checked) << item.name;
+      EXPECT_EQ(action.shortcut().toString().toStdString(), item.shortcut) << item.name;
+    }
+    EXPECT_TRUE(Item("mnuEspaco").isSeparator());
+    Press(Qt::Key_P);
+    for (const auto& item : kMenus) {
+      if (item.caption == 0) continue;
+      EXPECT_EQ(Item(item.name).text(), Caption(item.caption, Language::Portuguese));
+    }
+  }
+}
+
+TEST_F(Shell, ShowsOneWorkWindowLargeAndFindsThePutAwayOneAgain) {
+  Start(Language::English);
+  auto& experiments = *qobject_cast<QMdiSubWindow*>(Experiments().parentWidget());
+  auto& cultivation = *qobject_cast<QMdiSubWindow*>(Cultivation().parentWidget());
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_TRUE(experiments.isMaximized() && cultivation.isMinimized());
+    EXPECT_EQ(session.activeWindow, "frmMsFlexGrid");
+    Press(Qt::Key_B);
+    EXPECT_TRUE(cultivation.isMaximized() && experiments.isMinimized());
+    EXPECT_EQ(session.activeWindow, "frmCultBatelada");
+    EXPECT_EQ(frame->windowTitle(), QStringLiteral("Velmora"));
+    cultivation.close();
+    EXPECT_TRUE(cultivation.isMinimized() && cultivation.isVisible());
+    Press(Qt::Key_B);
+    EXPECT_TRUE(cultivation.isMaximized() && Cultivation().isVisible());
+    experiments.close();
+    Item("mnuNovo").trigger();
+    EXPECT_TRUE(Experiments().isVisible());
+  }
+}
+
+TEST_F(Shell, RecaptionsEveryOpenWindowAtOnce) {
+  Start(Language::Portuguese);
+  Press(Qt::Key_M);
+  Item("mnuSobre").trigger();
+  for (const Language language : kLanguages) {
+    Item(language == Language::English ? "mnuIngles" : "mnuPort").trigger();
+    const std::pair<const char*, int> titles[] = {{"frmParametros", 176},
+                                                  {"frmSobre", 187},
+                                                  {"frmMsFlexGrid", 149},
+                                                  {"frmCultBatelada", 128}};
+    for (const auto& [window, title] : titles)
+      EXPECT_EQ(Child<QWidget>(*frame, window)->windowTitle(), Caption(title, language)) << window;
+    EXPECT_EQ(Child<QLabel>(*frame, "lblTamPop")->text(), Caption(188, language));
+    EXPECT_EQ(Child<QLabel>(*frame, "lblAreaEstudo")->text(), Caption(109, language));
+  }
+}
+
+TEST(Idiomas, SetsEveryMemberOfAnArrayAndNamesForScreenReaders) {
+  QWidget window;
+  window.setObjectName(QStringLiteral("frmMsFlexGrid"));
+  QPushButton member(&window), other(&window), drawn(&window);
+  member.setObjectName(QStringLiteral("Label10(9)"));
+  other.setObjectName(QStringLiteral("Label101(9)"));
+  drawn.setObjectName(QStringLiteral("cmdInserir"));
+  Idiomas(window, Language::Portuguese);
+  EXPECT_EQ(member.text(), QStringLiteral("Cor do símbolo"));
+  EXPECT_TRUE(other.text().isEmpty());
+  EXPECT_EQ(drawn.toolTip(), QStringLiteral("Incluir experimento"));
+  EXPECT_EQ(drawn.accessibleName(), drawn.toolTip());
+}
+
+TEST_F(Shell, GivesCtrlXToABoxAndElseClearsAll) {
+  Start(Language::English);
+  Open(2);
+  const QPointer<frmMsFlexGrid> before = &Experiments();
+  QLineEdit box(frame.get());
+  box.show();
+  for (const bool readOnly : {true, false}) {
+    box.setReadOnly(readOnly);
+    box.setText(QStringLiteral("12"));
+    box.setFocus();
+    box.selectAll();
+    QTest::keyClick(&box, Qt::Key_X, Qt::ControlModifier);
+    EXPECT_EQ(box.text().isEmpty(), !readOnly);
+    EXPECT_EQ(session.lists.Count(), 2);
+  }
+  QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(box.text(), QStringLiteral("12"));
+  QTest::keyClick(&box, Qt::Key_P, Qt::ControlModifier);
+  EXPECT_EQ(session.language, Language::Portuguese);
+
+  session.conditions.At(1).saved = true;
+  session.curvesPresent = true;
+  QPushButton elsewhere(frame.get());
+  elsewhere.show();
+  elsewhere.setFocus();
+  QTest::keyClick(&elsewhere, Qt::Key_X, Qt::ControlModifier);
+  EXPECT_TRUE(session.lists.Empty() && session.conditions.SavedCount() == 0);
+  EXPECT_FALSE(session.curvesPresent);
+  EXPECT_TRUE(before.isNull());
+  EXPECT_TRUE(Experiments().isVisible());
+  for (const char* item : {"mnuExcluir", "mnuSalvarExp", "mnuEditar", "mnuAbrirCond"})
+    EXPECT_FALSE(Item(item).isEnabled()) << item;
+}
+
+TEST_F(Shell, AsksBeforeOpeningOverExistingData) {
+  Start(Language::English);
+  Open(3);
+  EXPECT_TRUE(dialogs.shown.empty());
+  for (const char* item :
+       {"mnuSalvarExp", "mnuEditar", "mnuAbrirCond", "mnuACondBat", "mnuExcluir"})
+    EXPECT_TRUE(Item(item).isEnabled()) << item;
+  session.conditions.At(2).saved = true;
+
+  dialogs.answers = {Answer::No};
+  Item("mnuAbrirExp").trigger();
+  EXPECT_EQ(dialogs.LastText(),
+            "To open another set of experiments is necessary to delete the 3 experiments already "
+            "added. Would you like to replace them?");
+  EXPECT_EQ(dialogs.LastTitle(), "Attention");
+  EXPECT_EQ(dialogs.shown.back().second, Buttons::YesNo);
+  dialogs.answers = {Answer::Yes};
+  dialogs.files = {QString()};  // no file is chosen after all
+  Item("mnuAbrirExp").trigger();
+  EXPECT_EQ(session.lists.Count(), 3);
+  EXPECT_EQ(session.conditions.SavedCount(), 1);
+
+  Press(Qt::Key_P);
+  dialogs.answers = {Answer::No};
+  Item("mnuACondBat").trigger();
+  EXPECT_EQ(dialogs.LastText(),
+            "Para abrir outro conjunto de condições de cultivo é necessário 1 excluir as condições "
+            "já adicionadas. Deseja substitui-las?");
+  EXPECT_EQ(session.conditions.SavedCount(), 1);
+  dialogs.answers = {Answer::Yes};
+  Open(1);
+  EXPECT_EQ(session.conditions.SavedCount(), 0);
+}
+
+TEST_F(Shell, TogglesGridLinesAndServesTheClickedChart) {
+  Start(Language::English);
+  Press(Qt::Key_G);  // nothing to draw: the menu is disabled
+  EXPECT_TRUE(session.gridLines);
+  Open(1);
+  for (const bool shown : {false, true}) {
+    Press(Qt::Key_G);
+    EXPECT_EQ(session.gridLines, shown);
+    EXPECT_EQ(Item("mnuLinhaGrade").isChecked(), shown);
+  }
+  emit Experiments().ChartMenu(QStringLiteral("picCs"), QPoint(200, 200));
+  auto* const popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  ASSERT_TRUE(popup != nullptr && popup->objectName() == QStringLiteral("mnuPopup"));
+  QTest::mouseClick(popup, Qt::LeftButton, {}, popup->actionGeometry(&Item("mnuCopiar")).center());
+  EXPECT_EQ(session.clickedChart, "picCs");
+  EXPECT_EQ(QApplication::clipboard()->pixmap().size(),
+            Child<QWidget>(Experiments(), "picCs")->size());
+}
+
+TEST_F(Shell, AsksBeforeItEnds) {
+  Start(Language::English);
+  dialogs.answers = {Answer::No, Answer::No, Answer::Yes};
+  Press(Qt::Key_S);
+  EXPECT_FALSE(frame->close());
+  EXPECT_TRUE(frame->isVisible());
+  EXPECT_EQ(dialogs.shown.back(),
+            (std::pair{Message{{356}, "Velmora", Icon::Question}, Buttons::YesNo}));
+  Press(Qt::Key_S);
+  EXPECT_FALSE(frame->isVisible());
+  EXPECT_EQ(dialogs.shown.size(), 3U);
+}
+
+TEST(Dialogs, WordTheirButtonsAndTakeEscapeAsTheCautiousAnswer) {
+  Session session;
+  Dialogs dialogs(session);
+  for (const auto& [key, answer] :
+       {std::pair{Qt::Key_Escape, Answer::No}, {Qt::Key_Return, Answer::Yes}}) {
+    QTimer::singleShot(0, qApp, [key = key] {
+      auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      ASSERT_NE(box, nullptr);
+      EXPECT_EQ(box->windowTitle(), QStringLiteral("Atenção"));
+      EXPECT_EQ(box->text(), QStringLiteral("Deseja parar o ajuste? <b>\n\nline 3"));
+      EXPECT_EQ(box->textFormat(), Qt::PlainText);
+      EXPECT_EQ(box->button(QMessageBox::No)->text(), QStringLiteral("Não"));
+      EXPECT_EQ(box->button(QMessageBox::Yes)->text(), QStringLiteral("Sim"));
+      QTest::keyClick(box, key);
+    });
+    const Message question{{361, " <b>"}, 307, Icon::Question};
+    EXPECT_EQ(dialogs.Show(nullptr, question, Buttons::YesNo, QStringLiteral("line 3")), answer);
+  }
+}
+
+TEST(HelpDocument, OpensTheGuideOfTheLanguageAndPassesOverAMissingOne) {
+  const TemporaryFolder folder;
+  const QString place = QString::fromStdString(folder / "");
+  const std::string opened = folder / "opened";
+  std::ofstream(folder / "xdg-open") << "#!/bin/sh\nprintf %s \"$1\" > '" << opened << ".part'\n"
+                                     << "mv '" << opened << ".part' '" << opened << "'\n";
+  std::filesystem::permissions(folder / "xdg-open", std::filesystem::perms::owner_all);
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", place.toUtf8() + ':' + path);
+  EXPECT_FALSE(OpenHelpDocument(place, Language::English));
+  std::ofstream(folder / "HelpFile_Velmora.pdf") << "%PDF";
+  EXPECT_FALSE(OpenHelpDocument(place, Language::Portuguese));
+  EXPECT_TRUE(OpenHelpDocument(place, Language::English));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(opened); }));
+  EXPECT_EQ(BytesOf(opened), folder / "HelpFile_Velmora.pdf");
+  qputenv("PATH", place.toUtf8() + "none");
+  EXPECT_FALSE(OpenHelpDocument(place, Language::English));  // no viewer
+  qputenv("PATH", path);
+}
+
+}  // namespace
+}  // namespace velmora
