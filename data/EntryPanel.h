@@ -1,0 +1,47 @@
+// The experiment being entered: the boxes and the grid, which agree on the number of points.
+#pragma once
+
+#include <QGroupBox>
+#include <vector>
+
+#include "data/ExperimentEntry.h"
+
+namespace velmora {
+
+class ExperimentGridView;
+class HeaderPanel;
+
+class EntryPanel : public QGroupBox {
+  Q_OBJECT
+
+ public:
+  /// `separator` is the locale's decimal separator, '.' or ','.
+  explicit EntryPanel(char separator, QWidget* parent = nullptr);
+
+  /// Shows what is saved or empty; the user has changed nothing of it yet.
+  void SetEntry(const ExperimentHeader& header, std::vector<GridRow> rows);
+  /// Empties the boxes and the grid.
+  void Clear();
+  EntryRead Entry() const;
+  /// Whether the user has changed what `SetEntry` showed, and something stands there.
+  bool Unsaved() const;
+  /// Gives the box or cell that was refused the focus.
+  void GoTo(const EntryRead::Refusal& refusal);
+  ExperimentGridView& Grid() { return *grid_; }
+
+ signals:
+  /// A pasted block was refused; nothing changed.
+  void Refused(const velmora::Message& message);
+
+ private:
+  void Wire();
+  void PointsEdited();
+  void ShowPoints();
+
+  char separator_;
+  HeaderPanel* header_;
+  ExperimentGridView* grid_;
+  bool edited_ = false;
+};
+
+}  // namespace velmora
