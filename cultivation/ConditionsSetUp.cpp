@@ -59,6 +59,11 @@ std::optional<Refusal> ReadValues(const CultivationForm& form, char separator, C
   return std::nullopt;
 }
 
+/// A computed alpha as its box shows it.
+std::string ShownAlfa(const ConditionsRow& row, char separator) {
+  return PlainText(RoundHalfEven(row[At::alpha], kAlfaDecimals), separator);
+}
+
 /// Sets alpha as production and yields decide it; the text to show for it, if it was decided.
 std::optional<std::string> DecideAlfa(const CultivationForm& form, char separator,
                                       ConditionsRow& row) {
@@ -68,7 +73,7 @@ std::optional<std::string> DecideAlfa(const CultivationForm& form, char separato
   }
   if (form.yields == Yields::Stoichiometric) return std::nullopt;
   row[At::alpha] = row[At::YpsTyped] / row[At::Yxs];
-  return PlainText(RoundHalfEven(row[At::alpha], kAlfaDecimals), separator);
+  return ShownAlfa(row, separator);
 }
 
 void DecideYields(Yields yields, ConditionsRow& row) {
@@ -185,6 +190,7 @@ CultivationForm FormOf(const ConditionsRecord& record, const std::vector<FittedP
   form.method = MethodNamed(record.options.method);
   form.production = ProductionNamed(record.options.production);
   form.yields = record.row[At::Fp] == 0 ? Yields::Global : Yields::Stoichiometric;
+  if (form.yields == Yields::Global) form.At(At::alpha) = ShownAlfa(record.row, separator);
   form.model = record.options.model;
   for (const FittedParameter& row : fitted) {
     const int index = FittableIndex(static_cast<At>(row.code));

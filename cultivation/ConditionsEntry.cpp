@@ -1,0 +1,86 @@
+#include "cultivation/ConditionsEntry.h"
+
+#include <algorithm>
+
+#include "app/Numbers.h"
+#include "cultivation/ConditionsSetUp.h"
+
+namespace velmora {
+namespace {
+
+bool SameRow(const FitRow& left, const FitRow& right) {
+  return left.ticked == right.ticked && left.lower == right.lower && left.upper == right.upper;
+}
+
+int PlacesOf(const std::vector<Class1>& experiments) {
+  return std::min(static_cast<int>(experiments.size()), kMostExperiments);
+}
+
+/// The place of a saved record with this number that no experiment has taken; `place` itself first.
+int RecordFor(std::int16_t number, int place, const CultivationConditions& conditions,
+              const std::array<bool, kMostExperiments + 1>& taken) {
+  const auto serves = [&](int candidate) {
+    const ConditionsRecord& record = conditions.At(candidate);
+    return !taken[static_cast<std::size_t>(candidate)] && record.saved && record.number == number;
+  };
+  if (serves(place)) return place;
+  for (int candidate = 1; candidate <= kMostExperiments; ++candidate)
+    if (serves(candidate)) return candidate;
+  return 0;
+}
+
+}  // namespace
+
+std::array<std::string, 31> ExactTexts(const ConditionsRow& row, char separator) {
+  std::array<std::string, 31> texts = ShownTexts(row, separator);
+  for (int position = 1; position <= ConditionsRow::kCount; ++position) {
+    std::string& text = texts[static_cast<std::size_t>(position) - 1];
+    if (!text.empty()) text = PlainText(row[position], separator);
+  }
+  return texts;
+}
+
+std::string ShownText(At position, double value, char separator) {
+  ConditionsRow row;
+  row[position] = value;
+  return ShownTexts(row, separator)[static_cast<std::size_t>(position) - 1];
+}
+
+std::vector<std::pair<At, std::string>> SuggestedTexts(const Class1& experiment, char separator) {
+  std::vector<std::pair<At, std::string>> texts;
+  const auto suggest = [&](At position, double value) {
+    texts.emplace_back(position, PlainText(value, separator));
+  };
+  if (experiment.NDados > 0) {
+    suggest(At::Cx0, experiment.NVetCx.front());
+    suggest(At::Cs0, experiment.NVetCs.front());
+    suggest(At::Cp0, experiment.NVetCp.front());
+  }
+  suggest(At::T, experiment.NTempoFinal);
+  return texts;
+}
+
+bool SameEntries(const CultivationForm& left, const CultivationForm& right) {
+  return left.texts == right.texts && left.method == right.method &&
+         left.production == right.production && left.yields == right.yields &&
+         left.dataSet == right.dataSet && left.model == right.model &&
+         std::equal(left.fit.begin(), left.fit.end(), right.fit.begin(), SameRow);
+}
+
+bool AlignConditions(const std::vector<Class1>& experiments, CultivationConditions& conditions) {
+  CultivationConditions aligned;
+  aligned.fitted = conditions.fitted;
+  std::array<bool, kMostExperiments + 1> taken{};
+  for (int place = 1; place <= PlacesOf(experiments); ++place) {
+    const std::int16_t number = experiments[static_cast<std::size_t>(place) - 1].NExp;
+    const int source = RecordFor(number, place, conditions, taken);
+    if (source == 0) continue;
+    aligned.At(place) = conditions.At(source);
+    taken[static_cast<std::size_t>(source)] = true;
+  }
+  if (aligned == conditions) return false;
+  conditions = aligned;
+  return true;
+}
+
+}  // namespace velmora

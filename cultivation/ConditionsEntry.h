@@ -1,0 +1,33 @@
+// What the boxes of an experiment start from, and what tells that they were changed.
+#pragma once
+
+#include <array>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "cultivation/CultivationConditions.h"
+#include "cultivation/CultivationForm.h"
+#include "data/Class1.h"
+
+namespace velmora {
+
+/// The numbers behind the boxes of a stored row, by position, without the rounding of what the
+/// boxes show; empty for the positions without a box.
+std::array<std::string, 31> ExactTexts(const ConditionsRow& row, char separator);
+
+/// The text that the box of `position` shows for `value`.
+std::string ShownText(At position, double value, char separator);
+
+/// The boxes that an experiment without saved conditions begins with: the concentrations of its
+/// first measured point, and its final time.
+std::vector<std::pair<At, std::string>> SuggestedTexts(const Class1& experiment, char separator);
+
+/// Whether two forms state the same. Whether the model is confirmed does not count.
+bool SameEntries(const CultivationForm& left, const CultivationForm& right);
+
+/// Brings the records to the places of their experiments' numbers, after experiments were inserted
+/// or deleted; the records of experiments that are no more are dropped. Whether anything changed.
+bool AlignConditions(const std::vector<Class1>& experiments, CultivationConditions& conditions);
+
+}  // namespace velmora

@@ -1,0 +1,74 @@
+// One run of the search on the user-interface thread, with its clock and its stop flag.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QObject>
+#include <QTimer>
+#include <memory>
+#include <optional>
+#include <vector>
+
+#include "estimation/Deviations.h"
+#include "estimation/EvolucaoDiferencial.h"
+#include "kinetics/ModelCurves.h"
+
+namespace velmora {
+
+/// What a run came to.
+struct RunOutcome {
+  std::vector<FitVariable> variables;
+  SearchResult result;
+  Deviations deviations;  // where the search has a result
+  bool outOfMemory = false;
+
+  bool HasResult() const { return !result.best.empty(); }
+};
+
+/// Lets the window's events through once per generation, so that the clock ticks and the stop
+/// command is heard. The signals are emitted inside `Run`.
+class RunControl : public QObject, private SearchObserver {
+  Q_OBJECT
+
+ public:
+  explicit RunControl(QObject* parent = nullptr);
+
+  /// Searches, and returns when the search has ended, was stopped or failed. Not to be called while
+  /// a run is going.
+  RunOutcome Run(const FitProblem& problem, const EstimationSettings& settings);
+  bool Running() const { return running_; }
+  /// The fitted parameters of the run that is going.
+  const std::vector<FitVariable>& Variables() const { return variables_; }
+  /// Ends the run before its next generation.
+  void Stop() { stop_ = true; }
+
+ signals:
+  /// A measured variable has no value above 0; once for each.
+  void NotNormalised();
+  /// The bounds have passed; the search begins.
+  void Started();
+  void Ticked(int seconds);
+  void GenerationEnded(const velmora::Generation& generation);
+  /// The best fit's curves, at most ten times a second, and at the end.
+  void CurvesChanged(const velmora::ModelCurves& curves);
+
+ private:
+  bool StopRequested() override;
+  void Report(const Generation& generation) override;
+  void Tick();
+  void ShowTime();
+  void Search(const FitProblem& problem, const EstimationSettings& settings, RunOutcome& outcome);
+  void Draw(const Objective& objective);
+
+  bool running_ = false;
+  std::vector<FitVariable> variables_;
+  bool stop_ = false;
+  QTimer clock_;
+  QElapsedTimer elapsed_;
+  QElapsedTimer sinceDrawn_;
+  int seconds_ = 0;
+  std::unique_ptr<Objective>
+      drawing_;  // simulates the best vector: the search's own holds the last
+  ModelCurves curves_;
+};
+
+}  // namespace velmora

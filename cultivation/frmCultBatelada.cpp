@@ -1,0 +1,454 @@
+#include "cultivation/frmCultBatelada.h"
+
+#include <QClipboard>
+#include <QEvent>
+#include <QFile>
+#include <QGuiApplication>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "app/Caption.h"
+#include "app/Idiomas.h"
+#include "app/NumberEntry.h"
+#include "app/Numbers.h"
+#include "cultivation/ChartsPanel.h"
+#include "cultivation/ConditionsEntry.h"
+#include "cultivation/ConditionsSetUp.h"
+#include "cultivation/DataExport.h"
+#include "cultivation/ExperimentPanel.h"
+#include "cultivation/FaultDescription.h"
+#include "cultivation/FitSetUp.h"
+#include "cultivation/FormEntry.h"
+#include "cultivation/OpenedConditions.h"
+#include "cultivation/PanelParts.h"
+#include "cultivation/ResultsPanel.h"
+#include "cultivation/RunPanel.h"
+#include "cultivation/ScoreView.h"
+#include "cultivation/Simulation.h"
+#include "data/FaultDetail.h"
+#include "estimation/ResultTexts.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kResultsWidth = 430;  // the longest heading on one line
+constexpr int kRoomForScore = 860;  // window height from which the score's course has room
+constexpr int kEstimating = 107, kLegend = 153, kEstimated = 196, kNotCompleted = 362,
+              kSumOfSquares = 514;
+constexpr int kAttention = 307, kConfirmEstimation = 302, kError = 313;
+
+Message Attention(std::initializer_list<Piece> pieces) {
+  return {std::vector<Piece>(pieces), kAttention, Icon::Information};
+}
+
+/// What is fixed stays readable although it cannot be changed.
+QPalette ReadablePalette(QPalette colours) {
+  constexpr QColor kFixed(0x70, 0x70, 0x70);
+  for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+    colours.setColor(QPalette::Disabled, role, kFixed);
+  return colours;
+}
+
+}  // namespace
+
+frmCultBatelada::frmCultBatelada(Session& session, Dialogs& dialogs, QWidget* parent)
+    : QWidget(parent), session_(session), dialogs_(dialogs) {
+  setObjectName(QStringLiteral("frmCultBatelada"));
+  setPalette(ReadablePalette(palette()));
+  BuildPanels();
+  LayOut();
+  Wire();
+  ShowAtStart();
+}
+
+void frmCultBatelada::BuildPanels() {
+  experiment_ = new ExperimentPanel(this);
+  entry_ = new FormEntry(this);
+  runPanel_ = new RunPanel(this);
+  results_ = new ResultsPanel(this);
+  results_->setMinimumWidth(kResultsWidth);
+  score_ = new ScoreView(this);
+  score_->hide();
+  charts_ = new ChartsPanel(this);
+  run_ = new RunControl(this);
+  auto* const numbers = new NumberEntry(session_.separator, this);
+  for (NumberBox* const box : findChildren<NumberBox*>()) numbers->Watch(*box);
+}
+
+/// Left what is chosen and entered, in the middle the parameters, the run and its results, right
+/// the plots: these take the room that a large window has.
+void frmCultBatelada::LayOut() {
+  auto* const choices = new QVBoxLayout;
+  for (QWidget* const panel : {entry_->Choices(), entry_->Model(), entry_->Conditions()})
+    choices->addWidget(panel);
+  choices->addStretch();
+  choices->addWidget(score_, 1);
+  auto* const run = new QVBoxLayout;
+  run->addWidget(entry_->Parameters());
+  run->addWidget(runPanel_);
+  run->addWidget(results_, 1);
+  auto* const columns = new QHBoxLayout;
+  columns->setSpacing(kSpacing);
+  columns->addLayout(choices);
+  columns->addLayout(run, 2);
+  columns->addWidget(charts_, 3);
+  auto* const all = new QVBoxLayout(this);
+  TightenInside(*all);
+  all->addWidget(experiment_);
+  all->addLayout(columns, 1);
+}
+
+void frmCultBatelada::Wire() {
+  connect(experiment_, &ExperimentPanel::StepAsked, this, &frmCultBatelada::Step);
+  connect(experiment_, &ExperimentPanel::BackAsked, this, &frmCultBatelada::BackToExperiments);
+  connect(entry_, &FormEntry::Edited, this, &frmCultBatelada::ShowStanding);
+  connect(runPanel_, &RunPanel::SaveAsked, this, &frmCultBatelada::SalvarCondCult);
+  connect(runPanel_, &RunPanel::StartAsked, this, &frmCultBatelada::Ajustar);
+  connect(runPanel_, &RunPanel::StopAsked, this, &frmCultBatelada::AskToStop);
+  connect(results_, &ResultsPanel::ToggleAsked, this, [this] { ShowParameters(!estimatedShown_); });
+  connect(charts_, &ChartsPanel::MenuAsked, this, &frmCultBatelada::ChartMenu);
+  connect(charts_, &ChartsPanel::Activated, this, [this] {
+    if (session_.lists.Empty()) Tell(Attention({331}));
+  });
+  connect(run_, &RunControl::NotNormalised, this, [this] {
+    Tell({{"Erro na normalização dos dados experimentais"}, "Velmora", Icon::None});
+  });
+  connect(run_, &RunControl::Started, this, &frmCultBatelada::BeginResults);
+  connect(run_, &RunControl::Ticked, runPanel_, &RunPanel::ShowSeconds);
+  connect(run_, &RunControl::GenerationEnded, this, &frmCultBatelada::ShowGeneration);
+  connect(run_, &RunControl::CurvesChanged, this, &frmCultBatelada::TakeCurves);
+}
+
+void frmCultBatelada::ShowAtStart() {
+  Idiomas(*this, session_.language);
+  ExperimentsChanged();
+}
+
+void frmCultBatelada::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::LanguageChange) return;
+  const Language language = session_.language;
+  experiment_->SetLanguage(language);
+  entry_->SetLanguage(language);
+  runPanel_->SetLanguage(language);
+  results_->SetLanguage(language);
+  score_->SetHeading(Caption(kSumOfSquares, language).trimmed());
+  charts_->SetLegendHeading(Caption(kLegend, language));
+}
+
+void frmCultBatelada::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  score_->setVisible(height() >= kRoomForScore);
+}
+
+void frmCultBatelada::showEvent(QShowEvent* event) {
+  QWidget::showEvent(event);
+  session_.activeWindow = objectName().toStdString();
+}
+
+Answer frmCultBatelada::Tell(const Message& message, Buttons buttons, const QString& detail) {
+  return dialogs_.Show(this, message, buttons, detail);
+}
+
+void frmCultBatelada::Refuse(const Refusal& refusal) {
+  Tell(refusal.message);
+  if (refusal.box) entry_->Focus(*refusal.box);
+}
+
+// The experiment shown.
+
+int frmCultBatelada::NumExperimentos() const {
+  return session_.lists.Count();
+}
+
+bool frmCultBatelada::IsSaved(int place) const {
+  return place >= 1 && place <= kMostExperiments && session_.conditions.At(place).saved;
+}
+
+bool frmCultBatelada::ShownIsCurrent(int place) const {
+  return place == place_ && session_.lists.Experiment(place) == shown_ &&
+         IsSaved(place) == shownSaved_;
+}
+
+void frmCultBatelada::ExperimentsChanged() {
+  AlignConditions(session_.lists.Experiments(), session_.conditions);
+  std::vector<std::int16_t> numbers;
+  for (const Class1& experiment : session_.lists.Experiments()) numbers.push_back(experiment.NExp);
+  if (numbers != numbers_) session_.curvesPresent = false;  // they stand by place
+  numbers_ = numbers;
+
+  const int place = place_ == 0 ? 0 : session_.lists.PlaceOf(shown_.NExp);
+  if (place == 0)
+    MostrarCondCult(session_.lists.Empty() ? 0 : 1);
+  else if (!ShownIsCurrent(place))
+    MostrarCondCult(place);
+  ShowStanding();
+  GraficoSub();
+}
+
+void frmCultBatelada::MostrarCondCult(int place) {
+  place_ = place;
+  shown_ = place == 0 ? Class1() : session_.lists.Experiment(place);
+  shownSaved_ = IsSaved(place);
+  if (shownSaved_)
+    ShowStored(session_.conditions.At(place));
+  else if (place != 0)
+    ShowSuggested(shown_);
+  entry_->SetFixed(session_.conditions.SavedCount() > 0);
+  estimatedShown_ = false;
+  results_->SetDirection(ResultsPanel::Direction::ToEstimated);
+  ShowStanding();
+}
+
+void frmCultBatelada::ShowStored(const ConditionsRecord& record) {
+  CultivationForm form = FormOf(record, session_.conditions.fitted, session_.separator);
+  const std::array<std::string, 31> shown = form.texts;
+  form.texts = ExactTexts(record.row, session_.separator);
+  // Experiments that are only simulated leave the ticks and bounds as they stand.
+  if (session_.conditions.fitted.empty()) form.fit = entry_->Form().fit;
+  entry_->SetStored(form, shown, RecognisedModel(record, session_.conditions.fitted));
+}
+
+/// Choices, yields and parameters stay as they stand: most of them are the same for all
+/// experiments.
+void frmCultBatelada::ShowSuggested(const Class1& experiment) {
+  for (const auto& [position, text] : SuggestedTexts(experiment, session_.separator))
+    entry_->SetBox(position, text, text);
+  entry_->MarkStored();
+}
+
+void frmCultBatelada::ShowStanding() {
+  const bool saved = IsSaved(place_) && !entry_->Changed();
+  experiment_->SetStanding(
+      {place_, NumExperimentos(), shown_.NExp, saved, session_.conditions.SavedCount()});
+  runPanel_->SetSimulates(entry_->Form().method == Method::Manual);
+}
+
+void frmCultBatelada::Step(int step) {
+  if (entry_->Changed()) {
+    Tell(Attention({357, std::to_string(shown_.NExp), 358}));
+    return;
+  }
+  MostrarCondCult(place_ + step);
+}
+
+void frmCultBatelada::SalvarCondCult() {
+  if (place_ > kMostExperiments) {
+    Tell(Attention({337}));
+    return;
+  }
+  const Saved saved = velmora::SalvarCondCult(entry_->Form(), place_, shown_.NExp,
+                                              session_.separator, session_.conditions);
+  if (saved.refusal) return Refuse(*saved.refusal);
+  const double alpha = session_.conditions.At(place_).row[At::alpha];
+  if (saved.shownAlfa)
+    entry_->SetBox(At::alpha, *saved.shownAlfa, PlainText(alpha, session_.separator));
+  entry_->MarkStored();
+  entry_->SetFixed(true);
+  shownSaved_ = true;
+  ShowStanding();
+  emit SessionChanged();
+}
+
+void frmCultBatelada::LimpaVet(int place) {
+  if (place < 1 || place > kMostExperiments) return;
+  session_.conditions.LimpaVet(place);
+  if (session_.conditions.SavedCount() == 0) session_.conditions.Clear();
+  if (place == place_) MostrarCondCult(place);
+  ShowStanding();
+  emit SessionChanged();
+}
+
+void frmCultBatelada::LimpaCaixaTexto() {
+  entry_->Clear();
+}
+
+// The run.
+
+void frmCultBatelada::Ajustar() {
+  const CultivationForm form = entry_->Form();
+  const std::vector<FittedParameter> table = VarAjustadas(form, session_.separator);
+  const CheckedFit checked = ChecarVarAjustadas(table);
+  // A simulation fits nothing, so that nothing need be ticked.
+  const auto refusal = form.method == Method::Manual ? RefuseFitRows(table) : checked.refusal;
+  if (refusal) return Refuse(*refusal);
+  if (const auto message = RefuseRun(NumExperimentos(), session_.conditions)) {
+    Tell(*message);
+    return;
+  }
+  switch (form.method) {
+    case Method::Manual:
+      return Simulate();
+    case Method::ED:
+      return AskAndEstimate(checked.variables);
+    case Method::LM:
+    case Method::None:
+      Tell(Attention({335}));
+  }
+}
+
+void frmCultBatelada::Simulate() {
+  ModelCurves curves;
+  results_->Clear();
+  for (const ArithmeticFault& fault : Manual(session_.conditions, NumExperimentos(), curves)) {
+    EndCurveAt(fault, curves.at(static_cast<std::size_t>(fault.place) - 1));
+    AppendFault(fault);
+  }
+  TakeCurves(curves);
+  emit SessionChanged();
+}
+
+void frmCultBatelada::AskAndEstimate(const std::vector<FitVariable>& variables) {
+  const Message question{{312}, kConfirmEstimation, Icon::Question};
+  if (Tell(question, Buttons::YesNo) != Answer::Yes) return;
+  FitProblem problem = ProblemOf(session_.lists.Experiments(), session_.conditions);
+  problem.variables = variables;
+  quiet_ = false;
+  SetRunning(true);
+  const RunOutcome outcome = run_->Run(problem, session_.settings);
+  SetRunning(false);
+  ShowOutcome(outcome);
+  emit SessionChanged();
+}
+
+void frmCultBatelada::SetRunning(bool running) {
+  experiment_->setEnabled(!running);
+  entry_->SetEnabled(!running);
+  runPanel_->SetRunning(running);
+  results_->SetRunning(running);
+}
+
+void frmCultBatelada::BeginResults() {
+  results_->Clear();
+  score_->Clear();
+  runPanel_->SetHeading(kEstimating);
+  runPanel_->ShowSeconds(0);
+  runPanel_->ShowProgress(0, static_cast<int>(session_.settings.ITER));
+  emit SessionChanged();
+}
+
+void frmCultBatelada::ShowGeneration(const Generation& generation) {
+  results_->Append(
+      ProgressText(run_->Variables(), generation, {session_.language, session_.separator}));
+  score_->Add(generation.score);
+  runPanel_->ShowProgress(generation.number, static_cast<int>(session_.settings.ITER));
+}
+
+void frmCultBatelada::ShowOutcome(const RunOutcome& outcome) {
+  if (outcome.HasResult()) return ShowResult(outcome);
+  runPanel_->SetHeading(outcome.result.fault ? kEstimated : 0);
+  if (outcome.result.fault) return AppendFault(*outcome.result.fault);
+  if (outcome.result.refusal) Tell(*outcome.result.refusal);
+  if (outcome.outOfMemory) Tell(Attention({350}));
+}
+
+void frmCultBatelada::ShowResult(const RunOutcome& outcome) {
+  lastRun_ = outcome;
+  runPanel_->SetHeading(kEstimated);
+  results_->Append(FinalText(outcome.variables, outcome.result, outcome.deviations,
+                             {session_.language, session_.separator}));
+  results_->SetAvailable(true);
+  ShowParameters(true);
+  if (outcome.deviations.fault && !quiet_) Tell(InversionMessage());
+}
+
+void frmCultBatelada::AppendFault(const ArithmeticFault& fault) {
+  const Language language = session_.language;
+  results_->Append(std::string(Text(kNotCompleted, language)) + FaultDescription(fault, language) +
+                   "\n");
+}
+
+void frmCultBatelada::ShowParameters(bool estimated) {
+  const char separator = session_.separator;
+  for (std::size_t j = 0; j < lastRun_->variables.size(); ++j) {
+    const FitVariable& variable = lastRun_->variables[j];
+    const double value = estimated ? lastRun_->result.best[j] : variable.start;
+    const std::string text = estimated ? Formatted(value, kTwoToThirteen, separator)
+                                       : ShownText(variable.position, value, separator);
+    entry_->SetBox(variable.position, text, PlainText(value, separator),
+                   estimated ? NumberBox::Mark::Estimated : NumberBox::Mark::None);
+  }
+  estimatedShown_ = estimated;
+  results_->SetDirection(estimated ? ResultsPanel::Direction::ToInitial
+                                   : ResultsPanel::Direction::ToEstimated);
+}
+
+void frmCultBatelada::AskToStop() {
+  const Message question{{361}, kAttention, Icon::Question};
+  if (Tell(question, Buttons::YesNo) == Answer::Yes) run_->Stop();
+}
+
+bool frmCultBatelada::Running() const {
+  return run_->Running();
+}
+
+void frmCultBatelada::StopRun() {
+  quiet_ = true;
+  run_->Stop();
+}
+
+// Plots, export and the conditions file.
+
+void frmCultBatelada::TakeCurves(const ModelCurves& curves) {
+  session_.curves = curves;
+  session_.curvesPresent = true;
+  GraficoSub();
+}
+
+void frmCultBatelada::GraficoSub() {
+  charts_->Draw(session_.lists, session_.curvesPresent ? &session_.curves : nullptr,
+                session_.gridLines, session_.separator);
+}
+
+void frmCultBatelada::LegendaSub() {
+  charts_->ToggleLegend();
+}
+
+void frmCultBatelada::ExportarDados() {
+  if (!session_.curvesPresent) return;
+  const int experiments = std::min(NumExperimentos(), kMostExperiments);
+  QGuiApplication::clipboard()->setText(QString::fromStdString(
+      velmora::ExportarDados(session_.curves, experiments, session_.separator)));
+}
+
+void frmCultBatelada::SalvarArqCondBat() {
+  const int experiments = NumExperimentos();
+  const int saved = session_.conditions.SavedCount();
+  if (experiments < 1 || saved != experiments) {
+    Tell(Attention({saved == 0 ? 330 : 337}));
+    return;
+  }
+  const QString file =
+      dialogs_.SaveFile(this, QStringLiteral("Arquivos Textos (*.abr)"), QStringLiteral("abr"));
+  if (file.isEmpty()) return;
+  const bool active = session_.activeWindow == objectName().toStdString();
+  TellFault(WriteConditions(session_.conditions, experiments, active,
+                            QFile::encodeName(file).toStdString()));
+}
+
+void frmCultBatelada::AbrirCondBat() {
+  const QString file = dialogs_.OpenFile(this, QStringLiteral("ABR abr(*.abr)"));
+  if (file.isEmpty()) return;
+  const ConditionsRead read = ReadConditions(QFile::encodeName(file).toStdString());
+  if (read.fault) return TellFault(read.fault);
+  const OpenedConditions opened = CompareWithLists(read, session_.lists.Experiments());
+  if (opened.refusal) {
+    Tell(*opened.refusal);
+    return;
+  }
+  session_.conditions = opened.conditions;
+  session_.curvesPresent = false;
+  MostrarCondCult(1);
+  GraficoSub();
+  for (const Message& message : opened.messages) Tell(message);
+  emit SessionChanged();
+}
+
+void frmCultBatelada::TellFault(const std::optional<FileFault>& fault) {
+  if (!fault) return;
+  Tell({{314}, kError, Icon::Critical}, Buttons::Ok,
+       QString::fromStdString(FaultDetail(*fault, session_.language)));
+}
+
+}  // namespace velmora
