@@ -25,7 +25,8 @@ class SquareMatrix {
 
  private:
   std::size_t Index(int row, int column) const {
-    return static_cast<std::size_t>(row * size_ + column);
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(size_) +
+           static_cast<std::size_t>(column);
   }
   int size_;
   std::vector<double> values_;
