@@ -8,27 +8,13 @@
 #include "estimation/EvolucaoDiferencial.h"
 #include "kinetics/Modelos.h"
 #include "kinetics/Runge_Kutta.h"
+#include "tests/support/Batches.h"
 
 namespace velmora {
 namespace {
 
-/// A batch in the range of a yeast cultivation, with every term of the model at work.
-KineticParameters BatchOf(const Model& model) {
-  KineticParameters p;
-  p[At::Cx0] = 0.5, p[At::Cs0] = 75, p[At::Cp0] = 0.1, p[At::T] = 45;
-  p[At::Yxs] = 0.27, p[At::alpha] = 1.5, p[At::beta] = 0.01;
-  p[At::muMax] = 0.3, p[At::Ks] = 8, p[At::Kis] = 90;
-  p[At::Kip] = model.product == ProductTerm::Aiba ? 0.02 : 40;
-  p[At::CxAst] = 40, p[At::CpAst] = 60, p[At::m] = 0.7, p[At::n] = 1.3, p[At::u] = 1.2,
-  p[At::v] = 1.4;
-  p[At::ms] = 0.01, p[At::Kd] = 0.005, p[At::Kdp] = 0.001, p[At::CsAst1] = 1, p[At::CsAst2] = 10;
-  p[At::Yps] = 0.45, p[At::Fp] = 1;
-  SetModelSwitches(model, p);
-  return p;
-}
-
 void IntegrateModel(benchmark::State& state, const Model& model, Law law) {
-  const KineticParameters parameters = BatchOf(model);
+  const KineticParameters parameters = test::BatchOf(model);
   Runge_Kutta integrator;
   ModelCurve curve;
   for (auto _ : state) {
@@ -38,24 +24,8 @@ void IntegrateModel(benchmark::State& state, const Model& model, Law law) {
   }
 }
 
-FitProblem ThreeExperiments(const Model& model) {
-  FitProblem problem;
-  for (const double Cs0 : {40.0, 60.0, 80.0}) {
-    KineticParameters row = BatchOf(model);
-    row[At::Cs0] = Cs0;
-    ModelCurve curve;
-    Runge_Kutta().Integrate(row, curve);
-    Class1 experiment;
-    for (std::size_t i = 4; i < curve.time.size(); i += 10) {
-      experiment.NVetTempo.push_back(curve.time[i]);
-      experiment.NVetCx.push_back(curve.Cx[i]);
-      experiment.NVetCs.push_back(curve.Cs[i]);
-      experiment.NVetCp.push_back(curve.Cp[i]);
-    }
-    experiment.NDados = static_cast<std::int16_t>(experiment.NVetTempo.size());
-    problem.experiments.push_back(experiment);
-    problem.rows.push_back(row);
-  }
+FitProblem ThreeExperiments(std::string_view model) {
+  FitProblem problem = test::SampledBatches(model, {40, 60, 80});
   problem.variables = {{At::muMax, 0.05, 1, 0.2},
                        {At::Ks, 1, 30, 10},
                        {At::Kis, 20, 300, 100},
@@ -66,7 +36,7 @@ FitProblem ThreeExperiments(const Model& model) {
 
 /// 100 members and 200 generations, the stopping rule held open: 20,100 evaluations.
 void FitThreeExperiments(benchmark::State& state) {
-  const FitProblem problem = ThreeExperiments(*FindModel("Andrews-Levenspiel"));
+  const FitProblem problem = ThreeExperiments("Andrews-Levenspiel");
   EstimationSettings settings;
   settings.EPS = -1;
   std::int32_t calls = 0;

@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "app/Bilingual.h"
 #include "app/Message.h"
 #include "app/Texts.h"
 #include "data/FileFault.h"
@@ -114,14 +115,5 @@ std::string PlaceInFile(const std::string& path, int line);
 
 /// A pattern with {1}, {2}, ... replaced by the arguments.
 std::string Filled(std::string_view pattern, std::initializer_list<std::string_view> arguments);
-
-/// A text in both languages.
-struct Bilingual {
-  std::string_view english;
-  std::string_view portuguese;
-  std::string_view In(Language language) const {
-    return language == Language::English ? english : portuguese;
-  }
-};
 
 }  // namespace velmora::cli

@@ -5,25 +5,18 @@
 #include <cstddef>
 #include <string_view>
 
+#include "app/Bilingual.h"
+
 namespace velmora {
 namespace {
 
-struct Words {
-  std::string_view english;
-  std::string_view portuguese;
-
-  std::string_view In(Language language) const {
-    return language == Language::English ? english : portuguese;
-  }
-};
-
-constexpr std::array<Words, 3> kKinds = {{
+constexpr std::array<Bilingual, 3> kKinds = {{
     {"division by zero", "divisão por zero"},
     {"overflow", "valor grande demais"},
     {"power without a value", "potência sem valor"},
 }};
 
-constexpr std::array<Words, 16> kTerms = {{
+constexpr std::array<Bilingual, 16> kTerms = {{
     {"in the substrate power Cs^u", "na potência do substrato Cs^u"},
     {"in the cell power of the Contois term", "na potência das células do termo de Contois"},
     {"in the substrate-inhibition term", "no termo de inibição pelo substrato"},
@@ -43,9 +36,9 @@ constexpr std::array<Words, 16> kTerms = {{
 }};
 static_assert(kTerms.size() == static_cast<std::size_t>(FaultTerm::Deviations) + 1);
 
-constexpr Words kExperiment = {"experiment ", "experimento "};
-constexpr Words kPoint = {"point ", "ponto "};
-constexpr Words kOf = {" of ", " de "};
+constexpr Bilingual kExperiment = {"experiment ", "experimento "};
+constexpr Bilingual kPoint = {"point ", "ponto "};
+constexpr Bilingual kOf = {" of ", " de "};
 
 std::string Place(const ArithmeticFault& fault, Language language) {
   std::string place;

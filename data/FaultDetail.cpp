@@ -3,20 +3,13 @@
 #include <array>
 #include <string_view>
 
+#include "app/Bilingual.h"
+
 namespace velmora {
 namespace {
 
-struct Words {
-  std::string_view english;
-  std::string_view portuguese;
-
-  std::string_view In(Language language) const {
-    return language == Language::English ? english : portuguese;
-  }
-};
-
 /// By FileReason; {1} is the detail.
-constexpr auto kReasons = std::to_array<Words>({
+constexpr auto kReasons = std::to_array<Bilingual>({
     {"the file cannot be opened: {1}", "o arquivo não pode ser aberto: {1}"},
     {"this is no regular file; name a file", "isto não é um arquivo comum; indique um arquivo"},
     {"the file cannot be read: {1}", "o arquivo não pode ser lido: {1}"},
@@ -40,7 +33,7 @@ constexpr auto kReasons = std::to_array<Words>({
 static_assert(kReasons.size() == static_cast<std::size_t>(FileReason::LineBreakInText) + 1);
 
 /// By FileField; {1} is the item's number.
-constexpr auto kFields = std::to_array<Words>({
+constexpr auto kFields = std::to_array<Bilingual>({
     {"", ""},
     {"title", "título"},
     {"number of experiments", "número de experimentos"},
@@ -63,7 +56,7 @@ constexpr auto kFields = std::to_array<Words>({
 });
 static_assert(kFields.size() == static_cast<std::size_t>(FileField::FourthValue) + 1);
 
-constexpr Words kLine = {"Line {1}", "Linha {1}"};
+constexpr Bilingual kLine = {"Line {1}", "Linha {1}"};
 
 /// The pattern with each {1} replaced.
 std::string Filled(std::string_view pattern, std::string_view argument) {

@@ -14,23 +14,7 @@ namespace {
 
 /// Two batches simulated with Andrews-Levenspiel constants, read off every tenth model point.
 FitProblem SyntheticProblem() {
-  FitProblem problem;
-  for (const double Cs0 : {40.0, 80.0}) {
-    KineticParameters row = test::BatchOf("Andrews-Levenspiel");
-    row[At::Cs0] = Cs0;
-    ModelCurve curve;
-    Runge_Kutta().Integrate(row, curve);
-    Class1 experiment;
-    for (std::size_t i = 0; i < curve.time.size(); i += 10) {
-      experiment.NVetTempo.push_back(curve.time[i]);
-      experiment.NVetCx.push_back(curve.Cx[i]);
-      experiment.NVetCs.push_back(curve.Cs[i]);
-      experiment.NVetCp.push_back(curve.Cp[i]);
-    }
-    experiment.NDados = static_cast<std::int16_t>(experiment.NVetTempo.size());
-    problem.experiments.push_back(experiment);
-    problem.rows.push_back(row);
-  }
+  FitProblem problem = test::SampledBatches("Andrews-Levenspiel", {40, 80});
   problem.variables = {{At::muMax, 0.05, 1, 0.2}, {At::Ks, 1, 30, 10}, {At::n, 0.3, 3, 1}};
   return problem;
 }

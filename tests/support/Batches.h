@@ -1,7 +1,11 @@
-// Parameter vectors that tests of the kinetics and of the estimation start from.
+// Batches that tests and benchmarks of the kinetics and of the estimation start from.
 #pragma once
 
+#include <initializer_list>
+
+#include "estimation/FitProblem.h"
 #include "kinetics/Modelos.h"
+#include "kinetics/Runge_Kutta.h"
 
 namespace velmora::test {
 
@@ -21,6 +25,32 @@ inline KineticParameters BatchOf(const Model& model) {
 
 inline KineticParameters BatchOf(std::string_view name) {
   return BatchOf(*FindModel(name));
+}
+
+/// Points read off the model's own curve: every tenth model point from the first on.
+inline Class1 SampledFrom(const KineticParameters& row) {
+  ModelCurve curve;
+  Runge_Kutta().Integrate(row, curve);
+  Class1 experiment;
+  for (std::size_t i = 0; i < curve.time.size(); i += 10) {
+    experiment.NVetTempo.push_back(curve.time[i]);
+    experiment.NVetCx.push_back(curve.Cx[i]);
+    experiment.NVetCs.push_back(curve.Cs[i]);
+    experiment.NVetCp.push_back(curve.Cp[i]);
+  }
+  experiment.NDados = static_cast<std::int16_t>(experiment.NVetTempo.size());
+  return experiment;
+}
+
+/// The experiments of a fit whose right answer is known: batches that differ in Cs0 alone.
+inline FitProblem SampledBatches(std::string_view model, std::initializer_list<double> Cs0) {
+  FitProblem problem;
+  for (const double substrate : Cs0) {
+    problem.rows.push_back(BatchOf(model));
+    problem.rows.back()[At::Cs0] = substrate;
+    problem.experiments.push_back(SampledFrom(problem.rows.back()));
+  }
+  return problem;
 }
 
 }  // namespace velmora::test
