@@ -10,7 +10,7 @@
 namespace velmora {
 namespace {
 
-constexpr int kLeastWidth = 400, kMostWidth = 520;  // px
+constexpr int kLeastWidth = 448, kMostWidth = 540;  // px
 
 }  // namespace
 
