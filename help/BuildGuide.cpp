@@ -1,0 +1,44 @@
+// Makes the user's guide.
+// Use: velmora-guide GUIDE.html en|pt EXAMPLES OUT.pdf
+
+#include <QApplication>
+#include <QFile>
+#include <cstdio>
+#include <exception>
+
+#include "help/GuideDocument.h"
+#include "help/GuidePictures.h"
+#include "help/GuideText.h"
+
+namespace {
+
+bool Build(const QStringList& words) {
+  QFile source(words[1]);
+  if (!source.open(QIODevice::ReadOnly)) return false;
+  const bool english = words[2] == QStringLiteral("en");
+  const auto language = english ? velmora::Language::English : velmora::Language::Portuguese;
+  const std::string html = velmora::FilledGuide(source.readAll().toStdString(), language);
+  const QString title = english ? QStringLiteral("Velmora: user's guide")
+                                : QStringLiteral("Velmora: guia do usuário");
+  return velmora::PrintGuide(QString::fromStdString(html),
+                             velmora::TakePictures(language, words[3]), title, words[4]);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QApplication application(argc, argv);
+  const QStringList words = QApplication::arguments();
+  if (words.size() != 5) {
+    std::fputs("use: velmora-guide GUIDE.html en|pt EXAMPLES OUT.pdf\n", stderr);
+    return 2;
+  }
+  try {
+    if (Build(words)) return 0;
+    std::fputs("velmora-guide: a file cannot be read or written\n", stderr);
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "velmora-guide: %s: %s\n", argv[1], error.what());
+  }
+  return 3;
+}

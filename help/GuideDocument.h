@@ -1,0 +1,15 @@
+// The guide as a PDF.
+#pragma once
+
+#include <QImage>
+#include <QMap>
+#include <QString>
+
+namespace velmora {
+
+/// Prints `html` on A4 pages with page numbers; an image named "NAME.png" is the picture NAME.
+/// False where the file cannot be written.
+bool PrintGuide(const QString& html, const QMap<QString, QImage>& pictures, const QString& title,
+                const QString& file);
+
+}  // namespace velmora

@@ -1,0 +1,95 @@
+#include "help/GuidePictures.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QApplication>
+#include <deque>
+#include <stdexcept>
+
+#include "app/MDIForm1.h"
+#include "app/frmSobre.h"
+#include "app/frmSplash.h"
+#include "estimation/frmParametros.h"
+
+namespace velmora {
+namespace {
+
+constexpr QSize kFrame(1280, 800);
+
+/// Chooses the example's files and agrees to every question, so that nothing waits for a user.
+class Agreeing : public Dialogs {
+ public:
+  using Dialogs::Dialogs;
+  std::deque<QString> files;
+
+  Answer Show(QWidget*, const Message&, Buttons buttons, const QString&) override {
+    return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+  }
+  QString OpenFile(QWidget*, const QString&) override {
+    if (files.empty()) return {};
+    QString file = files.front();
+    files.pop_front();
+    return file;
+  }
+  QString SaveFile(QWidget*, const QString&, const QString&) override { return {}; }
+};
+
+QImage Picture(QWidget& window) {
+  window.show();
+  QApplication::processEvents();
+  return window.grab().toImage();
+}
+
+void Trigger(QWidget& frame, const char* name) {
+  auto* const item = frame.findChild<QAction*>(QLatin1StringView(name));
+  if (item == nullptr) throw std::runtime_error(std::string("no menu item ") + name);
+  item->trigger();
+  QApplication::processEvents();
+}
+
+void Press(QWidget& frame, const char* name) {
+  auto* const button = frame.findChild<QAbstractButton*>(QLatin1StringView(name));
+  if (button == nullptr) throw std::runtime_error(std::string("no button ") + name);
+  button->click();
+  QApplication::processEvents();
+}
+
+}  // namespace
+
+QMap<QString, QImage> TakePictures(Language language, const QString& examplesFolder) {
+  Session session;
+  session.language = language;
+  // A search that goes on to the minimum, as the guide's first fit asks for.
+  session.settings.NPOP = 10000;
+  session.settings.EPS = 0.0000001;
+  Agreeing dialogs(session);
+  dialogs.files = {examplesFolder + QStringLiteral("/molasses.abr"),
+                   examplesFolder + QStringLiteral("/molasses-conditions.abr")};
+
+  QMap<QString, QImage> pictures;
+  MDIForm1 frame(session, dialogs);
+  frame.setWindowState(Qt::WindowNoState);
+  frame.resize(kFrame);
+  frame.show();
+  Trigger(frame, "mnuAbrirExp");
+  if (session.lists.Empty()) throw std::runtime_error("the example cannot be opened");
+  pictures[QStringLiteral("experiments")] = Picture(frame);
+  Trigger(frame, "mnuBatelada");
+  Trigger(frame, "mnuACondBat");
+  pictures[QStringLiteral("conditions")] = Picture(frame);
+  Press(frame, "cmdAjustar");
+  pictures[QStringLiteral("results")] = Picture(frame);
+
+  session.settings = {};
+  frmParametros settings(session, dialogs);
+  pictures[QStringLiteral("settings")] = Picture(settings);
+  frmSobre about(session);
+  pictures[QStringLiteral("about")] = Picture(about);
+  frmSplash start(session);
+  // The start window always begins in Portuguese.
+  if (language == Language::English) Press(start, "optIdioma(0)");
+  pictures[QStringLiteral("start")] = Picture(start);
+  return pictures;
+}
+
+}  // namespace velmora
