@@ -15,6 +15,7 @@
 #include "app/MainMenu.h"
 #include "app/frmSobre.h"
 #include "charts/LegendView.h"
+#include "charts/frmZoom.h"
 #include "cultivation/frmCultBatelada.h"
 #include "data/SessionExperiments.h"
 #include "data/frmMsFlexGrid.h"
@@ -195,8 +196,9 @@ void MDIForm1::ExportCurves() {
   cultivation_->ExportarDados();
 }
 
-// The enlarged chart of session_.clickedChart opens here; RefreshMenus then enables its item.
-void MDIForm1::OpenZoom() {}
+void MDIForm1::OpenZoom() {
+  GraficoZoomSub(session_, dialogs_, this);
+}
 
 void MDIForm1::CopyChart() {
   const QWidget* const window = CultivationActive() ? static_cast<QWidget*>(cultivation_)
@@ -287,8 +289,7 @@ void MDIForm1::RefreshMenus() {
       {"mnuSalvarCond", conditions},
       {"mnuExcluir", (experiments || conditions) && idle},
       {"mnuExportarDados", session_.curvesPresent},
-      {"mnuEditar", experiments},
-      {"mnuZoom", false}};
+      {"mnuEditar", experiments}};
   for (const auto& [item, on] : enabled) menu_->Item(item).setEnabled(on);
   experiments_->setEnabled(idle);
   menu_->Item("mnuLinhaGrade").setChecked(session_.gridLines);

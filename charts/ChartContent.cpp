@@ -1,6 +1,8 @@
 #include "charts/ChartContent.h"
 
 #include <algorithm>
+#include <cmath>
+#include <iterator>
 
 namespace velmora {
 namespace {
@@ -94,6 +96,18 @@ ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
       content.experiments.back().curve = Cut(content.experiments.back().curve, *interval);
   }
   return content;
+}
+
+bool CanBeSized(const ChartContent& content) {
+  const PlotScale& scale = content.scale;
+  const double bounds[] = {scale.upperLeft.x, scale.upperLeft.y, scale.lowerRight.x,
+                           scale.lowerRight.y};
+  const auto shows = [](const PlottedExperiment& experiment) {
+    return !experiment.points.empty() || !experiment.curve.empty();
+  };
+  return std::all_of(std::begin(bounds), std::end(bounds),
+                     [](double bound) { return std::isfinite(bound); }) &&
+         std::any_of(content.experiments.begin(), content.experiments.end(), shows);
 }
 
 }  // namespace velmora

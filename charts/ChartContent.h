@@ -36,4 +36,7 @@ ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
                        const ModelCurves* curves, bool gridLines, char separator,
                        const std::optional<TimeInterval>& interval = std::nullopt);
 
+/// Whether the chart has axes to draw: something is visible on it, and no bound is beyond a double.
+bool CanBeSized(const ChartContent& content);
+
 }  // namespace velmora

@@ -1,5 +1,6 @@
 #include "charts/ChartPainter.h"
 
+#include <QFont>
 #include <QFontMetricsF>
 #include <QLineF>
 #include <QPainter>
@@ -230,12 +231,15 @@ class Sheet {
     if (content_.title.empty()) return;
     const double top = At({Scale().origin, HasHeight(Scale()) ? Scale().Ymax : 1}).y();
     const QRectF room(paper_.left(), paper_.top(), paper_.width(), top - paper_.top());
-    const double usual = painter_.font().pixelSize();
-    SetFontHeight(usual * 1.25);
+    painter_.save();
+    QFont font = painter_.font();
+    font.setFamilies({QStringLiteral("MS Sans Serif"), font.family()});
+    painter_.setFont(font);
+    SetFontHeight(font.pixelSize() * 1.25);
     const QString text = Metrics().elidedText(QString::fromStdString(content_.title),
                                               Qt::ElideRight, room.width() - Units(8));
     painter_.drawText(room, Qt::AlignCenter, text);
-    SetFontHeight(usual);
+    painter_.restore();
   }
 
   /// An unknown colour is that of what was drawn before.

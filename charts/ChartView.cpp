@@ -30,6 +30,17 @@ void ChartView::paintEvent(QPaintEvent*) {
 
 void ChartView::mousePressEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) emit Activated();
+  Point(*event);
+}
+
+void ChartView::mouseMoveEvent(QMouseEvent* event) {
+  Point(*event);
+}
+
+void ChartView::Point(const QMouseEvent& event) {
+  const QRectF paper = rect();
+  if (event.buttons() == Qt::LeftButton && paper.contains(event.position()))
+    emit PointedAt(FromPaper(content_.scale, paper, event.position()));
 }
 
 void ChartView::contextMenuEvent(QContextMenuEvent* event) {

@@ -28,13 +28,18 @@ class ChartView : public QWidget {
   void Activated();
   /// Clicked with the right button, or asked for its menu by key.
   void MenuRequested(const QPoint& globalPosition);
+  /// The left button alone is pressed at `point`, in the plot's user coordinates.
+  void PointedAt(const PlotPoint& point);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  void Point(const QMouseEvent& event);
+
   ChartContent content_;
   ChartStyle style_;
 };

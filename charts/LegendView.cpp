@@ -7,6 +7,7 @@
 #include <QPixmap>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "charts/Markers.h"
@@ -16,8 +17,7 @@ namespace {
 
 constexpr int kPictureSize = 14;
 constexpr int kRowsInAColumn = 9;
-constexpr int kCellsInARow = 3;
-constexpr std::size_t kMostRows = 45;
+constexpr int kCellsInARow = 4;
 
 QString LatinText(std::string_view text) {
   return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
@@ -68,7 +68,7 @@ void LegendView::SetRows(const std::vector<LegendRow>& rows) {
     delete item->widget();
     delete item;
   }
-  for (std::size_t i = 0; i < std::min(rows.size(), kMostRows); ++i) {
+  for (std::size_t i = 0; i < std::min(rows.size(), kMostLegendRows); ++i) {
     const int row = static_cast<int>(i) % kRowsInAColumn;
     const int cell = static_cast<int>(i) / kRowsInAColumn * kCellsInARow;
     const auto add = [&](int offset, const char* name) {
@@ -77,13 +77,14 @@ void LegendView::SetRows(const std::vector<LegendRow>& rows) {
       rows_->addWidget(label, row, cell + offset);
       return label;
     };
-    if (i + 1 == kMostRows && rows.size() > kMostRows) {
-      add(2, "Label7")->setText(QStringLiteral("..."));
+    if (i + 1 == kMostLegendRows && rows.size() > kMostLegendRows) {
+      add(3, "Label7")->setText(QStringLiteral("..."));
       break;
     }
     add(0, "Image1")->setPixmap(MarkerPicture(rows[i].marker));
     add(1, "Image2")->setPixmap(ColourSample(rows[i].colour));
-    add(2, "Label7")->setText(QString::number(rows[i].number));
+    if (!rowWord_.isEmpty()) add(2, "Label13")->setText(rowWord_);
+    add(3, "Label7")->setText(QString::number(rows[i].number));
   }
 }
 
@@ -93,18 +94,27 @@ QPixmap LegendView::Picture(const QString& file, int size) const {
   return picture.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 
+int LegendView::PictureSize() const {
+  return static_cast<int>(std::lround(kPictureSize * devicePixelRatioF()));
+}
+
+QPixmap LegendView::Sharp(QPixmap picture) const {
+  picture.setDevicePixelRatio(devicePixelRatioF());
+  return picture;
+}
+
 QPixmap LegendView::MarkerPicture(const std::string& marker) const {
   const QPixmap picture = Picture(
-      QStringLiteral("Imagens_Marcador/") + LatinText(MarkerPictureName(marker)), kPictureSize);
-  return picture.isNull() ? MarkerPixmap(marker, kPictureSize) : picture;
+      QStringLiteral("Imagens_Marcador/") + LatinText(MarkerPictureName(marker)), PictureSize());
+  return Sharp(picture.isNull() ? MarkerPixmap(marker, PictureSize()) : picture);
 }
 
 QPixmap LegendView::ColourSample(std::int32_t colour) const {
   const std::size_t index = static_cast<std::size_t>(
       std::clamp(colour, 1, static_cast<std::int32_t>(kColours.size())) - 1);
   const QPixmap picture =
-      Picture(QStringLiteral("Imagens_Cores/") + LatinText(kColours[index].name), kPictureSize);
-  return picture.isNull() ? ColourPixmap(colour, kPictureSize) : picture;
+      Picture(QStringLiteral("Imagens_Cores/") + LatinText(kColours[index].name), PictureSize());
+  return Sharp(picture.isNull() ? ColourPixmap(colour, PictureSize()) : picture);
 }
 
 void LegendView::mousePressEvent(QMouseEvent* event) {

@@ -24,6 +24,9 @@ struct LegendRow {
 /// One row for each visible experiment, in list order.
 std::vector<LegendRow> LegendRows(const ExperimentLists& lists);
 
+/// More rows than these a legend does not list.
+inline constexpr std::size_t kMostLegendRows = 45;
+
 /// A small box with a heading and one row for each experiment: marker picture, colour sample,
 /// number; many rows stand in columns, "..." in place of more than 45. The pictures are the bitmaps
 /// below `imageFolder` (Imagens_Marcador, Imagens_Cores), or drawn where one is missing. Can be
@@ -35,6 +38,10 @@ class LegendView : public QFrame {
   LegendView(QString imageFolder, QWidget* parent = nullptr);
 
   void SetHeading(const QString& text);
+  /// The heading, where the string table captions it by its name.
+  QLabel& Heading() const { return *heading_; }
+  /// A word before the number of each of the rows that are set from now on.
+  void SetRowWord(const QString& word) { rowWord_ = word; }
   void SetRows(const std::vector<LegendRow>& rows);
 
  protected:
@@ -43,10 +50,14 @@ class LegendView : public QFrame {
 
  private:
   QPixmap Picture(const QString& file, int size) const;
+  /// In the display's own pixels, and a picture of that size shown at its size on the window.
+  int PictureSize() const;
+  QPixmap Sharp(QPixmap picture) const;
   QPixmap MarkerPicture(const std::string& marker) const;
   QPixmap ColourSample(std::int32_t colour) const;
 
   QString imageFolder_;
+  QString rowWord_;
   QLabel* heading_;
   QGridLayout* rows_;
   QPoint grabbedAt_;

@@ -1,5 +1,5 @@
 # The windows of all folders, and the desktop program.
-find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets)
+find_package(Qt6 6.4 REQUIRED COMPONENTS PrintSupport Widgets)
 
 add_library(velmora_desktop STATIC
   app/ChildFrame.cpp
@@ -12,10 +12,16 @@ add_library(velmora_desktop STATIC
   app/NumberEntry.cpp
   app/frmSobre.cpp
   app/frmSplash.cpp
+  charts/ChartOutput.cpp
   charts/ChartPainter.cpp
+  charts/ChartPrint.cpp
   charts/ChartView.cpp
   charts/LegendView.cpp
   charts/Markers.cpp
+  charts/ZoomIcons.cpp
+  charts/dlgIntervalos.cpp
+  charts/dlgTituloGrafico.cpp
+  charts/frmZoom.cpp
   cultivation/ChartsPanel.cpp
   cultivation/ChoicesPanel.cpp
   cultivation/ConditionsPanel.cpp
@@ -44,7 +50,8 @@ add_library(velmora_desktop STATIC
   estimation/frmParametros.cpp)
 set_target_properties(velmora_desktop PROPERTIES AUTOMOC ON)
 target_compile_definitions(velmora_desktop PUBLIC QT_NO_CONTEXTLESS_CONNECT QT_NO_CAST_FROM_ASCII)
-target_link_libraries(velmora_desktop PUBLIC velmora_core Qt6::Widgets PRIVATE velmora_warnings)
+target_link_libraries(velmora_desktop PUBLIC velmora_core Qt6::PrintSupport Qt6::Widgets
+  PRIVATE velmora_warnings)
 
 add_executable(velmora app/main.cpp)
 target_link_libraries(velmora PRIVATE velmora_desktop velmora_warnings)

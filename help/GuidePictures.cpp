@@ -9,12 +9,14 @@
 #include "app/MDIForm1.h"
 #include "app/frmSobre.h"
 #include "app/frmSplash.h"
+#include "charts/frmZoom.h"
 #include "estimation/frmParametros.h"
 
 namespace velmora {
 namespace {
 
 constexpr QSize kFrame(1280, 800);
+constexpr QSize kEnlarged(900, 600);
 
 /// Chooses the example's files and agrees to every question, so that nothing waits for a user.
 class Agreeing : public Dialogs {
@@ -79,6 +81,11 @@ QMap<QString, QImage> TakePictures(Language language, const QString& examplesFol
   pictures[QStringLiteral("conditions")] = Picture(frame);
   Press(frame, "cmdAjustar");
   pictures[QStringLiteral("results")] = Picture(frame);
+
+  frmZoom zoom(session, dialogs, PlotVariable::Cx);
+  zoom.resize(kEnlarged);
+  Press(zoom, "cmdInsLegenda");
+  pictures[QStringLiteral("zoom")] = Picture(zoom);
 
   session.settings = {};
   frmParametros settings(session, dialogs);

@@ -9,9 +9,9 @@
 
 namespace velmora {
 
-/// The pictures of a guide by name: "start", "experiments", "conditions", "results", "settings" and
-/// "about", in `language`, with the molasses example of `examplesFolder` loaded and fitted. Throws
-/// std::runtime_error where the example cannot be opened.
+/// The pictures of a guide by name: "start", "experiments", "conditions", "results", "zoom",
+/// "settings" and "about", in `language`, with the molasses example of `examplesFolder` loaded and
+/// fitted. Throws std::runtime_error where the example cannot be opened.
 QMap<QString, QImage> TakePictures(Language language, const QString& examplesFolder);
 
 }  // namespace velmora
