@@ -9,6 +9,7 @@
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
+#include "cultivation/Relatorio.h"
 #include "estimation/Deviations.h"
 #include "estimation/EvolucaoDiferencial.h"
 #include "estimation/ResultTexts.h"
@@ -131,6 +132,14 @@ std::string TextOf(const Fit& fit, const Wording& say) {
   return text + FinalText(fit.variables, fit.result, fit.deviations, {say.In(), '.'});
 }
 
+void WriteReport(const Fit& fit, const std::string& path, const Wording& say) {
+  ReportContent report{{say.In(), '.'},  {}, fit.variables, fit.result.best, fit.deviations.values,
+                       fit.result.score, {}};
+  for (int place = 1; place <= fit.inputs.Count(); ++place)
+    report.records.push_back(fit.inputs.conditions.At(place));
+  if (const auto fault = SaveReport(report, path)) throw Failure{ExitCode::File, say.Of(*fault)};
+}
+
 ExitCode CodeOf(const Fit& fit) {
   if (fit.result.end == SearchEnd::Stopped) return ExitCode::Stopped;
   return fit.deviations.fault ? ExitCode::Arithmetic : ExitCode::Done;
@@ -154,6 +163,7 @@ ExitCode Run(const FitOptions& options, const Console& console) {
 
   const Fit fit{inputs, variables, result, deviations};
   console.Print(options.json ? JsonOf(fit) : TextOf(fit, console.say));
+  if (options.report) WriteReport(fit, *options.report, console.say);
   return CodeOf(fit);
 }
 

@@ -32,6 +32,7 @@ struct FitOptions {
   std::array<std::optional<std::string>, kSettingOptions.size()> settings;  // as typed
   bool progress = false;
   bool json = false;
+  std::optional<std::string> report;  // the file to write the report to
 };
 
 /// Checks settings, files and fit set-up, searches, and prints the results with their deviations.

@@ -31,6 +31,7 @@ add_library(velmora_desktop STATIC
   cultivation/ModelPanel.cpp
   cultivation/NumberBox.cpp
   cultivation/ParametersPanel.cpp
+  cultivation/ReportPictures.cpp
   cultivation/ResultsPanel.cpp
   cultivation/RunControl.cpp
   cultivation/RunPanel.cpp

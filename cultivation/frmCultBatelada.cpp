@@ -22,6 +22,7 @@
 #include "cultivation/FormEntry.h"
 #include "cultivation/OpenedConditions.h"
 #include "cultivation/PanelParts.h"
+#include "cultivation/ReportPictures.h"
 #include "cultivation/ResultsPanel.h"
 #include "cultivation/RunPanel.h"
 #include "cultivation/ScoreView.h"
@@ -106,6 +107,7 @@ void frmCultBatelada::Wire() {
   connect(runPanel_, &RunPanel::SaveAsked, this, &frmCultBatelada::SalvarCondCult);
   connect(runPanel_, &RunPanel::StartAsked, this, &frmCultBatelada::Ajustar);
   connect(runPanel_, &RunPanel::StopAsked, this, &frmCultBatelada::AskToStop);
+  connect(results_, &ResultsPanel::ReportAsked, this, &frmCultBatelada::Relatorio);
   connect(results_, &ResultsPanel::ToggleAsked, this, [this] { ShowParameters(!estimatedShown_); });
   connect(charts_, &ChartsPanel::MenuAsked, this, &frmCultBatelada::ChartMenu);
   connect(charts_, &ChartsPanel::Activated, this, [this] {
@@ -345,6 +347,15 @@ void frmCultBatelada::ShowOutcome(const RunOutcome& outcome) {
 
 void frmCultBatelada::ShowResult(const RunOutcome& outcome) {
   lastRun_ = outcome;
+  report_ = {{session_.language, session_.separator},
+             {},
+             outcome.variables,
+             outcome.result.best,
+             outcome.deviations.values,
+             outcome.result.score,
+             {}};
+  for (int place = 1; place <= NumExperimentos(); ++place)
+    report_.records.push_back(session_.conditions.At(place));
   runPanel_->SetHeading(kEstimated);
   results_->Append(FinalText(outcome.variables, outcome.result, outcome.deviations,
                              {session_.language, session_.separator}));
@@ -372,6 +383,15 @@ void frmCultBatelada::ShowParameters(bool estimated) {
   estimatedShown_ = estimated;
   results_->SetDirection(estimated ? ResultsPanel::Direction::ToInitial
                                    : ResultsPanel::Direction::ToEstimated);
+}
+
+void frmCultBatelada::Relatorio() {
+  const QString file =
+      dialogs_.SaveFile(this, QStringLiteral("RTF Files (*.rtf)"), QStringLiteral("rtf"));
+  if (file.isEmpty()) return;
+  report_.style = {session_.language, session_.separator};
+  report_.pictures = ReportPictures(session_);
+  TellFault(SaveReport(report_, QFile::encodeName(file).toStdString()));
 }
 
 void frmCultBatelada::AskToStop() {

@@ -11,6 +11,7 @@
 #include "app/Dialogs.h"
 #include "app/Session.h"
 #include "cultivation/CultivationForm.h"
+#include "cultivation/Relatorio.h"
 #include "cultivation/RunControl.h"
 #include "data/FileFault.h"
 
@@ -95,6 +96,8 @@ class frmCultBatelada : public QWidget {
   void ShowOutcome(const RunOutcome& outcome);
   void ShowResult(const RunOutcome& outcome);
   void AppendFault(const ArithmeticFault& fault);
+  /// Saves the report of the last run that had a result to a file that the user chooses.
+  void Relatorio();
   void AskToStop();
   void TakeCurves(const ModelCurves& curves);
   /// Shows the estimated values, or those from which the search started.
@@ -114,6 +117,7 @@ class frmCultBatelada : public QWidget {
   bool shownSaved_ = false;            // whether its conditions were saved then
   std::vector<std::int16_t> numbers_;  // of the experiments in the list
   std::optional<RunOutcome> lastRun_;  // the last one that had a result
+  ReportContent report_;               // of that run, but for its pictures
   bool estimatedShown_ = false;
   bool quiet_ = false;  // the program is being closed: nothing is asked or told
 };

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <thread>
 
+#include "data/SafeSave.h"
 #include "tests/cli/RunProgram.h"
 
 namespace velmora {
@@ -145,6 +146,15 @@ TEST_F(Cli, FitsMolassesNearThePublishedValues) {
   EXPECT_NEAR(
       share.at("Cx").get<double>() + share.at("Cs").get<double>() + share.at("Cp").get<double>(),
       sum, 1e-15);
+}
+
+TEST_F(Cli, WritesAReportBesideTheResults) {
+  const Ran ran = RunCli("fit " + kBoth + "--language pt --report " + (folder_ / "fit.rtf"));
+  EXPECT_EQ(ran.code, 0) << ran.err;
+  const std::string report = ReadWholeFile(folder_ / "fit.rtf").bytes;
+  EXPECT_TRUE(report.starts_with("{\\rtf1"));
+  EXPECT_NE(report.find("Relat\\'f3rio"), std::string::npos);
+  EXPECT_EQ(RunCli("fit " + kBoth + "--report /nowhere/fit.rtf").code, 3);
 }
 
 TEST_F(Cli, SimulatesAndExportsHundredPoints) {

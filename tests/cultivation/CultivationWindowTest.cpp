@@ -18,7 +18,9 @@
 #include "app/Idiomas.h"
 #include "cultivation/FitSetUp.h"
 #include "cultivation/frmCultBatelada.h"
+#include "data/SafeSave.h"
 #include "estimation/ResultTexts.h"
+#include "tests/data/FileTesting.h"
 #include "tests/support/ScriptedDialogs.h"
 
 namespace velmora {
@@ -132,8 +134,18 @@ TEST_F(CultivationWindow, FitsWhatTheBoxesSayToTheLastDigit) {
   EXPECT_TRUE(session.curvesPresent);
   EXPECT_EQ(dialogs.shown.size(), 1U);  // the question alone
 
+  const TemporaryFolder folder;
+  dialogs.files = {QString::fromStdString(folder / "report.rtf")};
+  Click("cmdRelatorio");
+  const std::string report = ReadWholeFile(folder / "report.rtf").bytes;
+  EXPECT_NE(report.find("Ks = " + TextOf("txtKs") + " +/- "), std::string::npos);
+  int pictures = 0;
+  for (auto at = report.find("pngblip"); at != std::string::npos;
+       at = report.find("pngblip", at + 1))
+    ++pictures;
+  EXPECT_EQ(pictures, 3);
+
   // The estimated values are what the next run would start from, and are no edit of the user's.
-  EXPECT_TRUE(Enabled("cmdRelatorio"));
   EXPECT_EQ(ToolTip("cmdIrVoltar"), "Return to the initial values of parameters");
   const std::string estimated = TextOf("txtKs");
   Click("cmdIrVoltar");
