@@ -132,6 +132,10 @@ constexpr auto kCaptions = std::to_array<CaptionRow>({
     {"frmParametros", "cdmAtualizar", ToolTip, 407},
     {"frmParametros", "cdmFechar", ToolTip, 414},
 
+    {"frmRelatorio", "", Title, 506},
+    {"frmRelatorio", "cmdSalvar", Text, 427},
+    {"frmRelatorio", "cmdFechar", Text, 414},
+
     {"frmSobre", "", Title, 187},
     {"frmSobre", "lblDedPrograma", Text, 108},
     {"frmSobre", "lblAreaEstudo", Text, 109},

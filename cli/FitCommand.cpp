@@ -133,10 +133,8 @@ std::string TextOf(const Fit& fit, const Wording& say) {
 }
 
 void WriteReport(const Fit& fit, const std::string& path, const Wording& say) {
-  ReportContent report{{say.In(), '.'},  {}, fit.variables, fit.result.best, fit.deviations.values,
-                       fit.result.score, {}};
-  for (int place = 1; place <= fit.inputs.Count(); ++place)
-    report.records.push_back(fit.inputs.conditions.At(place));
+  const ReportContent report = ReportOf(fit.inputs.lists.Experiments(), fit.inputs.conditions,
+                                        fit.variables, fit.result, fit.deviations, {say.In(), '.'});
   if (const auto fault = SaveReport(report, path)) throw Failure{ExitCode::File, say.Of(*fault)};
 }
 

@@ -37,6 +37,7 @@ add_library(velmora_desktop STATIC
   cultivation/RunPanel.cpp
   cultivation/ScoreView.cpp
   cultivation/frmCultBatelada.cpp
+  cultivation/frmRelatorio.cpp
   data/ActionsPanel.cpp
   data/DescriptionBox.cpp
   data/DisplayPanel.cpp

@@ -4,7 +4,7 @@
 #include <string_view>
 
 #include "app/Numbers.h"
-#include "cultivation/RichText.h"
+#include "cultivation/OpenedConditions.h"
 #include "data/SafeSave.h"
 #include "kinetics/Modelos.h"
 
@@ -27,41 +27,34 @@ constexpr std::array<ReportedCondition, 29> kReported = {
      {"B2: ", At::B2},         {"G: ", At::G},          {"H1: ", At::H1},
      {"ms: ", At::ms},         {"Kd: ", At::Kd},        {"Kdp: ", At::Kdp},
      {"CsAst1: ", At::CsAst1}, {"CsAst2: ", At::CsAst2}}};
-constexpr int kColumns = 4;
 
-constexpr std::string_view kHeading = "\\keepn\\sb240\\b\\fs24";
+// Labels beside their values, four of them in a row. Alfa, computed as Yps/Yxs, comes with all the
+// digits of a double: its column has room for them.
+constexpr std::size_t kPairs = 4;
+constexpr std::array<int, 2 * kPairs> kWidths = {33, 58, 33, 58, 33, 96, 33, 58};
 
 class Report {
  public:
   explicit Report(const ReportContent& content) : content_(content) {}
 
-  std::string Text() {
-    Add(506, "\\b\\fs32");
-    Add(515);
-    Add(507);
-    body_ += rtf::Paragraph(Table(508) + std::to_string(content_.records.size()));
-    AddModel();
-    for (const ConditionsRecord& record : content_.records) AddConditions(record);
-    AddPicture(0);
+  rich::Document Document() {
+    AddHead();
+    for (std::size_t i = 0; i < content_.records.size(); ++i) AddConditions(i);
     AddStart();
     AddBounds();
     AddResult();
-    AddPicture(1);
-    body_ += rtf::Paragraph(Table(514) + Plain(content_.sumOfSquaredErrors), "\\b");
-    AddPicture(2);
-    return rtf::Document(body_);
+    AddPictures();
+    return std::move(document_);
   }
 
  private:
-  std::string Table(int id) const {
-    return std::string(velmora::Text(id, content_.style.language));
-  }
+  std::string Text(int id) const { return std::string(velmora::Text(id, content_.style.language)); }
   std::string Plain(double value) const { return PlainText(value, content_.style.separator); }
   std::string Long(double value) const {
     return Formatted(value, kTwoToThirteen, content_.style.separator);
   }
-  void Add(int id, std::string_view formatting = {}) {
-    body_ += rtf::Paragraph(Table(id), formatting);
+  void Add(std::string text, rich::Look look = rich::Look::Plain) {
+    document_.emplace_back(rich::Paragraph{std::move(text), look});
   }
 
   static std::string LabelOf(const FitVariable& variable) {
@@ -69,59 +62,102 @@ class Report {
     return index < 0 ? "" : std::string(kFittable[static_cast<std::size_t>(index)].label) + " ";
   }
 
+  void AddHead() {
+    Add(Text(506), rich::Look::Title);
+    Add(Text(515));
+    Add(Text(507));
+    Add(Text(508) + std::to_string(content_.records.size()));
+    AddModel();
+  }
+
+  /// A file may name no model, or another one than its switches mean.
   void AddModel() {
     constexpr int kChosenModel = 163;
     if (content_.records.empty()) return;
-    const Model* const model = FindModel(content_.records.front().options.model);
+    std::vector<FittedParameter> fitted;
+    for (const auto& [position, lower, upper, start] : content_.variables)
+      fitted.push_back({upper, lower, static_cast<std::int16_t>(position), start});
+    const Model* const model = RecognisedModel(content_.records.front(), fitted);
     if (model == nullptr) return;
-    body_ += rtf::Paragraph(Table(kChosenModel) + " " + std::string(model->name));
-    body_ += rtf::Paragraph(Equation(*model), "\\li400");
+    Add(Text(kChosenModel) + " " + std::string(model->name));
+    Add(Equation(*model), rich::Look::Indented);
   }
 
-  void AddConditions(const ConditionsRecord& record) {
-    body_ += rtf::Paragraph(Table(509) + std::to_string(record.number), kHeading);
-    std::vector<std::string> cells;
-    for (const auto& [label, position] : kReported)
-      cells.push_back(std::string(label) + Plain(record.row[position]));
-    body_ += rtf::Table(cells, kColumns);
+  void AddConditions(std::size_t index) {
+    const ConditionsRecord& record = content_.records[index];
+    Add(Text(509) + std::to_string(record.number), rich::Look::Heading);
+    if (index < content_.descriptions.size() && !content_.descriptions[index].empty())
+      Add(content_.descriptions[index], rich::Look::Together);
+    rich::Table table{{kWidths.begin(), kWidths.end()}, {}};
+    for (std::size_t i = 0; i < kReported.size(); ++i) {
+      if (i % kPairs == 0) table.rows.emplace_back();
+      table.rows.back().emplace_back(kReported[i].label);
+      table.rows.back().push_back(Plain(record.row[kReported[i].position]));
+    }
+    table.rows.back().resize(table.widths.size());
+    document_.emplace_back(std::move(table));
   }
 
   void AddStart() {
-    Add(510, kHeading);
+    Add(Text(510), rich::Look::Heading);
     for (const FitVariable& variable : content_.variables)
-      body_ += rtf::Paragraph(LabelOf(variable) + Plain(variable.start));
+      Add(LabelOf(variable) + Plain(variable.start), rich::Look::Together);
   }
 
   void AddBounds() {
-    for (const FitVariable& variable : content_.variables) {
-      body_ += rtf::Paragraph(Table(511) + LabelOf(variable) + Plain(variable.upper));
-      body_ += rtf::Paragraph(Table(512) + LabelOf(variable) + Plain(variable.lower));
-    }
+    rich::Table table{{1, 1}, {}};
+    for (const FitVariable& variable : content_.variables)
+      table.rows.push_back({Text(511) + LabelOf(variable) + Plain(variable.upper),
+                            Text(512) + LabelOf(variable) + Plain(variable.lower)});
+    document_.emplace_back(std::move(table));
   }
 
   void AddResult() {
-    Add(513, kHeading);
+    Add(Text(513), rich::Look::Heading);
     for (std::size_t j = 0; j < content_.variables.size(); ++j) {
       std::string line = LabelOf(content_.variables[j]) + Long(content_.best[j]);
       if (!content_.deviations.empty()) line += " +/- " + Long(content_.deviations[j]);
-      body_ += rtf::Paragraph(line);
+      Add(std::move(line), rich::Look::Together);
+    }
+    Add(Text(514) + Plain(content_.sumOfSquaredErrors), rich::Look::Strong);
+  }
+
+  void AddPictures() {
+    for (const auto& [titleId, picture] : content_.pictures) {
+      Add(Text(titleId), rich::Look::Heading);
+      document_.emplace_back(picture);
     }
   }
 
-  void AddPicture(std::size_t index) {
-    if (index >= content_.pictures.size()) return;
-    const ReportPicture& picture = content_.pictures[index];
-    body_ += rtf::Picture(picture.png, picture.width, picture.height);
-  }
-
   const ReportContent& content_;
-  std::string body_;
+  rich::Document document_;
 };
 
 }  // namespace
 
+ReportContent ReportOf(const std::vector<Class1>& experiments,
+                       const CultivationConditions& conditions,
+                       const std::vector<FitVariable>& variables, const SearchResult& result,
+                       const Deviations& deviations, const TextStyle& style) {
+  ReportContent report;
+  report.style = style;
+  for (std::size_t i = 0; i < experiments.size(); ++i) {
+    report.records.push_back(conditions.At(static_cast<int>(i) + 1));
+    report.descriptions.push_back(experiments[i].NComentarios);
+  }
+  report.variables = variables;
+  report.best = result.best;
+  report.deviations = deviations.values;
+  report.sumOfSquaredErrors = result.score;
+  return report;
+}
+
+rich::Document ReportDocument(const ReportContent& content) {
+  return Report(content).Document();
+}
+
 std::string Relatorio(const ReportContent& content) {
-  return Report(content).Text();
+  return rich::Rtf(ReportDocument(content));
 }
 
 std::optional<FileFault> SaveReport(const ReportContent& content, const std::string& path) {

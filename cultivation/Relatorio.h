@@ -1,29 +1,30 @@
-// The report of a fit, as rich text.
+// The report of a fit, as a value and as rich text.
 #pragma once
 
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "cultivation/CultivationConditions.h"
+#include "cultivation/RichText.h"
 #include "data/FileFault.h"
+#include "estimation/Deviations.h"
+#include "estimation/EvolucaoDiferencial.h"
 #include "estimation/ResultTexts.h"
 
 namespace velmora {
 
-/// A chart for the report: a PNG file's bytes, and its size in pixels.
+/// A chart; the text with id `titleId` stands above it.
 struct ReportPicture {
-  std::string png;
-  int width = 0;
-  int height = 0;
+  int titleId = 0;
+  rich::Picture picture;
 };
 
-/// What a report tells. `best` is as long as `variables`; `deviations` too, or empty where they
-/// could not be computed.
+/// `best` is as long as `variables`; `deviations` too, or empty where they could not be computed.
 struct ReportContent {
   TextStyle style;
   std::vector<ConditionsRecord> records;  // of all experiments, by place
+  std::vector<std::string> descriptions;  // of the experiments, by place, UTF-8
   std::vector<FitVariable> variables;
   std::vector<double> best;
   std::vector<double> deviations;
@@ -31,8 +32,18 @@ struct ReportContent {
   std::vector<ReportPicture> pictures;
 };
 
-/// The report as an RTF file's bytes: 7-bit, lines ended by CR LF, every letter escaped. The charts
-/// stand behind the conditions, behind the fitted variables and at the end.
+/// What a search over `experiments` under their `conditions`, one record for each, came to; without
+/// pictures.
+ReportContent ReportOf(const std::vector<Class1>& experiments,
+                       const CultivationConditions& conditions,
+                       const std::vector<FitVariable>& variables, const SearchResult& result,
+                       const Deviations& deviations, const TextStyle& style);
+
+/// The report's lines, tables and pictures in their order. The pictures come last, so that the
+/// numbers stand together.
+rich::Document ReportDocument(const ReportContent& content);
+
+/// The report as an RTF file's bytes: 7-bit, lines ended by CR LF, every letter escaped.
 std::string Relatorio(const ReportContent& content);
 
 /// Writes the report to `path`; what was there is replaced only by the whole new file.

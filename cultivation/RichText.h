@@ -1,25 +1,54 @@
-// The rich text that a report is made of.
+// A small document of paragraphs, tables and pictures, written as RTF and as HTML.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
+#include <variant>
 #include <vector>
 
-namespace velmora::rtf {
+namespace velmora::rich {
+
+enum class Look : std::uint8_t {
+  Title,
+  Heading,  // stays with what follows
+  Plain,
+  Together,  // plain, on the page of what follows
+  Indented,
+  Strong,
+};
+
+struct Paragraph {
+  std::string text;  // UTF-8; a line break inside it stays one
+  Look look = Look::Plain;
+};
+
+/// A table that is not broken over pages. Each row holds as many cells as there are `widths`; these
+/// are the columns' shares of the text's width.
+struct Table {
+  std::vector<int> widths;
+  std::vector<std::vector<std::string>> rows;  // UTF-8
+};
+
+/// A PNG file's bytes, and its size in pixels. It is shown as wide as the text.
+struct Picture {
+  std::string png;
+  int width = 0;
+  int height = 0;
+};
+
+using Document = std::vector<std::variant<Paragraph, Table, Picture>>;
 
 /// UTF-8 text as RTF: "\", "{" and "}" escaped, Windows-1252 letters as \'xx, others as \uN.
-std::string Escaped(std::string_view utf8);
+std::string EscapedForRtf(std::string_view utf8);
 
-/// A paragraph; `formatting` are control words such as "\b\fs28".
-std::string Paragraph(std::string_view utf8, std::string_view formatting = {});
+/// The document as an RTF file's bytes: A4 with margins of 2.5 cm, one font, 7-bit, lines ended by
+/// CR LF.
+std::string Rtf(const Document& document);
 
-/// Texts in rows of `columns` cells of equal width.
-std::string Table(const std::vector<std::string>& cells, int columns);
+/// The document as HTML (UTF-8) that a rich-text widget shows. Its pictures are `PictureName` 0, 1,
+/// ... in their order, `pictureWidth` pixels wide; who shows the text provides them.
+std::string Html(const Document& document, int pictureWidth);
+std::string PictureName(int index);
 
-/// A PNG picture in a paragraph of its own, as wide as the text.
-std::string Picture(std::string_view png, int width, int height);
-
-/// The document around its paragraphs: A4, one font.
-std::string Document(std::string_view body);
-
-}  // namespace velmora::rtf
+}  // namespace velmora::rich

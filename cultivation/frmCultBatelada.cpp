@@ -27,6 +27,7 @@
 #include "cultivation/RunPanel.h"
 #include "cultivation/ScoreView.h"
 #include "cultivation/Simulation.h"
+#include "cultivation/frmRelatorio.h"
 #include "data/FaultDetail.h"
 #include "estimation/ResultTexts.h"
 
@@ -347,18 +348,13 @@ void frmCultBatelada::ShowOutcome(const RunOutcome& outcome) {
 
 void frmCultBatelada::ShowResult(const RunOutcome& outcome) {
   lastRun_ = outcome;
-  report_ = {{session_.language, session_.separator},
-             {},
-             outcome.variables,
-             outcome.result.best,
-             outcome.deviations.values,
-             outcome.result.score,
-             {}};
-  for (int place = 1; place <= NumExperimentos(); ++place)
-    report_.records.push_back(session_.conditions.At(place));
+  const TextStyle style{session_.language, session_.separator};
+  report_ = ReportOf(session_.lists.Experiments(), session_.conditions, outcome.variables,
+                     outcome.result, outcome.deviations, style);
+  reportedLists_ = session_.lists;
+  reportedCurves_ = session_.curves;
   runPanel_->SetHeading(kEstimated);
-  results_->Append(FinalText(outcome.variables, outcome.result, outcome.deviations,
-                             {session_.language, session_.separator}));
+  results_->Append(FinalText(outcome.variables, outcome.result, outcome.deviations, style));
   results_->SetAvailable(true);
   ShowParameters(true);
   if (outcome.deviations.fault && !quiet_) Tell(InversionMessage());
@@ -386,12 +382,12 @@ void frmCultBatelada::ShowParameters(bool estimated) {
 }
 
 void frmCultBatelada::Relatorio() {
-  const QString file =
-      dialogs_.SaveFile(this, QStringLiteral("RTF Files (*.rtf)"), QStringLiteral("rtf"));
-  if (file.isEmpty()) return;
-  report_.style = {session_.language, session_.separator};
-  report_.pictures = ReportPictures(session_);
-  TellFault(SaveReport(report_, QFile::encodeName(file).toStdString()));
+  delete reportWindow_;
+  report_.pictures =
+      ReportPictures(reportedLists_, reportedCurves_, session_.gridLines, session_.separator);
+  reportWindow_ = new frmRelatorio(session_, dialogs_, report_, window());
+  reportWindow_->setAttribute(Qt::WA_DeleteOnClose);
+  reportWindow_->show();
 }
 
 void frmCultBatelada::AskToStop() {

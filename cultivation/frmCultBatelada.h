@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 #include <cstdint>
@@ -20,6 +21,7 @@ namespace velmora {
 class ChartsPanel;
 class ExperimentPanel;
 class FormEntry;
+class frmRelatorio;
 class ResultsPanel;
 class RunPanel;
 class ScoreView;
@@ -96,7 +98,7 @@ class frmCultBatelada : public QWidget {
   void ShowOutcome(const RunOutcome& outcome);
   void ShowResult(const RunOutcome& outcome);
   void AppendFault(const ArithmeticFault& fault);
-  /// Saves the report of the last run that had a result to a file that the user chooses.
+  /// Shows the report of the last run that had a result, with the data and curves that it had.
   void Relatorio();
   void AskToStop();
   void TakeCurves(const ModelCurves& curves);
@@ -117,7 +119,10 @@ class frmCultBatelada : public QWidget {
   bool shownSaved_ = false;            // whether its conditions were saved then
   std::vector<std::int16_t> numbers_;  // of the experiments in the list
   std::optional<RunOutcome> lastRun_;  // the last one that had a result
-  ReportContent report_;               // of that run, but for its pictures
+  ReportContent report_;               // of that run, but for its pictures:
+  ExperimentLists reportedLists_;      // these show its data
+  ModelCurves reportedCurves_;         // and its curves
+  QPointer<frmRelatorio> reportWindow_;
   bool estimatedShown_ = false;
   bool quiet_ = false;  // the program is being closed: nothing is asked or told
 };

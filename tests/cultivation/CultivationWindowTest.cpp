@@ -8,15 +8,19 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPointer>
 #include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextDocument>
+#include <QTextEdit>
 #include <QTimer>
 #include <memory>
 #include <ostream>
 
 #include "app/Idiomas.h"
 #include "cultivation/FitSetUp.h"
+#include "cultivation/ReportPictures.h"
 #include "cultivation/frmCultBatelada.h"
 #include "data/SafeSave.h"
 #include "estimation/ResultTexts.h"
@@ -134,17 +138,6 @@ TEST_F(CultivationWindow, FitsWhatTheBoxesSayToTheLastDigit) {
   EXPECT_TRUE(session.curvesPresent);
   EXPECT_EQ(dialogs.shown.size(), 1U);  // the question alone
 
-  const TemporaryFolder folder;
-  dialogs.files = {QString::fromStdString(folder / "report.rtf")};
-  Click("cmdRelatorio");
-  const std::string report = ReadWholeFile(folder / "report.rtf").bytes;
-  EXPECT_NE(report.find("Ks = " + TextOf("txtKs") + " +/- "), std::string::npos);
-  int pictures = 0;
-  for (auto at = report.find("pngblip"); at != std::string::npos;
-       at = report.find("pngblip", at + 1))
-    ++pictures;
-  EXPECT_EQ(pictures, 3);
-
   // The estimated values are what the next run would start from, and are no edit of the user's.
   EXPECT_EQ(ToolTip("cmdIrVoltar"), "Return to the initial values of parameters");
   const std::string estimated = TextOf("txtKs");
@@ -214,6 +207,53 @@ INSTANTIATE_TEST_SUITE_P(Estimating, Refusing, testing::Values(
     RefusalCase{"OptionsDiffer", "cmdAjustar", 2, kSecondDiffers, {305, "\n", 300}},
     RefusalCase{"NoSuchMethodYet", "cmdAjustar", 1, kMarquardt, {335}}));
 // clang-format on
+
+TEST_F(CultivationWindow, ShowsTheReportOfTheRunAndSavesIt) {
+  OpenFilled();
+  Click("cdmSalvar");
+  Estimate();
+  const std::string estimated = TextOf("txtKs");
+  Click("cmdIrVoltar");
+  const auto ofTheRun = ReportPictures(session.lists, session.curves, session.gridLines, '.');
+  session.curves[0].Cx.fill(0);  // another calculation, after the run
+  Click("cmdRelatorio");
+  auto* const text = Find<QTextEdit>("RichTextBox1");
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(text->window()));
+  EXPECT_EQ(text->verticalScrollBar()->value(), 0);
+  EXPECT_GT(text->verticalScrollBar()->maximum(), 0);
+  QTest::keyClicks(text, QStringLiteral("typed"));
+  const auto shown = [&] { return text->toPlainText().toStdString(); };
+  EXPECT_TRUE(shown().starts_with("Report of estimated kinetic parameters\nVersion 1.0\n"));
+  EXPECT_NE(shown().find("\nKs = " + estimated + " +/- "), std::string::npos);
+  const auto picture = [&](int index) {
+    const QUrl url(QString::fromStdString(rich::PictureName(index)));
+    return text->document()->resource(QTextDocument::ImageResource, url).value<QImage>();
+  };
+  for (int i = 0; i < 3; ++i) {
+    const std::string& png = ofTheRun.at(static_cast<std::size_t>(i)).picture.png;
+    EXPECT_EQ(picture(i), QImage::fromData(QByteArray::fromStdString(png)));
+  }
+
+  session.language = Language::Portuguese;
+  Idiomas(*text->window(), session.language);
+  EXPECT_TRUE(shown().starts_with("Relatório do ajuste de parâmetros cinéticos\n"));
+  EXPECT_FALSE(picture(2).isNull());
+
+  const TemporaryFolder folder;
+  dialogs.files = {{}, QStringLiteral("/nowhere/report.rtf"),
+                   QString::fromStdString(folder / "report.rtf")};
+  Click("cmdSalvar");  // cancelled
+  EXPECT_EQ(dialogs.shown.size(), 1U);
+  Click("cmdSalvar");
+  EXPECT_NE(dialogs.details.back().indexOf(QStringLiteral("/nowhere")), -1);
+  Click("cmdSalvar");
+  const std::string report = ReadWholeFile(folder / "report.rtf").bytes;
+  EXPECT_NE(report.find("Relat\\'f3rio"), std::string::npos);
+  EXPECT_NE(report.find("Ks = " + estimated + " +/- "), std::string::npos);
+  const QPointer<QWidget> open = text->window();
+  QTest::keyClick(text->window(), Qt::Key_Escape);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return open.isNull(); }));
+}
 
 TEST_F(CultivationWindow, RefusesWhatIsNotChosenAndEqualBounds) {
   Open();

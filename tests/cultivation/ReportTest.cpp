@@ -3,42 +3,80 @@
 #include <algorithm>
 
 #include "cultivation/Relatorio.h"
+#include "kinetics/Modelos.h"
 
 namespace velmora {
 namespace {
 
-/// What a reader of rich text sees: control words and groups dropped, letters decoded to UTF-8.
-std::string Read(const std::string& rtf) {
+/// A code point below 0x800 in UTF-8.
+std::string Utf8(int code) {
+  if (code < 0x80) return {static_cast<char>(code)};
+  return {static_cast<char>(0xC0 | code >> 6), static_cast<char>(0x80 | (code & 0x3F))};
+}
+
+/// What a reader of rich text sees. Each paragraph is a line; cells are parted by "|" and their row
+/// is a line.
+class Reader {
+ public:
+  explicit Reader(const std::string& rtf) : rtf_(rtf) {
+    while (at_ < rtf_.size()) Step();
+    EXPECT_EQ(groups_, 0);
+  }
   std::string text;
-  for (std::size_t i = 0; i < rtf.size(); ++i) {
-    const char c = rtf[i];
-    if (c == '{' || c == '}' || c == '\r' || c == '\n') continue;
-    if (c != '\\') {
-      text += c;
-      continue;
-    }
-    const char next = rtf[++i];
-    if (next == '\\' || next == '{' || next == '}') {
-      text += next;
-    } else if (next == '\'') {  // Latin letters: their code is that of Unicode
-      const int code = std::stoi(rtf.substr(i + 1, 2), nullptr, 16);
-      text += {static_cast<char>(0xC0 | code >> 6), static_cast<char>(0x80 | (code & 0x3F))};
-      i += 2;
+  std::vector<std::string> pictures;  // the bytes
+
+ private:
+  void Step() {
+    const char c = rtf_[at_++];
+    if (c == '\\') return Control();
+    if (c == '{') return void(++groups_);
+    if (c == '}') return EndGroup();
+    if (c == '\r' || c == '\n') return;
+    (inPicture_ ? hex_ : text) += c;
+  }
+
+  void EndGroup() {
+    --groups_;
+    if (!inPicture_) return;
+    inPicture_ = false;
+    std::string& bytes = pictures.emplace_back();
+    for (std::size_t i = 0; i < hex_.size(); i += 2)
+      bytes += static_cast<char>(std::stoi(hex_.substr(i, 2), nullptr, 16));
+    hex_.clear();
+  }
+
+  void Control() {
+    const char symbol = rtf_[at_];
+    if (std::string("\\{}").find(symbol) != std::string::npos) {
+      text += rtf_[at_++];
+    } else if (symbol == '\'') {  // the letters of Latin-1 have the codes of Unicode
+      text += Utf8(std::stoi(rtf_.substr(at_ + 1, 2), nullptr, 16));
+      at_ += 3;
     } else {
-      std::size_t end = i;
-      while (std::isalnum(static_cast<unsigned char>(rtf[end])) || rtf[end] == '-') ++end;
-      const std::string word = rtf.substr(i, end - i);
-      if (word.starts_with("u9")) {
-        const int code = std::stoi(word.substr(1));
-        text += {static_cast<char>(0xC0 | code >> 6), static_cast<char>(0x80 | (code & 0x3F))};
-        ++end;  // the letter for readers that know no Unicode
-      }
-      if (word == "par" || word == "cell") text += '\n';
-      i = rtf[end] == ' ' ? end : end - 1;
+      Word();
     }
   }
-  return text;
-}
+
+  void Word() {
+    const std::size_t end = rtf_.find_first_not_of("abcdefghijklmnopqrstuvwxyz-0123456789", at_);
+    const std::string word = rtf_.substr(at_, end - at_);
+    at_ = end + (rtf_[end] == ' ' ? 1 : 0);
+    if (word == "par" || word == "row" || word == "line") text += '\n';
+    if (word == "cell") text += '|';
+    if (word == "pict") inPicture_ = true;
+    if (word.size() < 3 || word[0] != 'u' || word.find_first_not_of("0123456789", 1) < word.size())
+      return;
+    if (word == "uc1") return;
+    text += Utf8(std::stoi(word.substr(1)));
+    ++at_;  // the letter for readers that know no Unicode
+  }
+
+  const std::string& rtf_;
+  std::size_t at_ = 0;
+  int groups_ = 0;
+  bool inPicture_ = false;
+  std::string hex_;
+};
 
 ReportContent Molasses() {
   ReportContent report;
@@ -48,7 +86,11 @@ ReportContent Molasses() {
   record.row[At::Cx0] = 1.25;
   record.row[At::YpsTyped] = 0.42448;
   record.row[At::Yps] = 1;
-  record.options.model = "Aiba";
+  record.options.model = "Monod";  // which the switches of the Aiba model overrule
+  KineticParameters switches;
+  SetModelSwitches(*FindModel("Aiba"), switches);
+  std::copy(switches.values.begin() + 7, switches.values.begin() + 23,
+            record.row.values.begin() + 7);
   report.records = {record};
   report.variables = {{At::muMax, 0.05, 0.5, 0.2}, {At::Ks, 1, 40, 10}};
   report.best = {0.179, 11};
@@ -57,63 +99,77 @@ ReportContent Molasses() {
   return report;
 }
 
-TEST(Report, TellsEverythingInItsOrder) {
-  const std::string rtf = Relatorio(Molasses());
-  EXPECT_TRUE(rtf.starts_with("{\\rtf1\\ansi\\ansicpg1252"));
-  EXPECT_TRUE(std::all_of(rtf.begin(), rtf.end(), [](char c) { return c > 0; })) << "7-bit";
-  EXPECT_EQ(std::count(rtf.begin(), rtf.end(), '{'), std::count(rtf.begin(), rtf.end(), '}'));
-  const std::string text = Read(rtf);
+/// The lines that `text` must hold in this order.
+void ExpectInOrder(const std::string& text, std::initializer_list<const char*> lines) {
   std::size_t at = 0;
-  for (const char* line : {"Report of estimated kinetic parameters\n",
-                           "Version 1.0\n",
-                           "Type of cultivation: Batch\n",
-                           "Number of experiments added: 1\n",
-                           "Chosen model: Aiba\n",
-                           "·exp(",
-                           "Kip·Cp)\n",
-                           "Conditions of the experiment: 7\n",
-                           "Cx0: 1.25\n",
-                           "Yps: 0.42448\n",
-                           "Mimax: 0\n",
-                           "CsAst1: 0\n",
-                           "CsAst2: 0\n",
-                           "Initial values of estimated variables: \n",
-                           "µmáx = 0.2\n",
-                           "Ks = 10\n",
-                           "Upper bound of µmáx = 0.5\n",
-                           "Lower bound of µmáx = 0.05\n",
-                           "Upper bound of Ks = 40\n",
-                           "Estimated variables: \n",
-                           "µmáx = 0.179 +/- 0.0087\n",
-                           "Ks = 11.00 +/- 3.25\n",
-                           "Sum of squared errors: 0.003\n"}) {
+  for (const char* line : lines) {
     const std::size_t found = text.find(line, at);
     ASSERT_NE(found, std::string::npos) << line << " in " << text.substr(at);
-    at = found;
+    at = found + std::string(line).size();
   }
+}
+
+TEST(Report, TellsEverythingInItsOrder) {
+  const std::string rtf = Relatorio(Molasses());
+  EXPECT_TRUE(rtf.starts_with("{\\rtf1\\ansi\\ansicpg1252\\uc1"));
+  EXPECT_TRUE(std::all_of(rtf.begin(), rtf.end(), [](char c) { return c > 0; })) << "7-bit";
+  EXPECT_EQ(std::count(rtf.begin(), rtf.end(), '\n'), std::count(rtf.begin(), rtf.end(), '\r'));
+  ExpectInOrder(Reader(rtf).text, {"Report of estimated kinetic parameters\n",
+                                   "Version 1.0\n",
+                                   "Type of cultivation: Batch\n",
+                                   "Number of experiments added: 1\n",
+                                   "Chosen model: Aiba\n",
+                                   "·exp(",
+                                   "Kip·Cp)\n",
+                                   "Conditions of the experiment: 7\n",
+                                   "Cx0: |1.25|Cs0: |0|Cp0: |0|T: |0|\n",
+                                   "Yxs: |0|Yps: |0.42448|Alfa: |0|Beta: |0|",
+                                   "Mimax: |0|Ks: |0|Kis: |1|Kp: |0|\n",
+                                   "CxAst: |1|CpAst: |1|m: |0|n: |0|\n",
+                                   "u: |1|v: |0|C: |0|B: |0|\n",
+                                   "B1: |1|B2: |1|G: |1|H1: |0|\n",
+                                   "ms: |0|Kd: |0|Kdp: |0|CsAst1: |0|\n",
+                                   "CsAst2: |0|",
+                                   "Initial values of estimated variables: \n",
+                                   "µmáx = 0.2\n",
+                                   "Ks = 10\n",
+                                   "Upper bound of µmáx = 0.5|Lower bound of µmáx = 0.05|\n",
+                                   "Upper bound of Ks = 40|Lower bound of Ks = 1|\n",
+                                   "Estimated variables: \n",
+                                   "µmáx = 0.179 +/- 0.0087\n",
+                                   "Ks = 11.00 +/- 3.25\n",
+                                   "Sum of squared errors: 0.003\n"});
 }
 
 TEST(Report, SpeaksPortugueseAndOmitsDeviationsThatThereAreNot) {
   ReportContent report = Molasses();
   report.style = {Language::Portuguese, ','};
   report.deviations.clear();
-  const std::string text = Read(Relatorio(report));
-  EXPECT_NE(text.find("Relatório do ajuste de parâmetros cinéticos\n"), std::string::npos);
-  EXPECT_NE(text.find("Ks = 11,00\n"), std::string::npos);
+  const std::string text = Reader(Relatorio(report)).text;
+  ExpectInOrder(text, {"Relatório do ajuste de parâmetros cinéticos\n", "Cx0: |1,25|",
+                       "Limite superior de µmáx = 0,5|", "\nKs = 11,00\n"});
   EXPECT_EQ(text.find("+/-"), std::string::npos);
 }
 
-TEST(Report, HoldsEachPictureAtItsPlace) {
+TEST(Report, EscapesWhatADescriptionHolds) {
   ReportContent report = Molasses();
-  report.pictures = {
-      {std::string("\x89PNG\x00\xff", 6), 300, 200}, {"second", 300, 200}, {"third", 3, 2}};
-  const std::string rtf = Relatorio(report);
-  const std::size_t first = rtf.find("89504e4700ff");
-  const std::size_t second = rtf.find("7365636f6e64"), third = rtf.find("7468697264");
-  EXPECT_LT(rtf.find("CsAst2"), first);
-  EXPECT_LT(rtf.find("+/-"), second);
-  EXPECT_LT(rtf.find("Sum of squared errors: "), third);
-  EXPECT_NE(third, std::string::npos);
+  report.descriptions = {"{α \\par} ç <b>&\nlast\x01\xFF"};
+  EXPECT_NE(Reader(Relatorio(report)).text.find(": 7\n{α \\par} ç <b>&\nlast?\n"),
+            std::string::npos);
+  EXPECT_NE(rich::Html(ReportDocument(report), 100).find(">{α \\par} ç &lt;b&gt;&amp;<br>last?<"),
+            std::string::npos);
+}
+
+TEST(Report, HoldsPicturesToTheByte) {
+  ReportContent report = Molasses();
+  std::string first;
+  for (int byte = 0; byte < 256; ++byte) first += static_cast<char>(byte);
+  report.pictures = {{130, {first, 300, 200}}, {126, {"second", 300, 200}}, {125, {"third", 3, 2}}};
+  const Reader reader(Relatorio(report));
+  ExpectInOrder(reader.text, {"Sum of squared errors: 0.003\n", "Cx versus time\n",
+                              "Cs versus time\n", "Cp versus time\n"});
+  EXPECT_EQ(reader.pictures, (std::vector<std::string>{first, "second", "third"}));
+  EXPECT_NE(rich::Html(ReportDocument(report), 100).find("src=\"picture-2\""), std::string::npos);
 }
 
 }  // namespace
