@@ -9,6 +9,8 @@
 #include "app/MDIForm1.h"
 #include "app/frmSobre.h"
 #include "app/frmSplash.h"
+#include "charts/dlgIntervalos.h"
+#include "charts/dlgTituloGrafico.h"
 #include "charts/frmZoom.h"
 #include "estimation/frmParametros.h"
 
@@ -82,10 +84,20 @@ QMap<QString, QImage> TakePictures(Language language, const QString& examplesFol
   Press(frame, "cmdAjustar");
   pictures[QStringLiteral("results")] = Picture(frame);
 
+  Press(frame, "cmdRelatorio");
+  auto* const report = frame.findChild<QWidget*>(QStringLiteral("frmRelatorio"));
+  if (report == nullptr) throw std::runtime_error("the report is not shown");
+  pictures[QStringLiteral("report")] = Picture(*report);
+
   frmZoom zoom(session, dialogs, PlotVariable::Cx);
   zoom.resize(kEnlarged);
   Press(zoom, "cmdInsLegenda");
   pictures[QStringLiteral("zoom")] = Picture(zoom);
+  dlgTituloGrafico title(session);
+  pictures[QStringLiteral("title")] = Picture(title);
+  const TimeInterval measured = MeasuredTimes(session.lists);
+  dlgIntervalos interval(session, dialogs, measured, measured);
+  pictures[QStringLiteral("interval")] = Picture(interval);
 
   session.settings = {};
   frmParametros settings(session, dialogs);
