@@ -1,12 +1,36 @@
 #include "app/ChildFrame.h"
 
 #include <QCloseEvent>
+#include <QScrollArea>
+#include <QVBoxLayout>
 
 namespace velmora {
+namespace {
 
-ChildFrame::ChildFrame(QWidget* window) {
+/// A scroll area would keep the height that a wrapped text makes desirable; the windows do with
+/// less.
+class BoxOfAnyHeight : public QVBoxLayout {
+ public:
+  using QVBoxLayout::QVBoxLayout;
+  bool hasHeightForWidth() const override { return false; }
+};
+
+}  // namespace
+
+ChildFrame::ChildFrame(QWidget* window) : window_(*window) {
   setObjectName(window->objectName() + QStringLiteral("Frame"));
-  setWidget(window);
+  auto* const holder = new QWidget;
+  auto* const box = new BoxOfAnyHeight(holder);
+  box->setContentsMargins({});
+  box->addWidget(window);
+  auto* const scroll = new QScrollArea;
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setWidgetResizable(true);
+  scroll->setWidget(holder);
+  setWidget(scroll);
+  setWindowTitle(window->windowTitle());
+  connect(window, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
 }
 
 void ChildFrame::BringUp() {
@@ -16,7 +40,7 @@ void ChildFrame::BringUp() {
 
 void ChildFrame::PutAway() {
   // Hiding a control passes the keyboard on, so that it is asked for beforehand.
-  if (!isMinimized()) lastControl_ = widget()->focusWidget();
+  if (!isMinimized()) lastControl_ = window_.focusWidget();
   showMinimized();
 }
 
@@ -26,17 +50,17 @@ void ChildFrame::closeEvent(QCloseEvent* event) {
 }
 
 bool ChildFrame::CanTakeKeys(const QWidget& control) const {
-  return widget()->isAncestorOf(&control) && control.isEnabledTo(widget()) &&
-         control.isVisibleTo(widget()) && (control.focusPolicy() & Qt::TabFocus) != 0;
+  return window_.isAncestorOf(&control) && control.isEnabledTo(&window_) &&
+         control.isVisibleTo(&window_) && (control.focusPolicy() & Qt::TabFocus) != 0;
 }
 
 // Left to itself, the area may choose a control that is hidden, and the keys reach the other
 // window.
 void ChildFrame::TakeKeyboard() {
-  if (widget()->focusWidget() != nullptr && widget()->focusWidget()->hasFocus()) return;
+  if (window_.focusWidget() != nullptr && window_.focusWidget()->hasFocus()) return;
   QWidget* control = lastControl_.data();
-  if (control == nullptr || !CanTakeKeys(*control)) control = widget()->nextInFocusChain();
-  while (control != widget() && !CanTakeKeys(*control)) control = control->nextInFocusChain();
+  if (control == nullptr || !CanTakeKeys(*control)) control = window_.nextInFocusChain();
+  while (control != &window_ && !CanTakeKeys(*control)) control = control->nextInFocusChain();
   control->setFocus();
 }
 

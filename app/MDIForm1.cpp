@@ -98,9 +98,9 @@ void MDIForm1::Wire() {
   connect(&menu_->Item("mnuIngles"), &QAction::triggered, this,
           [this] { SwitchLanguage(Language::English); });
   connect(menu_, &MainMenu::Opening, this, &MDIForm1::RefreshMenus);
-  connect(area_, &QMdiArea::subWindowActivated, this, [this](const QMdiSubWindow* active) {
-    if (active != nullptr && active->widget() != nullptr)
-      session_.activeWindow = active->widget()->objectName().toStdString();
+  connect(area_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* active) {
+    if (const auto* const frame = qobject_cast<ChildFrame*>(active))
+      session_.activeWindow = frame->Window().objectName().toStdString();
   });
 }
 
@@ -171,7 +171,6 @@ void MDIForm1::OpenConditions() {
   const int count = session_.conditions.SavedCount();
   if (count > 0 && !Confirmed({{345, " ", std::to_string(count), " ", 317}, 307, Icon::Question}))
     return;
-  if (count == 0) cultivation_->LimpaCaixaTexto();
   cultivation_->AbrirCondBat();
   RefreshMenus();
 }

@@ -453,6 +453,7 @@ void frmCultBatelada::AbrirCondBat() {
     Tell(*opened.refusal);
     return;
   }
+  if (session_.conditions.SavedCount() == 0) LimpaCaixaTexto();
   session_.conditions = opened.conditions;
   session_.curvesPresent = false;
   MostrarCondCult(1);

@@ -36,7 +36,8 @@ class frmCultBatelada : public QWidget {
   void ExportarDados();
   /// Saves the conditions to a file that the user chooses.
   void SalvarArqCondBat();
-  /// Opens a conditions file that the user chooses; only then are stored conditions cleared.
+  /// Opens a conditions file that the user chooses; only then are stored conditions cleared, and
+  /// the boxes emptied where none are stored.
   void AbrirCondBat();
   /// Clears the stored conditions of the experiment at `place`.
   void LimpaVet(int place);

@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTest>
 #include <QTimer>
@@ -167,8 +168,8 @@ TEST_F(Shell, StartsWithTheMenusOfTheTableInBothLanguages) {
 
 TEST_F(Shell, ShowsOneWorkWindowLargeAndFindsThePutAwayOneAgain) {
   Start(Language::English);
-  auto& experiments = *qobject_cast<QMdiSubWindow*>(Experiments().parentWidget());
-  auto& cultivation = *qobject_cast<QMdiSubWindow*>(Cultivation().parentWidget());
+  auto& experiments = *Child<QMdiSubWindow>(*frame, "frmMsFlexGridFrame");
+  auto& cultivation = *Child<QMdiSubWindow>(*frame, "frmCultBateladaFrame");
   for (int round = 0; round < 2; ++round) {
     EXPECT_TRUE(experiments.isMaximized() && cultivation.isMinimized());
     EXPECT_EQ(session.activeWindow, "frmMsFlexGrid");
@@ -184,6 +185,23 @@ TEST_F(Shell, ShowsOneWorkWindowLargeAndFindsThePutAwayOneAgain) {
     Item("mnuNovo").trigger();
     EXPECT_TRUE(Experiments().isVisible());
   }
+}
+
+TEST_F(Shell, ScrollsAWorkWindowThatIsLargerThanItsFrame) {
+  Start(Language::English);
+  Open(1);
+  frame->setWindowState(Qt::WindowNoState);
+  frame->resize(800, 500);
+  Press(Qt::Key_B);
+  auto* const last = Child<QPlainTextEdit>(Cultivation(), "txtResultados");
+  while (!last->hasFocus()) {
+    QWidget* const before = QApplication::focusWidget();
+    QTest::keyClick(before, Qt::Key_Backtab);
+    ASSERT_NE(QApplication::focusWidget(), before);
+  }
+  const QRect seen = last->visibleRegion().boundingRect();
+  EXPECT_GT(seen.width(), 300) << "keys bring it into sight";
+  EXPECT_GE(Cultivation().width(), Cultivation().minimumSizeHint().width()) << "nothing is cut";
 }
 
 TEST_F(Shell, RecaptionsEveryOpenWindowAtOnce) {

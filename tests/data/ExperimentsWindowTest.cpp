@@ -1,6 +1,7 @@
 // The experiments window, by keys and mouse.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
@@ -145,6 +146,11 @@ TEST_F(ExperimentsWindow, GivesTheOldTextBackOnEscape) {
 TEST_F(ExperimentsWindow, CopiesCutsAndPastesBlocks) {
   session_.separator = ',';
   OpenOver({Measured(1, 0.5)});
+  QAction elsewhere;
+  elsewhere.setShortcut(QKeySequence::Cut);
+  QObject::connect(&elsewhere, &QAction::triggered, &elsewhere,
+                   [] { ADD_FAILURE() << "a menu took the grid's key"; });
+  window_->addAction(&elsewhere);
   GoTo(0, 2);
   Key(Qt::Key_Right, Qt::ShiftModifier);
   Key(Qt::Key_X, Qt::ControlModifier);
@@ -293,8 +299,9 @@ TEST_F(ExperimentsWindow, OpensAndSavesTheSameBytes) {
   OpenOver({Measured(7, 0.1)});
   session_.curvesPresent = true;
   dialogs_.files = {QString(), QString::fromStdString(folder / "none.abr")};
-  for (int attempt = 0; attempt < 2; ++attempt) {
+  for (std::size_t attempt = 0; attempt < 2; ++attempt) {
     EXPECT_FALSE(window_->cmdAbrirOkSub());
+    EXPECT_EQ(dialogs_.shown.size(), attempt) << "cancelling tells nothing";
     EXPECT_EQ(session_.lists.Experiment(1).NExp, 7) << "nothing to open, nothing lost";
     EXPECT_EQ(session_.conditions.At(1).number, 7);
   }
