@@ -34,6 +34,7 @@ add_library(velmora_desktop STATIC
   cultivation/ReportPictures.cpp
   cultivation/ResultsPanel.cpp
   cultivation/RunControl.cpp
+  cultivation/RunDisplay.cpp
   cultivation/RunPanel.cpp
   cultivation/ScoreView.cpp
   cultivation/frmCultBatelada.cpp

@@ -17,28 +17,21 @@
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/DataExport.h"
 #include "cultivation/ExperimentPanel.h"
-#include "cultivation/FaultDescription.h"
 #include "cultivation/FitSetUp.h"
 #include "cultivation/FormEntry.h"
 #include "cultivation/OpenedConditions.h"
 #include "cultivation/PanelParts.h"
-#include "cultivation/ReportPictures.h"
 #include "cultivation/ResultsPanel.h"
+#include "cultivation/RunDisplay.h"
 #include "cultivation/RunPanel.h"
 #include "cultivation/ScoreView.h"
-#include "cultivation/Simulation.h"
-#include "cultivation/frmRelatorio.h"
 #include "data/FaultDetail.h"
-#include "estimation/ResultTexts.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kResultsWidth = 430;  // the longest heading on one line
 constexpr int kRoomForScore = 860;  // window height from which the score's course has room
-constexpr int kEstimating = 107, kLegend = 153, kEstimated = 196, kNotCompleted = 362,
-              kSumOfSquares = 514;
-constexpr int kAttention = 307, kConfirmEstimation = 302, kError = 313;
+constexpr int kLegend = 153, kAttention = 307, kError = 313;
 
 Message Attention(std::initializer_list<Piece> pieces) {
   return {std::vector<Piece>(pieces), kAttention, Icon::Information};
@@ -67,13 +60,8 @@ frmCultBatelada::frmCultBatelada(Session& session, Dialogs& dialogs, QWidget* pa
 void frmCultBatelada::BuildPanels() {
   experiment_ = new ExperimentPanel(this);
   entry_ = new FormEntry(this);
-  runPanel_ = new RunPanel(this);
-  results_ = new ResultsPanel(this);
-  results_->setMinimumWidth(kResultsWidth);
-  score_ = new ScoreView(this);
-  score_->hide();
+  run_ = new RunDisplay(session_, dialogs_, *entry_, this);
   charts_ = new ChartsPanel(this);
-  run_ = new RunControl(this);
   auto* const numbers = new NumberEntry(session_.separator, this);
   for (NumberBox* const box : findChildren<NumberBox*>()) numbers->Watch(*box);
 }
@@ -85,11 +73,11 @@ void frmCultBatelada::LayOut() {
   for (QWidget* const panel : {entry_->Choices(), entry_->Model(), entry_->Conditions()})
     choices->addWidget(panel);
   choices->addStretch();
-  choices->addWidget(score_, 1);
+  choices->addWidget(&run_->Score(), 1);
   auto* const run = new QVBoxLayout;
   run->addWidget(entry_->Parameters());
-  run->addWidget(runPanel_);
-  run->addWidget(results_, 1);
+  run->addWidget(&run_->Panel());
+  run->addWidget(&run_->Results(), 1);
   auto* const columns = new QHBoxLayout;
   columns->setSpacing(kSpacing);
   columns->addLayout(choices);
@@ -105,22 +93,15 @@ void frmCultBatelada::Wire() {
   connect(experiment_, &ExperimentPanel::StepAsked, this, &frmCultBatelada::Step);
   connect(experiment_, &ExperimentPanel::BackAsked, this, &frmCultBatelada::BackToExperiments);
   connect(entry_, &FormEntry::Edited, this, &frmCultBatelada::ShowStanding);
-  connect(runPanel_, &RunPanel::SaveAsked, this, &frmCultBatelada::SalvarCondCult);
-  connect(runPanel_, &RunPanel::StartAsked, this, &frmCultBatelada::Ajustar);
-  connect(runPanel_, &RunPanel::StopAsked, this, &frmCultBatelada::AskToStop);
-  connect(results_, &ResultsPanel::ReportAsked, this, &frmCultBatelada::Relatorio);
-  connect(results_, &ResultsPanel::ToggleAsked, this, [this] { ShowParameters(!estimatedShown_); });
+  connect(&run_->Panel(), &RunPanel::SaveAsked, this, &frmCultBatelada::SalvarCondCult);
+  connect(&run_->Panel(), &RunPanel::StartAsked, this, &frmCultBatelada::Ajustar);
+  connect(run_, &RunDisplay::RunningChanged, experiment_, &QWidget::setDisabled);
+  connect(run_, &RunDisplay::CurvesChanged, this, &frmCultBatelada::GraficoSub);
+  connect(run_, &RunDisplay::SessionChanged, this, &frmCultBatelada::SessionChanged);
   connect(charts_, &ChartsPanel::MenuAsked, this, &frmCultBatelada::ChartMenu);
   connect(charts_, &ChartsPanel::Activated, this, [this] {
     if (session_.lists.Empty()) Tell(Attention({331}));
   });
-  connect(run_, &RunControl::NotNormalised, this, [this] {
-    Tell({{"Erro na normalização dos dados experimentais"}, "Velmora", Icon::None});
-  });
-  connect(run_, &RunControl::Started, this, &frmCultBatelada::BeginResults);
-  connect(run_, &RunControl::Ticked, runPanel_, &RunPanel::ShowSeconds);
-  connect(run_, &RunControl::GenerationEnded, this, &frmCultBatelada::ShowGeneration);
-  connect(run_, &RunControl::CurvesChanged, this, &frmCultBatelada::TakeCurves);
 }
 
 void frmCultBatelada::ShowAtStart() {
@@ -134,15 +115,13 @@ void frmCultBatelada::changeEvent(QEvent* event) {
   const Language language = session_.language;
   experiment_->SetLanguage(language);
   entry_->SetLanguage(language);
-  runPanel_->SetLanguage(language);
-  results_->SetLanguage(language);
-  score_->SetHeading(Caption(kSumOfSquares, language).trimmed());
+  run_->SetLanguage(language);
   charts_->SetLegendHeading(Caption(kLegend, language));
 }
 
 void frmCultBatelada::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  score_->setVisible(height() >= kRoomForScore);
+  run_->Score().setVisible(height() >= kRoomForScore);
 }
 
 void frmCultBatelada::showEvent(QShowEvent* event) {
@@ -199,8 +178,7 @@ void frmCultBatelada::MostrarCondCult(int place) {
   else if (place != 0)
     ShowSuggested(shown_);
   entry_->SetFixed(session_.conditions.SavedCount() > 0);
-  estimatedShown_ = false;
-  results_->SetDirection(ResultsPanel::Direction::ToEstimated);
+  run_->FormShowsStored();
   ShowStanding();
 }
 
@@ -225,7 +203,7 @@ void frmCultBatelada::ShowStanding() {
   const bool saved = IsSaved(place_) && !entry_->Changed();
   experiment_->SetStanding(
       {place_, NumExperimentos(), shown_.NExp, saved, session_.conditions.SavedCount()});
-  runPanel_->SetSimulates(entry_->Form().method == Method::Manual);
+  run_->Panel().SetSimulates(entry_->Form().method == Method::Manual);
 }
 
 void frmCultBatelada::Step(int step) {
@@ -282,117 +260,13 @@ void frmCultBatelada::Ajustar() {
   }
   switch (form.method) {
     case Method::Manual:
-      return Simulate();
+      return run_->Simulate();
     case Method::ED:
-      return AskAndEstimate(checked.variables);
+      return run_->Estimate(checked.variables);
     case Method::LM:
     case Method::None:
       Tell(Attention({335}));
   }
-}
-
-void frmCultBatelada::Simulate() {
-  ModelCurves curves;
-  results_->Clear();
-  for (const ArithmeticFault& fault : Manual(session_.conditions, NumExperimentos(), curves)) {
-    EndCurveAt(fault, curves.at(static_cast<std::size_t>(fault.place) - 1));
-    AppendFault(fault);
-  }
-  TakeCurves(curves);
-  emit SessionChanged();
-}
-
-void frmCultBatelada::AskAndEstimate(const std::vector<FitVariable>& variables) {
-  const Message question{{312}, kConfirmEstimation, Icon::Question};
-  if (Tell(question, Buttons::YesNo) != Answer::Yes) return;
-  FitProblem problem = ProblemOf(session_.lists.Experiments(), session_.conditions);
-  problem.variables = variables;
-  quiet_ = false;
-  SetRunning(true);
-  const RunOutcome outcome = run_->Run(problem, session_.settings);
-  SetRunning(false);
-  ShowOutcome(outcome);
-  emit SessionChanged();
-}
-
-void frmCultBatelada::SetRunning(bool running) {
-  experiment_->setEnabled(!running);
-  entry_->SetEnabled(!running);
-  runPanel_->SetRunning(running);
-  results_->SetRunning(running);
-}
-
-void frmCultBatelada::BeginResults() {
-  results_->Clear();
-  score_->Clear();
-  runPanel_->SetHeading(kEstimating);
-  runPanel_->ShowSeconds(0);
-  runPanel_->ShowProgress(0, static_cast<int>(session_.settings.ITER));
-  emit SessionChanged();
-}
-
-void frmCultBatelada::ShowGeneration(const Generation& generation) {
-  results_->Append(
-      ProgressText(run_->Variables(), generation, {session_.language, session_.separator}));
-  score_->Add(generation.score);
-  runPanel_->ShowProgress(generation.number, static_cast<int>(session_.settings.ITER));
-}
-
-void frmCultBatelada::ShowOutcome(const RunOutcome& outcome) {
-  if (outcome.HasResult()) return ShowResult(outcome);
-  runPanel_->SetHeading(outcome.result.fault ? kEstimated : 0);
-  if (outcome.result.fault) return AppendFault(*outcome.result.fault);
-  if (outcome.result.refusal) Tell(*outcome.result.refusal);
-  if (outcome.outOfMemory) Tell(Attention({350}));
-}
-
-void frmCultBatelada::ShowResult(const RunOutcome& outcome) {
-  lastRun_ = outcome;
-  const TextStyle style{session_.language, session_.separator};
-  report_ = ReportOf(session_.lists.Experiments(), session_.conditions, outcome.variables,
-                     outcome.result, outcome.deviations, style);
-  reportedLists_ = session_.lists;
-  reportedCurves_ = session_.curves;
-  runPanel_->SetHeading(kEstimated);
-  results_->Append(FinalText(outcome.variables, outcome.result, outcome.deviations, style));
-  results_->SetAvailable(true);
-  ShowParameters(true);
-  if (outcome.deviations.fault && !quiet_) Tell(InversionMessage());
-}
-
-void frmCultBatelada::AppendFault(const ArithmeticFault& fault) {
-  const Language language = session_.language;
-  results_->Append(std::string(Text(kNotCompleted, language)) + FaultDescription(fault, language) +
-                   "\n");
-}
-
-void frmCultBatelada::ShowParameters(bool estimated) {
-  const char separator = session_.separator;
-  for (std::size_t j = 0; j < lastRun_->variables.size(); ++j) {
-    const FitVariable& variable = lastRun_->variables[j];
-    const double value = estimated ? lastRun_->result.best[j] : variable.start;
-    const std::string text = estimated ? Formatted(value, kTwoToThirteen, separator)
-                                       : ShownText(variable.position, value, separator);
-    entry_->SetBox(variable.position, text, PlainText(value, separator),
-                   estimated ? NumberBox::Mark::Estimated : NumberBox::Mark::None);
-  }
-  estimatedShown_ = estimated;
-  results_->SetDirection(estimated ? ResultsPanel::Direction::ToInitial
-                                   : ResultsPanel::Direction::ToEstimated);
-}
-
-void frmCultBatelada::Relatorio() {
-  delete reportWindow_;
-  report_.pictures =
-      ReportPictures(reportedLists_, reportedCurves_, session_.gridLines, session_.separator);
-  reportWindow_ = new frmRelatorio(session_, dialogs_, report_, window());
-  reportWindow_->setAttribute(Qt::WA_DeleteOnClose);
-  reportWindow_->show();
-}
-
-void frmCultBatelada::AskToStop() {
-  const Message question{{361}, kAttention, Icon::Question};
-  if (Tell(question, Buttons::YesNo) == Answer::Yes) run_->Stop();
 }
 
 bool frmCultBatelada::Running() const {
@@ -400,17 +274,10 @@ bool frmCultBatelada::Running() const {
 }
 
 void frmCultBatelada::StopRun() {
-  quiet_ = true;
-  run_->Stop();
+  run_->StopQuietly();
 }
 
 // Plots, export and the conditions file.
-
-void frmCultBatelada::TakeCurves(const ModelCurves& curves) {
-  session_.curves = curves;
-  session_.curvesPresent = true;
-  GraficoSub();
-}
 
 void frmCultBatelada::GraficoSub() {
   charts_->Draw(session_.lists, session_.curvesPresent ? &session_.curves : nullptr,

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <QPoint>
-#include <QPointer>
 #include <QString>
 #include <QWidget>
 #include <cstdint>
@@ -12,8 +11,6 @@
 #include "app/Dialogs.h"
 #include "app/Session.h"
 #include "cultivation/CultivationForm.h"
-#include "cultivation/Relatorio.h"
-#include "cultivation/RunControl.h"
 #include "data/FileFault.h"
 
 namespace velmora {
@@ -21,10 +18,7 @@ namespace velmora {
 class ChartsPanel;
 class ExperimentPanel;
 class FormEntry;
-class frmRelatorio;
-class ResultsPanel;
-class RunPanel;
-class ScoreView;
+class RunDisplay;
 
 class frmCultBatelada : public QWidget {
   Q_OBJECT
@@ -91,41 +85,17 @@ class frmCultBatelada : public QWidget {
 
   // The run.
   void Ajustar();
-  void Simulate();
-  void AskAndEstimate(const std::vector<FitVariable>& variables);
-  void SetRunning(bool running);
-  void BeginResults();
-  void ShowGeneration(const Generation& generation);
-  void ShowOutcome(const RunOutcome& outcome);
-  void ShowResult(const RunOutcome& outcome);
-  void AppendFault(const ArithmeticFault& fault);
-  /// Shows the report of the last run that had a result, with the data and curves that it had.
-  void Relatorio();
-  void AskToStop();
-  void TakeCurves(const ModelCurves& curves);
-  /// Shows the estimated values, or those from which the search started.
-  void ShowParameters(bool estimated);
 
   Session& session_;
   Dialogs& dialogs_;
   ExperimentPanel* experiment_ = nullptr;
   FormEntry* entry_ = nullptr;
-  RunPanel* runPanel_ = nullptr;
-  ResultsPanel* results_ = nullptr;
-  ScoreView* score_ = nullptr;
+  RunDisplay* run_ = nullptr;
   ChartsPanel* charts_ = nullptr;
-  RunControl* run_ = nullptr;
   int place_ = 0;
   Class1 shown_;                       // the experiment at that place, as it was when it was shown
   bool shownSaved_ = false;            // whether its conditions were saved then
   std::vector<std::int16_t> numbers_;  // of the experiments in the list
-  std::optional<RunOutcome> lastRun_;  // the last one that had a result
-  ReportContent report_;               // of that run, but for its pictures:
-  ExperimentLists reportedLists_;      // these show its data
-  ModelCurves reportedCurves_;         // and its curves
-  QPointer<frmRelatorio> reportWindow_;
-  bool estimatedShown_ = false;
-  bool quiet_ = false;  // the program is being closed: nothing is asked or told
 };
 
 }  // namespace velmora
