@@ -72,9 +72,11 @@ class LegendBox {
     const QPointF first = upperLeft + QPointF(Units(kPadding), Units(kPadding));
     painter_.setPen(Qt::black);
     painter_.drawText(first + QPointF(0, ascent_), page_.legendHeading);
-    for (std::size_t i = 0; i < Count(); ++i)
-      PaintCell(i, first + QPointF(static_cast<double>(i % columns_) * cell_,
-                                   static_cast<double>(i / columns_ + 1) * line_));
+    for (std::size_t i = 0; i < Count(); ++i) {
+      const std::size_t column = i % columns_, row = i / columns_ + 1;  // row 0 is the heading's
+      PaintCell(i, first + QPointF(static_cast<double>(column) * cell_,
+                                   static_cast<double>(row) * line_));
+    }
   }
 
  private:

@@ -90,7 +90,7 @@ void LegendView::SetRows(const std::vector<LegendRow>& rows) {
 
 QPixmap LegendView::Picture(const QString& file, int size) const {
   const QPixmap picture(imageFolder_ + QLatin1Char('/') + file + QStringLiteral(".bmp"));
-  if (picture.isNull()) return picture;
+  if (picture.isNull()) return {};
   return picture.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
 }
 

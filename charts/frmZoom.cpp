@@ -8,6 +8,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "app/Bilingual.h"
@@ -69,7 +70,7 @@ constexpr Chart kCharts[] = {
 /// Where a legend stands in a chart that was resized: at the same share of the room around it.
 int SameShare(int at, int roomBefore, int room) {
   const double share = roomBefore > 0 ? static_cast<double>(at) / roomBefore : 1;
-  return std::clamp(static_cast<int>(share * room + 0.5), 0, std::max(0, room));
+  return std::clamp(static_cast<int>(std::lround(share * room)), 0, std::max(0, room));
 }
 
 }  // namespace
@@ -296,7 +297,7 @@ void frmZoom::CopyChart() {
 }
 
 QString frmZoom::FileToSave(const QString& filter, const QString& suffix) {
-  const QString file = dialogs_.SaveFile(this, filter, suffix);
+  QString file = dialogs_.SaveFile(this, filter, suffix);
   // A cancelled dialog gives no name at all. An empty one is blank but for the suffix.
   if (file.isNull() || !QFileInfo(file).completeBaseName().trimmed().isEmpty()) return file;
   dialogs_.Show(this, {{kInvalidName}, kAttention, Icon::Exclamation});
