@@ -1,22 +1,44 @@
-// The one painter of all charts: on the screen, in a picture, on paper, in the report.
+// Charts as Qt paints them: on the screen, in a picture, on paper.
 #pragma once
 
+#include <QFont>
 #include <QPointF>
 #include <QRectF>
-#include <QString>
 
-#include "charts/ChartContent.h"
+#include "charts/ChartDrawing.h"
 
+class QFontMetricsF;
 class QPainter;
+class QPen;
 
 namespace velmora {
 
-enum class PointStyle { Dots, Markers };
+/// Draws in the painter's coordinates, with the painter's font.
+class PainterCanvas : public ChartCanvas {
+ public:
+  explicit PainterCanvas(QPainter& painter);
 
-struct ChartStyle {
-  PointStyle points = PointStyle::Dots;
-  double unit = 1;        // the width of a thin line, in the painter's coordinates
-  double fontHeight = 0;  // of labels, in units; 0 for one that suits the paper
+  void OpenPaper(const PaperArea& area) override;
+  void ClosePaper() override;
+  void SetFontHeight(double height) override;
+  void SetTitleFontHeight(double height) override;
+  double FontHeight() const override;
+  double Ascent() const override;
+  double Descent() const override;
+  double WidthOf(std::string_view text) const override;
+  void Write(const PaperPoint& start, std::string_view text) override;
+  void WriteUpwards(const PaperPoint& start, std::string_view text) override;
+  void DrawLines(std::span<const PaperLine> lines, const Stroke& stroke) override;
+  void DrawCurve(std::span<const PaperPoint> points, const Stroke& stroke) override;
+  void DrawDots(std::span<const PaperPoint> centres, double width, Ink ink) override;
+  void DrawMarkers(std::string_view marker, std::span<const PaperPoint> centres, double size,
+                   Ink ink, double lineWidth) override;
+
+ private:
+  QFontMetricsF Metrics() const;
+
+  QPainter& painter_;
+  QFont font_;  // of labels
 };
 
 /// Paints the chart on `paper`, in the painter's coordinates, over a white ground. Curves and

@@ -29,16 +29,6 @@ QString ProgramFolder() {
   return QCoreApplication::applicationDirPath();
 }
 
-std::vector<LegendRow> LegendRows(const ExperimentLists& lists) {
-  std::vector<LegendRow> rows;
-  for (int place = 1; place <= lists.Count(); ++place) {
-    const DisplayEntry& display = lists.Display(place);
-    if (display.NGrafVisivel)
-      rows.push_back({lists.Experiment(place).NExp, display.NMarcador, display.NCor});
-  }
-  return rows;
-}
-
 LegendView::LegendView(QString imageFolder, QWidget* parent)
     : QFrame(parent), imageFolder_(std::move(imageFolder)) {
   setObjectName(QStringLiteral("picLegenda"));

@@ -8,21 +8,12 @@
 #include <string>
 #include <vector>
 
-#include "data/ExperimentLists.h"
+#include "charts/LegendRows.h"
 
 class QGridLayout;
 class QLabel;
 
 namespace velmora {
-
-struct LegendRow {
-  std::int16_t number = 0;
-  std::string marker;
-  std::int32_t colour = 1;
-};
-
-/// One row for each visible experiment, in list order.
-std::vector<LegendRow> LegendRows(const ExperimentLists& lists);
 
 /// More rows than these a legend does not list.
 inline constexpr std::size_t kMostLegendRows = 45;

@@ -7,28 +7,14 @@
 #include <QTransform>
 #include <cmath>
 
-#include "data/Class1.h"
-
 namespace velmora {
 namespace {
 
-enum class Figure { Circle, Square, Triangle };
-
-struct Shape {
-  Figure figure = Figure::Circle;
-  bool filled = true;
-  double turn = 0;  // of a triangle, quarters of a circle clockwise from pointing up
-};
-
-/// Figures by marker number 1..8.
-constexpr Shape kShapes[] = {{Figure::Circle, true, 0},   {Figure::Circle, false, 0},
-                             {Figure::Square, true, 0},   {Figure::Square, false, 0},
-                             {Figure::Triangle, true, 0}, {Figure::Triangle, true, 1},
-                             {Figure::Triangle, true, 2}, {Figure::Triangle, true, 3}};
-
-QPolygonF TriangleAt(double size) {
-  const double half = size / 2;
-  return QPolygonF({{0, -half}, {half, half * 0.8}, {-half, half * 0.8}});
+QPolygonF TriangleAt(double size, int turn) {
+  QPolygonF triangle;
+  for (const PaperPoint& corner : TriangleCorners(size, turn))
+    triangle.append(QPointF(corner.x, corner.y));
+  return triangle;
 }
 
 bool PaintsPixels(const QPainter& painter) {
@@ -71,15 +57,13 @@ QPixmap WhitePixmap(const QSize& size) {
 }  // namespace
 
 QColor ColourOf(std::int32_t number) {
-  if (number < 1 || number > static_cast<std::int32_t>(kColours.size())) return Qt::black;
-  const std::uint32_t bgr = kColours[static_cast<std::size_t>(number) - 1].bgr;
-  return QColor::fromRgb(static_cast<int>(bgr & 0xFF), static_cast<int>(bgr >> 8 & 0xFF),
-                         static_cast<int>(bgr >> 16 & 0xFF));
+  const Ink ink = InkOf(number);
+  return QColor(ink.red, ink.green, ink.blue);
 }
 
-Qt::PenStyle PenStyleOf(std::int16_t line) {
-  if (line == 2) return Qt::DotLine;
-  return line == 3 ? Qt::DashLine : Qt::SolidLine;
+Qt::PenStyle PenStyleOf(LineKind kind) {
+  if (kind == LineKind::Dotted) return Qt::DotLine;
+  return kind == LineKind::Dashed ? Qt::DashLine : Qt::SolidLine;
 }
 
 std::string_view MarkerPictureName(std::string_view marker) {
@@ -90,8 +74,7 @@ std::string_view MarkerPictureName(std::string_view marker) {
 
 void DrawMarker(QPainter& painter, std::string_view marker, const QPointF& centre, double size,
                 const QColor& colour, double lineWidth) {
-  const int number = MarkerNumber(marker);
-  const Shape shape = kShapes[number == 0 ? 0 : number - 1];
+  const MarkerFigure shape = FigureOf(marker);
   painter.save();
   painter.setRenderHint(QPainter::Antialiasing);
   painter.setPen(QPen(colour, lineWidth, Qt::SolidLine, Qt::RoundCap, Qt::MiterJoin));
@@ -106,8 +89,7 @@ void DrawMarker(QPainter& painter, std::string_view marker, const QPointF& centr
       painter.drawRect(QRectF(-side / 2, -side / 2, side, side));
       break;
     case Figure::Triangle:
-      painter.rotate(90 * shape.turn);
-      painter.drawPolygon(TriangleAt(side));
+      painter.drawPolygon(TriangleAt(side, shape.turn));
       break;
   }
   painter.restore();
@@ -150,7 +132,7 @@ QPixmap ColourPixmap(std::int32_t number, int size) {
 QPixmap LinePixmap(std::int16_t line, const QSize& size) {
   QPixmap pixmap = WhitePixmap(size);
   QPainter painter(&pixmap);
-  painter.setPen(QPen(Qt::black, 2, PenStyleOf(line), Qt::FlatCap));
+  painter.setPen(QPen(Qt::black, 2, PenStyleOf(LineKindOf(line)), Qt::FlatCap));
   painter.drawLine(QPointF(2, size.height() / 2.0), QPointF(size.width() - 2, size.height() / 2.0));
   return pixmap;
 }

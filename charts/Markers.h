@@ -10,6 +10,8 @@
 #include <cstdint>
 #include <string_view>
 
+#include "charts/MarkerFigures.h"
+
 class QPainter;
 
 namespace velmora {
@@ -17,8 +19,8 @@ namespace velmora {
 /// The drawing colour of a colour number 1..6; black for any other.
 QColor ColourOf(std::int32_t number);
 
-/// The pen style of a line number: 1 solid, 2 dotted, 3 dashed; solid for any other.
-Qt::PenStyle PenStyleOf(std::int16_t line);
+/// The pen style of a line.
+Qt::PenStyle PenStyleOf(LineKind kind);
 
 /// The picture that shows a marker: its name, but for the first and the third triangle, whose
 /// pictures are exchanged.

@@ -1,0 +1,317 @@
+#include "charts/ChartDrawing.h"
+
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "charts/MarkerFigures.h"
+#include "data/Class1.h"
+#include "data/Windows1252.h"
+
+namespace velmora {
+namespace {
+
+constexpr Ink kBlack{0, 0, 0};
+constexpr Ink kGridInk{0xC0, 0xC0, 0xC0};
+
+// Sizes in units.
+constexpr double kDotWidth = 6;
+constexpr double kMarkerWidth = 10;
+constexpr double kSameDot = 0.5;    // a dot nearer to the one before adds nothing
+constexpr double kLabelToAxis = 4;  // between a concentration label and its axis
+constexpr double kLeastFontHeight = 6;
+
+/// The user coordinates of the paper's edges. An axis without length (no product was formed) is
+/// given the length 1, so that the other one stands at its usual place, in sight.
+struct Window {
+  double left, right, top, bottom;
+};
+
+bool HasWidth(const PlotScale& scale) {
+  return scale.Xmax > scale.origin;
+}
+bool HasHeight(const PlotScale& scale) {
+  return scale.Ymax > 0;
+}
+
+Window WindowOf(const PlotScale& scale) {
+  Window window{scale.upperLeft.x, scale.lowerRight.x, scale.upperLeft.y, scale.lowerRight.y};
+  if (!HasWidth(scale)) window.left = scale.origin - 0.2, window.right = scale.origin + 1.1;
+  if (!HasHeight(scale)) window.top = 1.2, window.bottom = -0.2;
+  return window;
+}
+
+bool Finite(const PaperLine& line) {
+  return std::isfinite(line.from.x) && std::isfinite(line.from.y) &&
+         std::isfinite(line.to.x - line.from.x) && std::isfinite(line.to.y - line.from.y);
+}
+
+PaperPoint Between(const PaperLine& line, double share) {
+  return {line.from.x + share * (line.to.x - line.from.x),
+          line.from.y + share * (line.to.y - line.from.y)};
+}
+
+/// The part of `line` inside `frame` (Liang and Barsky, 1984): a line that ends far outside would
+/// overflow a canvas's own arithmetic.
+std::optional<PaperLine> Cut(const PaperLine& line, const PaperArea& frame) {
+  if (!Finite(line)) return std::nullopt;
+  const double dx = line.to.x - line.from.x, dy = line.to.y - line.from.y;
+  const double towards[] = {-dx, dx, -dy, dy};
+  const double room[] = {line.from.x - frame.left, frame.Right() - line.from.x,
+                         line.from.y - frame.top, frame.Bottom() - line.from.y};
+  double from = 0, to = 1;
+  for (int edge = 0; edge < 4; ++edge) {
+    if (towards[edge] < 0) from = std::max(from, room[edge] / towards[edge]);
+    if (towards[edge] > 0) to = std::min(to, room[edge] / towards[edge]);
+    if (towards[edge] == 0 && room[edge] < 0) return std::nullopt;
+  }
+  if (from > to) return std::nullopt;
+  return PaperLine{from == 0 ? line.from : Between(line, from),
+                   to == 1 ? line.to : Between(line, to)};
+}
+
+/// The least of 1, 2, 5, 10, 20, ... steps between labels that is at least `wanted` steps.
+std::size_t LabelStride(double wanted) {
+  for (std::size_t decade = 1;; decade *= 10)
+    for (const std::size_t stride : {decade, 2 * decade, 5 * decade})
+      if (!(static_cast<double>(stride) < wanted) || decade >= 100000) return stride;
+}
+
+bool HasColour(std::int32_t number) {
+  return number >= 1 && number <= static_cast<std::int32_t>(kColours.size());
+}
+
+double WidestOf(const std::vector<PlotLabel>& labels, const ChartCanvas& canvas) {
+  double widest = 0;
+  for (const PlotLabel& label : labels) widest = std::max(widest, canvas.WidthOf(label.text));
+  return widest;
+}
+
+/// `text`, or as much of its beginning as has room, and "…".
+std::string Shortened(const std::string& text, double room, const ChartCanvas& canvas) {
+  if (canvas.WidthOf(text) <= room) return text;
+  std::string shown;
+  for (std::string_view rest = text; !rest.empty();) {
+    const std::size_t letter = std::max<std::size_t>(1, LetterLength(rest));
+    const std::string longer = shown + std::string(rest.substr(0, letter));
+    if (canvas.WidthOf(longer + "…") > room) break;
+    shown = longer;
+    rest.remove_prefix(letter);
+  }
+  return shown + "…";
+}
+
+/// The paper, the user coordinates on it, and the size of its letters.
+class Sheet {
+ public:
+  Sheet(ChartCanvas& canvas, const PaperArea& paper, const ChartContent& content,
+        const ChartStyle& style)
+      : canvas_(canvas), paper_(paper), content_(content), style_(style) {
+    canvas_.SetFontHeight(LabelHeight());
+  }
+
+  void Draw() {
+    canvas_.OpenPaper(paper_);
+    DrawAxes();
+    WriteTimeLabels();
+    WriteConcentrationLabels();
+    WriteTitle();
+    DrawPoints();
+    DrawCurves();
+    canvas_.ClosePaper();
+  }
+
+ private:
+  const PlotScale& Scale() const { return content_.scale; }
+  double Units(double count) const { return count * style_.unit; }
+  PaperPoint At(const PlotPoint& point) const { return ToPaper(Scale(), paper_, point); }
+  PaperPoint Origin() const { return At({Scale().origin, 0}); }
+
+  double LabelHeight() const {
+    if (style_.fontHeight > 0) return Units(style_.fontHeight);
+    const double suited = std::min(paper_.height * 0.055, paper_.width * 0.036);
+    return std::clamp(suited, Units(9), Units(17));
+  }
+  double LineHeight() const { return canvas_.Ascent() + canvas_.Descent(); }
+
+  void DrawAxes() {
+    if (content_.gridLines) DrawLines(Scale().gridLines, kGridInk, LineKind::Dotted);
+    DrawLines(Scale().axes, kBlack, LineKind::Solid);
+    DrawLines(Scale().ticks, kBlack, LineKind::Solid);
+  }
+
+  void DrawLines(const std::vector<PlotLine>& lines, Ink ink, LineKind kind) {
+    std::vector<PaperLine> onPaper;
+    onPaper.reserve(lines.size());
+    for (const PlotLine& line : lines) onPaper.push_back({At(line.from), At(line.to)});
+    canvas_.DrawLines(onPaper, {ink, Units(1), kind});
+  }
+
+  /// The label at 0 begins at its tick, so that it keeps clear of the other axis's labels; the
+  /// others are centred. Where all would touch each other, every second, fifth, ... is left.
+  void WriteTimeLabels() {
+    const std::vector<PlotLabel>& labels = Scale().timeLabels;
+    if (labels.empty()) return WriteTimeTitle(Origin().y);
+    const double first = canvas_.WidthOf(labels.front().text);
+    const double widest = WidestOf(labels, canvas_);
+    const double gap = canvas_.WidthOf("0") / 2;
+    const double step = At({Scale().origin + Scale().stepX, 0}).x - Origin().x;
+    const std::size_t stride = LabelStride((std::max(widest, first + widest / 2) + gap) / step);
+    for (std::size_t i = 0; i < labels.size(); i += stride) {
+      const PaperPoint at = At(labels[i].at);
+      const double left = i == 0 ? at.x : at.x - canvas_.WidthOf(labels[i].text) / 2;
+      canvas_.Write({left, at.y + canvas_.Ascent()}, labels[i].text);
+    }
+    WriteTimeTitle(At(labels.front().at).y + LineHeight());
+  }
+
+  /// "t (h)", below the labels.
+  void WriteTimeTitle(double labelsBottom) {
+    const PaperPoint at = At({HasWidth(Scale()) ? Scale().timeTitleAt.x : Scale().origin + 0.47,
+                              HasHeight(Scale()) ? Scale().timeTitleAt.y : -0.1});
+    const double lowest = paper_.Bottom() - LineHeight();
+    const double top = std::min(std::max(at.y, labelsBottom), lowest);
+    canvas_.Write({at.x, top + canvas_.Ascent()}, "t (h)");
+  }
+
+  /// Labels end left of the axis, also where they are wider than their place, and stand beside
+  /// their tick. The plot's own title keeps its room: long labels are written smaller.
+  void WriteConcentrationLabels() {
+    const double usual = canvas_.FontHeight();
+    const double axis = Origin().x - Units(kLabelToAxis);
+    const double titleWidth = LineHeight() + Units(3);
+    const double room = std::max(axis - paper_.left - titleWidth, 1.0);
+    const double widest = WidestOf(Scale().concentrationLabels, canvas_);
+    if (widest > room)
+      canvas_.SetFontHeight(std::max(std::floor(usual * room / widest), Units(kLeastFontHeight)));
+    const double left = WriteConcentrationLabels(axis);
+    canvas_.SetFontHeight(usual);
+    WriteVariable(left - titleWidth);
+  }
+
+  /// Returns where the leftmost of the labels begins.
+  double WriteConcentrationLabels(double axis) {
+    const std::vector<PlotLabel>& labels = Scale().concentrationLabels;
+    const double height = LineHeight();
+    const double step = Origin().y - At({Scale().origin, Scale().stepY}).y;
+    double leftmost = axis;
+    for (std::size_t i = 0; i < labels.size(); i += LabelStride(height / step)) {
+      const PaperPoint at = At(labels[i].at);
+      const double tick = Origin().y - static_cast<double>(i) * step;
+      const double left = std::min(at.x, axis - canvas_.WidthOf(labels[i].text));
+      const double middle = tick - height / 2;
+      const double top = HasHeight(Scale()) ? std::max(at.y, middle) : middle;
+      canvas_.Write({left, top + canvas_.Ascent()}, labels[i].text);
+      leftmost = std::min(leftmost, left);
+    }
+    return leftmost;
+  }
+
+  /// The variable's name, upwards along its axis; its left edge stands at `most` or farther left.
+  void WriteVariable(double most) {
+    const PaperPoint at = At({HasWidth(Scale()) ? Scale().titleAt.x : Scale().origin - 0.17,
+                              HasHeight(Scale()) ? Scale().titleAt.y : 1.15 / 3});
+    const double left = std::max(paper_.left + Units(1), std::min(at.x, most));
+    canvas_.WriteUpwards({left + canvas_.Ascent(), at.y}, PlotTitle(content_.variable));
+  }
+
+  /// The user's title, in the middle of the room above the axes.
+  void WriteTitle() {
+    if (content_.title.empty()) return;
+    const double usual = canvas_.FontHeight();
+    canvas_.SetTitleFontHeight(usual * 1.25);
+    const double axisTop = At({Scale().origin, HasHeight(Scale()) ? Scale().Ymax : 1}).y;
+    const double baseLine =
+        paper_.top + (axisTop - paper_.top + canvas_.Ascent() - canvas_.Descent()) / 2;
+    const std::string text = Shortened(content_.title, paper_.width - Units(8), canvas_);
+    canvas_.Write({paper_.Centre().x - canvas_.WidthOf(text) / 2, baseLine}, text);
+    canvas_.SetFontHeight(usual);
+  }
+
+  /// An unknown colour is that of what was drawn before.
+  void DrawPoints() {
+    Ink ink = kBlack;
+    for (const PlottedExperiment& experiment : content_.experiments) {
+      if (!experiment.visible) continue;
+      if (HasColour(experiment.colour)) ink = InkOf(experiment.colour);
+      DrawPoints(experiment, ink);
+    }
+  }
+
+  void DrawPoints(const PlottedExperiment& experiment, Ink ink) {
+    const PaperArea near = paper_.Grown(Units(kMarkerWidth));
+    std::vector<PaperPoint> centres;
+    centres.reserve(experiment.points.size());
+    for (const PlotPoint& point : experiment.points) {
+      const PaperPoint at = At(point);
+      if (near.Contains(at) && (centres.empty() || Apart(at, centres.back()) >= Units(kSameDot)))
+        centres.push_back(at);
+    }
+    if (style_.points == PointStyle::Dots)
+      canvas_.DrawDots(centres, Units(kDotWidth), ink);
+    else
+      canvas_.DrawMarkers(experiment.marker, centres, Units(kMarkerWidth), ink, Units(1.5));
+  }
+
+  static double Apart(const PaperPoint& a, const PaperPoint& b) {
+    return std::abs(a.x - b.x) + std::abs(a.y - b.y);
+  }
+
+  /// Curves may leave the axes (a model that overshoots); the paper's edge cuts them.
+  void DrawCurves() {
+    for (const PlottedExperiment& experiment : content_.experiments)
+      DrawCurve(experiment.curve, {kBlack, Units(1), LineKindOf(experiment.line)});
+  }
+
+  /// One line through all points between two places where the curve leaves the paper.
+  void DrawCurve(const std::vector<PlotPoint>& curve, const Stroke& stroke) {
+    const PaperArea frame = paper_.Grown(Units(2));
+    std::vector<PaperPoint> piece;
+    for (std::size_t k = 1; k < curve.size(); ++k) {
+      const auto segment = Cut({At(curve[k - 1]), At(curve[k])}, frame);
+      if (!segment) continue;
+      if (piece.empty() || piece.back() != segment->from) {
+        canvas_.DrawCurve(piece, stroke);
+        piece = {segment->from};
+      }
+      piece.push_back(segment->to);
+    }
+    canvas_.DrawCurve(piece, stroke);
+  }
+
+  ChartCanvas& canvas_;
+  PaperArea paper_;
+  const ChartContent& content_;
+  const ChartStyle& style_;
+};
+
+/// The share of a distance; 0 where the whole has no width.
+double Share(double part, double whole) {
+  return whole == 0 ? 0 : part / whole;
+}
+
+}  // namespace
+
+PaperPoint ToPaper(const PlotScale& scale, const PaperArea& paper, const PlotPoint& point) {
+  const Window window = WindowOf(scale);
+  const double x = Share(point.x - window.left, window.right - window.left);
+  const double y = Share(window.top - point.y, window.top - window.bottom);
+  return {paper.left + x * paper.width, paper.top + y * paper.height};
+}
+
+PlotPoint FromPaper(const PlotScale& scale, const PaperArea& paper, const PaperPoint& position) {
+  const Window window = WindowOf(scale);
+  const double x = Share(position.x - paper.left, paper.width);
+  const double y = Share(position.y - paper.top, paper.height);
+  return {window.left + x * (window.right - window.left),
+          window.top - y * (window.top - window.bottom)};
+}
+
+void DrawChart(ChartCanvas& canvas, const PaperArea& paper, const ChartContent& content,
+               const ChartStyle& style) {
+  Sheet(canvas, paper, content, style).Draw();
+}
+
+}  // namespace velmora

@@ -1,0 +1,28 @@
+// The one drawing of all charts: on the screen, in a picture, on paper, in the report.
+#pragma once
+
+#include <cstdint>
+
+#include "charts/ChartCanvas.h"
+#include "charts/ChartContent.h"
+
+namespace velmora {
+
+enum class PointStyle : std::uint8_t { Dots, Markers };
+
+struct ChartStyle {
+  PointStyle points = PointStyle::Dots;
+  double unit = 1;        // the width of a thin line, in the canvas's units
+  double fontHeight = 0;  // of labels, in units; 0 for one that suits the paper
+};
+
+/// Draws the chart on `paper`, over a white ground. Curves and points outside the paper are cut
+/// off.
+void DrawChart(ChartCanvas& canvas, const PaperArea& paper, const ChartContent& content,
+               const ChartStyle& style = {});
+
+/// Where a point in user coordinates stands on `paper`, and which point stands there.
+PaperPoint ToPaper(const PlotScale& scale, const PaperArea& paper, const PlotPoint& point);
+PlotPoint FromPaper(const PlotScale& scale, const PaperArea& paper, const PaperPoint& position);
+
+}  // namespace velmora
