@@ -135,7 +135,9 @@ std::string Formatted(double value, Decimals decimals, char separator) {
 
 double RoundHalfEven(double value, int decimals) {
   const double scale = std::pow(10.0, decimals);
-  return std::nearbyint(value * scale) / scale;
+  const double scaled = value * scale;
+  // A number that large has no decimals.
+  return std::isfinite(scaled) ? std::nearbyint(scaled) / scale : value;
 }
 
 std::string Normalised(std::string_view text, char separator) {

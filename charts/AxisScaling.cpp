@@ -206,6 +206,7 @@ PlotScale Escala(const Extents& extents, PlotVariable variable, char separator) 
   const Places at(scale);
   scale.upperLeft = {at.X(-0.2), 1.2 * scale.Ymax + kApart};
   scale.lowerRight = {at.X(1.1) + kApart, -0.2 * scale.Ymax};
+  // Left of the axis, where the paper leaves a fifth: inside the plot it would cover points.
   scale.titleAt = {at.X(-0.17), 1.15 * scale.Ymax / 3};
   scale.timeTitleAt = {at.X(0.5 - 0.03), -0.1 * scale.Ymax};
   scale.axes = {{at.At(0, 0), at.At(1, 0)}, {at.At(0, 0), at.At(0, 1)}};

@@ -94,7 +94,7 @@ void AddFit(CLI::App& app, FitOptions& fit) {
         ->type_name("NUMBER");
   command->add_flag("--progress", fit.progress, "print the results after every generation");
   AddJson(*command, fit.json);
-  command->add_option("--report", fit.report, "also write a report as rich text, without charts")
+  command->add_option("--report", fit.report, "also write a report as rich text")
       ->type_name("FILE.rtf");
   command->footer(FitFooter());
 }

@@ -6,6 +6,7 @@
 #include "cli/Assignments.h"
 #include "cli/ImportCommand.h"
 #include "cli/Inputs.h"
+#include "cultivation/ConditionsEntry.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/FitSetUp.h"
@@ -63,18 +64,10 @@ Plan PlanOf(const ConditionsOptions& options, int experiments, const Wording& sa
   return plan;
 }
 
-void StartFromFirstPoint(const Class1& experiment, CultivationForm& form) {
-  form.At(At::T) = PlainText(experiment.NTempoFinal, '.');
-  if (experiment.NDados == 0) return;
-  form.At(At::Cx0) = PlainText(experiment.NVetCx.front(), '.');
-  form.At(At::Cs0) = PlainText(experiment.NVetCs.front(), '.');
-  form.At(At::Cp0) = PlainText(experiment.NVetCp.front(), '.');
-}
-
 /// The form of the experiment at `place`; throws the text of what it lacks.
 CultivationForm FormAt(int place, const Class1& experiment, const Plan& plan, const Wording& say) {
   CultivationForm form = plan.form;
-  StartFromFirstPoint(experiment, form);
+  for (const auto& [position, text] : SuggestedTexts(experiment, '.')) form.At(position) = text;
   for (const Assignment& assignment : plan.assignments)
     if (assignment.place == 0 || assignment.place == place)
       form.At(assignment.position) = PlainText(assignment.value, '.');

@@ -4,19 +4,16 @@
 #include <utility>
 
 #include "cli/Failure.h"
+#include "cultivation/ConditionsFile.h"
+#include "data/ExperimentFile.h"
 #include "data/FileText.h"
 #include "data/SafeSave.h"
 
 namespace velmora::cli {
 namespace {
 
-constexpr std::string_view kExperimentsTitle = "Dados de entrada";
-constexpr std::string_view kConditionsTitle = "Condições de cultivo";
-constexpr std::string_view kBatchLine = "Batelada";
-
-/// Line `number` (from 1) of a file, whose lines end in CR LF, LF or CR, without leading blanks.
-std::string LineOf(std::string_view bytes, int number) {
-  const std::string text = DecodeFile(bytes).text;
+/// Line `number` (from 1) of a text, whose lines end in CR LF, LF or CR, without leading blanks.
+std::string LineOf(std::string_view text, int number) {
   std::string_view rest = text;
   std::string_view line;
   for (int i = 1; i <= number; ++i) {
@@ -31,13 +28,15 @@ std::string LineOf(std::string_view bytes, int number) {
 }  // namespace
 
 FileKind KindOf(std::string_view bytes) {
-  const std::string title = LineOf(bytes, 2);
+  const std::string title = LineOf(DecodeFile(bytes).text, 2);
   if (title == kExperimentsTitle) return FileKind::Experiments;
-  return title == kConditionsTitle ? FileKind::Conditions : FileKind::Unknown;
+  // Many an editor writes UTF-8 without a mark.
+  const bool conditions = title == kConditionsTitle || LineOf(bytes, 2) == kConditionsTitle;
+  return conditions ? FileKind::Conditions : FileKind::Unknown;
 }
 
 bool HasBatchLine(std::string_view bytes) {
-  return LineOf(bytes, 3) == kBatchLine;
+  return LineOf(DecodeFile(bytes).text, 3) == kBatchLine;
 }
 
 std::string LoadBytes(const std::string& path, FileKind wanted, const Wording& say) {

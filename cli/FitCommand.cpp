@@ -2,7 +2,11 @@
 
 #include <unistd.h>
 
+#include <new>
+#include <stdexcept>
+
 #include "cli/Assignments.h"
+#include "cli/ChartPictures.h"
 #include "cli/FitProgress.h"
 #include "cli/Json.h"
 #include "cli/Normalisation.h"
@@ -17,14 +21,13 @@
 namespace velmora::cli {
 namespace {
 
-constexpr std::string_view kFunctionCalls = "Total de funções chamadas = ";  // in both languages
-
 /// A fit that has ended, with all that its results are printed from.
 struct Fit {
   const Inputs& inputs;
   const std::vector<FitVariable>& variables;
   const SearchResult& result;
   const Deviations& deviations;
+  ModelCurves curves;
 };
 
 EstimationSettings SettingsOf(const FitOptions& options, const Wording& say) {
@@ -73,15 +76,16 @@ SearchResult SearchOrFail(Objective& objective, const std::vector<FitVariable>& 
                           const Inputs& inputs, const Console& console) {
   constexpr int kNotCompleted = 362;
   SearchResult result;
-  {
+  try {
     FitProgress progress(variables, form, console);
     result = Search(objective, variables, settings, progress);
+  } catch (const std::bad_alloc&) {
+    throw Failure{ExitCode::Refused, console.say(Phrase::OutOfMemoryInFit)};
   }
   if (result.refusal) throw Failure{ExitCode::Refused, console.say.Of(*result.refusal)};
   if (result.fault)
-    throw Failure{ExitCode::Arithmetic,
-                  std::string(Text(kNotCompleted, console.say.In())) +
-                      console.say.Of(*result.fault, TimeOf(*result.fault, inputs.conditions))};
+    throw Failure{ExitCode::Arithmetic, std::string(Text(kNotCompleted, console.say.In())) +
+                                            Describe(*result.fault, inputs, console.say)};
   return result;
 }
 
@@ -110,6 +114,7 @@ std::string JsonOf(const Fit& fit) {
     parameters.push_back(ParameterJson(fit, j));
   const int observations = fit.deviations.observations;
   return json::Object({{"parameters", json::Array(parameters)},
+                       {"startScore", json::Number(fit.result.startScore)},
                        {"sumOfSquaredErrors", json::Number(fit.result.score)},
                        {"squareError", json::Number(SquareError(fit.result.score, observations))},
                        {"functionCalls", json::Number(fit.result.functionCalls)},
@@ -132,10 +137,22 @@ std::string TextOf(const Fit& fit, const Wording& say) {
   return text + FinalText(fit.variables, fit.result, fit.deviations, {say.In(), '.'});
 }
 
-void WriteReport(const Fit& fit, const std::string& path, const Wording& say) {
-  const ReportContent report = ReportOf(fit.inputs.lists.Experiments(), fit.inputs.conditions,
-                                        fit.variables, fit.result, fit.deviations, {say.In(), '.'});
-  if (const auto fault = SaveReport(report, path)) throw Failure{ExitCode::File, say.Of(*fault)};
+std::vector<ReportPicture> PicturesOf(const Fit& fit, const Console& console) {
+  try {
+    return ChartPictures(fit.inputs.lists, fit.curves);
+  } catch (const std::runtime_error& failure) {
+    console.Complain(console.say(Phrase::NoCharts, {failure.what()}));
+    return {};
+  }
+}
+
+std::optional<FileFault> WriteReport(const Fit& fit, const std::string& path,
+                                     const Console& console) {
+  ReportContent report =
+      ReportOf(fit.inputs.lists.Experiments(), fit.inputs.conditions, fit.variables, fit.result,
+               fit.deviations, {console.say.In(), '.'});
+  report.pictures = PicturesOf(fit, console);
+  return SaveReport(report, path);
 }
 
 ExitCode CodeOf(const Fit& fit) {
@@ -146,6 +163,9 @@ ExitCode CodeOf(const Fit& fit) {
 }  // namespace
 
 ExitCode Run(const FitOptions& options, const Console& console) {
+  if (options.report)
+    for (const std::string& input : {options.inputs.experiments, options.inputs.conditions})
+      RequireOtherFile(input, *options.report, console.say);
   const EstimationSettings settings = SettingsOf(options, console.say);
   Inputs inputs = LoadInputs(options.inputs, console.say);
   const std::vector<FitVariable> variables = CheckedVariables(inputs, console.say);
@@ -159,9 +179,12 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   const Deviations deviations = ComputeDeviations(objective, result.best);
   if (deviations.fault) console.Complain(console.say.Of(InversionMessage()));
 
-  const Fit fit{inputs, variables, result, deviations};
+  const Fit fit{inputs, variables, result, deviations, objective.Curves()};
+  // A long search is not lost where only one of its two outputs can be written.
+  std::optional<FileFault> unsaved;
+  if (options.report) unsaved = WriteReport(fit, *options.report, console);
   console.Print(options.json ? JsonOf(fit) : TextOf(fit, console.say));
-  if (options.report) WriteReport(fit, *options.report, console.say);
+  if (unsaved) throw Failure{ExitCode::File, console.say.Of(*unsaved)};
   return CodeOf(fit);
 }
 

@@ -1,20 +1,12 @@
 #include "cli/ImportCommand.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include "cli/CsvTable.h"
+#include "cli/Inputs.h"
 #include "cli/MeasuredTable.h"
 #include "data/ExperimentFile.h"
 #include "data/SafeSave.h"
 
 namespace velmora::cli {
-
-void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say) {
-  std::error_code absent;
-  if (std::filesystem::equivalent(input, output, absent))
-    throw Failure{ExitCode::Usage, say(Phrase::SameFile, {output})};
-}
 
 ExitCode Run(const ImportOptions& options, const Console& console) {
   RequireOtherFile(options.table, options.output, console.say);

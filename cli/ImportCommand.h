@@ -18,7 +18,4 @@ struct ImportOptions {
 /// Makes an experiment file from a spreadsheet's CSV table.
 ExitCode Run(const ImportOptions& options, const Console& console);
 
-/// Throws a `Failure` (Usage) where `output` is the file `input`.
-void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say);
-
 }  // namespace velmora::cli

@@ -1,13 +1,17 @@
 #include "cli/Inputs.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 #include <utility>
 
+#include "app/Numbers.h"
 #include "cli/Columns.h"
 #include "cli/Failure.h"
 #include "cli/FileKind.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/ConditionsSetUp.h"
+#include "cultivation/FaultDescription.h"
 #include "cultivation/OpenedConditions.h"
 #include "data/ExperimentFile.h"
 #include "kinetics/ModelCurves.h"
@@ -27,9 +31,7 @@ void ReplaceModel(const Model& model, CultivationConditions& conditions) {
   for (int place = 1; place <= kMostExperiments; ++place) {
     ConditionsRecord& record = conditions.At(place);
     if (!record.saved) continue;
-    KineticParameters vector = VectorOf(record.row);
-    SetModelSwitches(model, vector);
-    std::copy(vector.values.begin(), vector.values.end(), record.row.values.begin());
+    SetModelSwitches(model, record.row);
     record.options.model = model.name;
   }
 }
@@ -90,9 +92,19 @@ void RequireCultivation(const Inputs& inputs, const Wording& say) {
   }
 }
 
-double TimeOf(const ArithmeticFault& fault, const CultivationConditions& conditions) {
-  if (fault.place == 0 || fault.point == 0) return 0;
-  return conditions.At(fault.place).row[At::T] / (kModelPoints - 1) * (fault.point - 1);
+void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say) {
+  std::error_code absent;
+  if (std::filesystem::equivalent(input, output, absent))
+    throw Failure{ExitCode::Usage, say(Phrase::SameFile, {output})};
+}
+
+std::string Describe(const ArithmeticFault& fault, const Inputs& inputs, const Wording& say) {
+  const int number = fault.place == 0 ? 0 : inputs.lists.Experiment(fault.place).NExp;
+  std::string text = FaultDescription(fault, number, say.In());
+  if (fault.place == 0 || fault.point == 0) return text;
+  const double duration = inputs.conditions.At(fault.place).row[At::T];
+  const double time = duration / (kModelPoints - 1) * (fault.point - 1);
+  return text + ", t = " + Formatted(time, kFour, '.') + " h";
 }
 
 std::string ModelNames(const ConditionsRecord& record, const std::vector<FittedParameter>& fitted) {

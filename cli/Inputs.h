@@ -44,8 +44,11 @@ void RequireCultivation(const Inputs& inputs, const Wording& say);
 /// Throws a `Failure` (Refused) for more experiments than a cultivation takes.
 void RequireRoom(int experiments, const Wording& say);
 
-/// The time (h) of the model point that a fault is about.
-double TimeOf(const ArithmeticFault& fault, const CultivationConditions& conditions);
+/// Throws a `Failure` (Usage) where `output` is the file `input`.
+void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say);
+
+/// What happened, in which experiment and when.
+std::string Describe(const ArithmeticFault& fault, const Inputs& inputs, const Wording& say);
 
 /// The names of the models that a row's switches stand for, joined by ", ": the one that the
 /// option texts name where it is among them; empty where there is none.

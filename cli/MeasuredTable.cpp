@@ -4,7 +4,6 @@
 #include <charconv>
 #include <cstdint>
 #include <initializer_list>
-#include <limits>
 #include <map>
 #include <optional>
 #include <set>
@@ -12,12 +11,12 @@
 #include "app/Numbers.h"
 #include "cli/Columns.h"
 #include "cli/Failure.h"
+#include "data/Description.h"
 #include "data/ExperimentEntry.h"
 
 namespace velmora::cli {
 namespace {
 
-constexpr int kMostPoints = std::numeric_limits<std::int16_t>::max();
 constexpr std::size_t kNoColumn = std::string::npos;
 
 struct Columns {
@@ -123,9 +122,10 @@ const std::string& MeasuredTable::Cell(std::size_t row, std::size_t column) cons
 
 std::string MeasuredTable::Label(std::size_t row) const {
   if (columns_.experiment == kNoColumn) return "";
-  const std::string& label = Cell(row, columns_.experiment);
+  std::string label = Cell(row, columns_.experiment);
+  label.erase(0, label.find_first_not_of(' '));
   if (label.empty()) FailAt(row, columns_.experiment, Phrase::CellEmpty);
-  if (label.find(',') != std::string::npos) FailAt(row, columns_.experiment, Phrase::LabelComma);
+  if (FittingDescription(label).text != label) FailAt(row, columns_.experiment, Phrase::LabelUnfit);
   return label;
 }
 

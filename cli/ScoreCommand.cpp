@@ -20,11 +20,12 @@ void SetInEveryRow(const Assignment& assignment, Inputs& inputs, const Wording& 
     inputs.conditions.At(place).row[assignment.position] = assignment.value;
 }
 
-std::string JsonOf(double score, const Objective& objective) {
+std::string JsonOf(double score, const Objective& objective, const ExperimentLists& lists) {
   std::vector<std::string> experiments;
   for (int place = 1; place <= objective.ExperimentCount(); ++place) {
     const PerVariable<double>& share = objective.Share(place);
     experiments.push_back(json::Object({{"place", json::Number(place)},
+                                        {"number", json::Number(lists.Experiment(place).NExp)},
                                         {"Cx", json::Number(share.Cx)},
                                         {"Cs", json::Number(share.Cs)},
                                         {"Cp", json::Number(share.Cp)}}));
@@ -33,13 +34,14 @@ std::string JsonOf(double score, const Objective& objective) {
          "\n";
 }
 
-std::string TableOf(double score, const Objective& objective, const Wording& say) {
+std::string TableOf(double score, const Objective& objective, const ExperimentLists& lists,
+                    const Wording& say) {
   std::string text = Left(say(Phrase::Experiments), kWidth);
   for (const std::string_view heading : {"Cx", "Cs", "Cp"}) text += Right(heading, kWidth);
   text += Right(say(Phrase::Sum), kWidth) + "\n";
   for (int place = 1; place <= objective.ExperimentCount(); ++place) {
     const auto& [Cx, Cs, Cp] = objective.Share(place);
-    text += Left(std::to_string(place), kWidth);
+    text += Left(std::to_string(lists.Experiment(place).NExp), kWidth);
     for (const double value : {Cx, Cs, Cp, Cx + Cs + Cp})
       text += Right(Formatted(value, kEight, '.'), kWidth);
     text += "\n";
@@ -63,9 +65,10 @@ ExitCode Run(const ScoreOptions& options, const Console& console) {
   WarnOfUnscaled(inputs.lists, console);
   try {
     const double score = objective.Simulate({});
-    console.Print(options.json ? JsonOf(score, objective) : TableOf(score, objective, console.say));
+    console.Print(options.json ? JsonOf(score, objective, inputs.lists)
+                               : TableOf(score, objective, inputs.lists, console.say));
   } catch (const ArithmeticFault& fault) {
-    throw Failure{ExitCode::Arithmetic, console.say.Of(fault, TimeOf(fault, inputs.conditions))};
+    throw Failure{ExitCode::Arithmetic, Describe(fault, inputs, console.say)};
   }
   return ExitCode::Done;
 }

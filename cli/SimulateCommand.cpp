@@ -30,7 +30,7 @@ Simulation Simulate(const InputOptions& options, const Console& console) {
   RequireCultivation(run.inputs, console.say);
   run.faults = Manual(run.inputs.conditions, run.inputs.Count(), run.curves);
   for (const ArithmeticFault& fault : run.faults)
-    console.Complain(console.say.Of(fault, TimeOf(fault, run.inputs.conditions)));
+    console.Complain(Describe(fault, run.inputs, console.say));
   return run;
 }
 

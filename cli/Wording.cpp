@@ -113,9 +113,12 @@ constexpr auto kPhrases = std::to_array<Entry>({
     {Phrase::CellMixedMarks,
      {"\"{1}\" has another decimal mark than the numbers before it; use one in the whole table",
       "\"{1}\" tem outro separador decimal que os números anteriores; use um só em toda a tabela"}},
-    {Phrase::LabelComma,
-     {"\"{1}\" holds a comma, which ends a description in an experiment file; write it without",
-      "\"{1}\" contém uma vírgula, que encerra a descrição no arquivo de experimentos; retire-a"}},
+    {Phrase::LabelUnfit,
+     {"\"{1}\" holds a comma, a control character or a letter outside Windows-1252, which a "
+      "description in an experiment file cannot hold; write it without",
+      "\"{1}\" contém vírgula, caractere de controle ou letra fora do Windows-1252, que a "
+      "descrição "
+      "no arquivo de experimentos não comporta; retire-os"}},
     {Phrase::TooManyPoints,
      {"an experiment has at most 32767 points", "um experimento tem no máximo 32767 pontos"}},
     {Phrase::TooManyInTable,
@@ -173,7 +176,11 @@ constexpr auto kPhrases = std::to_array<Entry>({
 
     {Phrase::OutputFailed,
      {"the output cannot be written: {1}", "a saída não pode ser escrita: {1}"}},
-    {Phrase::OutOfMemory,
+    {Phrase::NoCharts,
+     {"the charts cannot be drawn ({1}); the report is without them",
+      "os gráficos não podem ser desenhados ({1}); o relatório fica sem eles"}},
+    {Phrase::OutOfMemory, {"there is not enough memory", "não há memória suficiente"}},
+    {Phrase::OutOfMemoryInFit,
      {"there is not enough memory; a smaller --npop needs less",
       "não há memória suficiente; um --npop menor precisa de menos"}},
 });
@@ -181,7 +188,7 @@ constexpr auto kPhrases = std::to_array<Entry>({
 constexpr bool InOrder() {
   for (std::size_t i = 0; i < kPhrases.size(); ++i)
     if (static_cast<std::size_t>(kPhrases[i].phrase) != i) return false;
-  return static_cast<std::size_t>(Phrase::OutOfMemory) + 1 == kPhrases.size();
+  return static_cast<std::size_t>(Phrase::OutOfMemoryInFit) + 1 == kPhrases.size();
 }
 static_assert(InOrder(), "one entry for each phrase, in the order of the enumeration");
 

@@ -52,7 +52,7 @@ enum class Phrase {
   CellNotANumber,
   CellNegative,
   CellMixedMarks,
-  LabelComma,
+  LabelUnfit,
   TooManyPoints,
   TooManyInTable,
   // What the commands print.
@@ -83,7 +83,9 @@ enum class Phrase {
   Written,
   // The machine.
   OutputFailed,
+  NoCharts,
   OutOfMemory,
+  OutOfMemoryInFit,
 };
 
 /// Words what is to be said in one language, UTF-8.
@@ -101,7 +103,6 @@ class Wording {
   /// "FILE:LINE: what is wrong and what to do".
   std::string Of(const FileFault& fault) const;
   /// Kind, term, and the place, point and time of the fault; `time` (h) is that of the point.
-  std::string Of(const ArithmeticFault& fault, double time) const;
 
  private:
   Language language_;

@@ -12,8 +12,6 @@
 namespace velmora {
 namespace {
 
-constexpr std::string_view kSecondTitle = "Condições de cultivo";
-constexpr std::string_view kBatch = "Batelada";
 constexpr Limits kCount = {0, std::numeric_limits<std::int32_t>::max()};
 constexpr Limits kFittedCount = {0, kMostFitted};
 constexpr Limits kFittableCodes = {static_cast<int>(At::muMax), static_cast<int>(At::v)};
@@ -103,8 +101,8 @@ std::string ConditionsText(const CultivationConditions& conditions, int experime
                            bool cultivationActive) {
   std::string text;
   AppendLine(text, kFirstTitle);
-  AppendLine(text, kSecondTitle);
-  if (cultivationActive) AppendLine(text, kBatch);
+  AppendLine(text, kConditionsTitle);
+  if (cultivationActive) AppendLine(text, kBatchLine);
   AppendMarked(text, '$', experiments);
   for (int place = 1; place <= experiments; ++place) {
     AppendRecord(text, conditions.At(place));

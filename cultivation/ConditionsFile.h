@@ -10,6 +10,10 @@
 
 namespace velmora {
 
+/// The file's second line, and its third.
+inline constexpr std::string_view kConditionsTitle = "Condições de cultivo";
+inline constexpr std::string_view kBatchLine = "Batelada";
+
 /// The contents of a conditions file: its records stand at places 1..`experiments`.
 struct ConditionsRead {
   CultivationConditions conditions;

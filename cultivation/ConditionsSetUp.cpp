@@ -1,6 +1,7 @@
 #include "cultivation/ConditionsSetUp.h"
 
 #include <algorithm>
+#include <cmath>
 #include <stdexcept>
 
 #include "app/Numbers.h"
@@ -59,6 +60,17 @@ std::optional<Refusal> ReadValues(const CultivationForm& form, char separator, C
   return std::nullopt;
 }
 
+double AlfaOfYields(const ConditionsRow& row) {
+  return row[At::YpsTyped] / row[At::Yxs];
+}
+
+/// Yields of which no double holds the quotient.
+std::optional<Refusal> RefuseYields(const CultivationForm& form, const ConditionsRow& row) {
+  if (form.yields == Yields::Stoichiometric || std::isfinite(AlfaOfYields(row)))
+    return std::nullopt;
+  return Refusal{Attention({kOutOfBounds}), At::YpsTyped};
+}
+
 /// A computed alpha as its box shows it.
 std::string ShownAlfa(const ConditionsRow& row, char separator) {
   return PlainText(RoundHalfEven(row[At::alpha], kAlfaDecimals), separator);
@@ -72,7 +84,7 @@ std::optional<std::string> DecideAlfa(const CultivationForm& form, char separato
     return "0";
   }
   if (form.yields == Yields::Stoichiometric) return std::nullopt;
-  row[At::alpha] = row[At::YpsTyped] / row[At::Yxs];
+  row[At::alpha] = AlfaOfYields(row);
   return ShownAlfa(row, separator);
 }
 
@@ -80,12 +92,6 @@ void DecideYields(Yields yields, ConditionsRow& row) {
   const bool global = yields == Yields::Global;
   row[At::Yps] = global ? 1 : row[At::YpsTyped];
   row[At::Fp] = global ? 0 : 1;
-}
-
-void SetSwitches(const Model& model, ConditionsRow& row) {
-  KineticParameters vector = VectorOf(row);
-  SetModelSwitches(model, vector);
-  std::copy(vector.values.begin(), vector.values.end(), row.values.begin());
 }
 
 std::string JoinNames(std::initializer_list<std::string_view> names) {
@@ -159,7 +165,9 @@ Saved SalvarCondCult(const CultivationForm& form, int place, std::int16_t number
   ConditionsRecord record{true, number, {}, OptionsOf(form)};
   saved.refusal = ReadValues(form, separator, record.row);
   if (saved.refusal) return saved;
-  SetSwitches(*FindModel(form.model), record.row);
+  saved.refusal = RefuseYields(form, record.row);
+  if (saved.refusal) return saved;
+  SetModelSwitches(*FindModel(form.model), record.row);
   saved.shownAlfa = DecideAlfa(form, separator, record.row);
   DecideYields(form.yields, record.row);
   target = record;

@@ -40,9 +40,9 @@ constexpr Bilingual kExperiment = {"experiment ", "experimento "};
 constexpr Bilingual kPoint = {"point ", "ponto "};
 constexpr Bilingual kOf = {" of ", " de "};
 
-std::string Place(const ArithmeticFault& fault, Language language) {
+std::string Place(const ArithmeticFault& fault, int experiment, Language language) {
   std::string place;
-  if (fault.place != 0) place = std::string(kExperiment.In(language)) + std::to_string(fault.place);
+  if (fault.place != 0) place = std::string(kExperiment.In(language)) + std::to_string(experiment);
   if (fault.point == 0) return place;
   if (!place.empty()) place += ", ";
   return place + std::string(kPoint.In(language)) + std::to_string(fault.point) +
@@ -51,11 +51,11 @@ std::string Place(const ArithmeticFault& fault, Language language) {
 
 }  // namespace
 
-std::string FaultDescription(const ArithmeticFault& fault, Language language) {
+std::string FaultDescription(const ArithmeticFault& fault, int experiment, Language language) {
   std::string text(kKinds.at(static_cast<std::size_t>(fault.kind)).In(language));
   text += ' ';
   text += kTerms.at(static_cast<std::size_t>(fault.term)).In(language);
-  const std::string place = Place(fault, language);
+  const std::string place = Place(fault, experiment, language);
   return place.empty() ? text : text + " (" + place + ")";
 }
 

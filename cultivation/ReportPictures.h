@@ -1,19 +1,15 @@
-// The charts of a report.
+// The charts of a report, as Qt draws them.
 #pragma once
 
-#include <QByteArray>
 #include <vector>
 
-#include "charts/ChartContent.h"
-#include "charts/LegendView.h"
 #include "cultivation/Relatorio.h"
+#include "data/ExperimentLists.h"
+#include "kinetics/ModelCurves.h"
 
 namespace velmora {
 
-/// The chart with its markers and, below it, one row of a legend as a PNG picture.
-QByteArray ChartPng(const ChartContent& content, const std::vector<LegendRow>& legend);
-
-/// The plots of Cx, Cs and Cp with their curves. A plot that has nothing to show is left out.
+/// The charts as PNG pictures.
 std::vector<ReportPicture> ReportPictures(const ExperimentLists& lists, const ModelCurves& curves,
                                           bool gridLines, char separator);
 

@@ -42,7 +42,6 @@ void RunControl::Search(const FitProblem& problem, const EstimationSettings& set
   if (outcome.result.refusal) return;
 
   drawing_ = std::make_unique<Objective>(problem);
-  curves_ = {};
   seconds_ = 0;
   elapsed_.start();
   sinceDrawn_.invalidate();
@@ -53,7 +52,7 @@ void RunControl::Search(const FitProblem& problem, const EstimationSettings& set
   outcome.result = velmora::Search(objective, problem.variables, settings, *this);
   ShowTime();
   if (!outcome.HasResult()) return;
-  Draw(objective);
+  emit CurvesChanged(objective.Curves());
   outcome.deviations = ComputeDeviations(objective, outcome.result.best);
 }
 
@@ -66,14 +65,8 @@ void RunControl::Report(const Generation& generation) {
   emit GenerationEnded(generation);
   if (sinceDrawn_.isValid() && sinceDrawn_.elapsed() < kDrawInterval) return;
   drawing_->Simulate(generation.best);
-  Draw(*drawing_);
+  emit CurvesChanged(drawing_->Curves());
   sinceDrawn_.start();
-}
-
-void RunControl::Draw(const Objective& objective) {
-  for (int place = 1; place <= objective.ExperimentCount(); ++place)
-    curves_.at(static_cast<std::size_t>(place) - 1) = objective.Curve(place);
-  emit CurvesChanged(curves_);
 }
 
 void RunControl::Tick() {

@@ -57,7 +57,6 @@ class RunControl : public QObject, private SearchObserver {
   void Tick();
   void ShowTime();
   void Search(const FitProblem& problem, const EstimationSettings& settings, RunOutcome& outcome);
-  void Draw(const Objective& objective);
 
   bool running_ = false;
   std::vector<FitVariable> variables_;
@@ -68,7 +67,6 @@ class RunControl : public QObject, private SearchObserver {
   int seconds_ = 0;
   std::unique_ptr<Objective>
       drawing_;  // simulates the best vector: the search's own holds the last
-  ModelCurves curves_;
 };
 
 }  // namespace velmora

@@ -44,8 +44,7 @@ void RunDisplay::Wire() {
   connect(results_, &ResultsPanel::ReportAsked, this, &RunDisplay::Relatorio);
   connect(results_, &ResultsPanel::ToggleAsked, this, [this] { ShowParameters(!estimatedShown_); });
   connect(run_, &RunControl::NotNormalised, this, [this] {
-    dialogs_.Show(Window(),
-                  {{"Erro na normalização dos dados experimentais"}, "Velmora", Icon::None});
+    dialogs_.Show(Window(), {{std::string(kNotNormalised)}, "Velmora", Icon::None});
   });
   connect(run_, &RunControl::Started, this, &RunDisplay::BeginResults);
   connect(run_, &RunControl::Ticked, panel_, &RunPanel::ShowSeconds);
@@ -148,8 +147,9 @@ void RunDisplay::ShowResult(const RunOutcome& outcome) {
 
 void RunDisplay::AppendFault(const ArithmeticFault& fault) {
   const Language language = session_.language;
-  results_->Append(std::string(Text(kNotCompleted, language)) + FaultDescription(fault, language) +
-                   "\n");
+  const int number = fault.place == 0 ? 0 : session_.lists.Experiment(fault.place).NExp;
+  results_->Append(std::string(Text(kNotCompleted, language)) +
+                   FaultDescription(fault, number, language) + "\n");
 }
 
 void RunDisplay::ShowParameters(bool estimated) {

@@ -25,6 +25,9 @@ struct Class1 {
   friend bool operator==(const Class1&, const Class1&) = default;
 };
 
+/// `NDados` is a 16-bit count.
+inline constexpr int kMostPoints = 32767;
+
 /// How the experiment at the same place of the experiment list is drawn on the plots.
 struct DisplayEntry {
   std::string NMarcador = "CircCheio";  // marker kind, by name

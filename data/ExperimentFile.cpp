@@ -14,7 +14,6 @@
 namespace velmora {
 namespace {
 
-constexpr std::string_view kSecondTitle = "Dados de entrada";
 constexpr std::string_view kVisible = "True";
 constexpr std::string_view kHidden = "False";
 constexpr Limits kCount = {0, std::numeric_limits<std::int32_t>::max()};
@@ -125,7 +124,7 @@ ExperimentsRead ReadExperimentBytes(std::string_view bytes, const std::string& p
 std::string ExperimentText(const ExperimentLists& lists) {
   std::string text;
   AppendLine(text, kFirstTitle);
-  AppendLine(text, kSecondTitle);
+  AppendLine(text, kExperimentsTitle);
   AppendMarked(text, '$', lists.Count());
   for (int place = 1; place <= lists.Count(); ++place)
     AppendBlock(text, lists.Experiment(place), lists.Display(place));

@@ -13,8 +13,6 @@
 namespace velmora {
 
 inline constexpr int kGridColumns = 4;
-/// `NDados` is a 16-bit count.
-inline constexpr int kMostPoints = 32767;
 inline constexpr std::array<std::string_view, kGridColumns> kGridHeaders = {"t (h)", "Cs (g/L)",
                                                                             "Cx (g/L)", "Cp (g/L)"};
 

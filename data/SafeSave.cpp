@@ -154,6 +154,22 @@ std::optional<FileFault> SafeSave(const std::string& path, std::string_view byte
   return std::nullopt;
 }
 
+namespace {
+
+FileBytes ReadToTheEnd(const Descriptor& file, const std::string& path) {
+  FileBytes read;
+  std::vector<char> buffer(1 << 16);
+  for (;;) {
+    const ssize_t count =
+        Uninterrupted([&] { return ::read(file.Number(), buffer.data(), buffer.size()); });
+    if (count < 0) return {"", SystemFault(FileReason::CannotRead, path)};
+    if (count == 0) return read;
+    read.bytes.append(buffer.data(), static_cast<std::size_t>(count));
+  }
+}
+
+}  // namespace
+
 FileBytes ReadWholeFile(const std::string& path) {
   // Without O_NONBLOCK a pipe that nobody writes to would be waited for.
   const Descriptor file(Uninterrupted(
@@ -163,14 +179,11 @@ FileBytes ReadWholeFile(const std::string& path) {
   if (fstat(file.Number(), &status) != 0) return {"", SystemFault(FileReason::CannotOpen, path)};
   if (!S_ISREG(status.st_mode)) return {"", NoRegularFile(path)};
 
-  FileBytes read;
-  std::vector<char> buffer(1 << 16);
-  for (;;) {
-    const ssize_t count =
-        Uninterrupted([&] { return ::read(file.Number(), buffer.data(), buffer.size()); });
-    if (count < 0) return {"", SystemFault(FileReason::CannotRead, path)};
-    if (count == 0) return read;
-    read.bytes.append(buffer.data(), static_cast<std::size_t>(count));
+  try {
+    return ReadToTheEnd(file, path);
+  } catch (const std::bad_alloc&) {
+    errno = ENOMEM;
+    return {"", SystemFault(FileReason::CannotRead, path)};
   }
 }
 

@@ -106,11 +106,6 @@ std::size_t LetterLength(std::string_view utf8) {
   return FirstLetter(utf8).length;
 }
 
-bool IsUtf8(std::string_view bytes) {
-  while (const std::size_t length = LetterLength(bytes)) bytes.remove_prefix(length);
-  return bytes.empty();
-}
-
 std::string ByteInHex(char byte) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   const auto number = static_cast<unsigned char>(byte);

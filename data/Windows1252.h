@@ -25,8 +25,6 @@ std::optional<std::string> FromWindows1252(std::string_view bytes);
 /// with no valid letter.
 std::size_t LetterLength(std::string_view utf8);
 
-bool IsUtf8(std::string_view bytes);
-
 /// A byte that is no letter, as a message names it: "0x81".
 std::string ByteInHex(char byte);
 

@@ -16,10 +16,12 @@ constexpr double kSecondFormProbability =
 constexpr double kReinitialiseProbability = 0.9;  // in a generation that ends a cycle
 constexpr int kReinitialiseCycle = 50;            // generations
 
-/// The whole part of a setting that counts. Counts that no memory could serve are refused as such.
-int Count(double setting) {
-  if (!(setting <= std::numeric_limits<int>::max())) throw std::bad_alloc();
-  return static_cast<int>(setting);
+constexpr double kMostCounted = std::numeric_limits<int>::max();
+
+/// The whole part of NPOP. A population that no memory could hold is refused as such.
+int Members(double NPOP) {
+  if (!(NPOP <= kMostCounted)) throw std::bad_alloc();
+  return static_cast<int>(NPOP);
 }
 
 /// One search: the population table and the best vector found.
@@ -31,7 +33,7 @@ class Evolution {
         variables_(variables),
         settings_(settings),
         random_(settings.IU),
-        members_(Count(settings.NPOP)),
+        members_(Members(settings.NPOP)),
         population_(static_cast<std::size_t>(members_) * variables.size()),
         scores_(static_cast<std::size_t>(members_)),
         mutant_(variables.size()),
@@ -80,7 +82,7 @@ void Evolution::Run(SearchObserver& observer, SearchResult& result) {
   result.startScore = ScoreStart();
   Populate();
   result.end = SearchEnd::GenerationLimit;
-  const int limit = Count(settings_.ITER);
+  const int limit = static_cast<int>(std::min(settings_.ITER, kMostCounted));
   for (int generation = 1; generation <= limit; ++generation) {
     if (observer.StopRequested()) {
       result.end = SearchEnd::Stopped;

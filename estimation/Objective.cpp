@@ -78,6 +78,12 @@ Objective::Objective(const FitProblem& problem) : variables_(problem.variables) 
   }
 }
 
+ModelCurves Objective::Curves() const {
+  ModelCurves curves{};
+  for (std::size_t i = 0; i < experiments_.size(); ++i) curves.at(i) = experiments_[i].curve;
+  return curves;
+}
+
 int Objective::Observations() const {
   std::size_t values = 0;
   for (const Experiment& experiment : experiments_) values += 3 * experiment.time.size();

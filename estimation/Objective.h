@@ -57,6 +57,8 @@ class Objective {
   const PerVariable<double>& Share(int place) const { return At(place).share; }
   const MeasuredSeries& Simulated(int place) const { return At(place).simulated; }
   const ModelCurve& Curve(int place) const { return At(place).curve; }
+  /// The curves of all experiments, by place.
+  ModelCurves Curves() const;
 
   int ExperimentCount() const { return static_cast<int>(experiments_.size()); }
   /// The measured values, g/L.

@@ -6,7 +6,6 @@
 namespace velmora {
 namespace {
 
-constexpr std::string_view kFunctionCalls = "Total de funções chamadas = ";  // in both languages
 constexpr std::string_view kSeparatorLine = "-----------------------------------------------------";
 constexpr std::string_view kPlusMinus = " +/- ";
 

@@ -3,12 +3,18 @@
 
 #include <span>
 #include <string>
+#include <string_view>
 
 #include "app/Texts.h"
 #include "estimation/Deviations.h"
 #include "estimation/EvolucaoDiferencial.h"
 
 namespace velmora {
+
+/// The same in both languages.
+inline constexpr std::string_view kFunctionCalls = "Total de funções chamadas = ";
+/// Said once for each measured variable without a value above 0, in both languages.
+inline constexpr std::string_view kNotNormalised = "Erro na normalização dos dados experimentais";
 
 /// Language and decimal separator of a text.
 struct TextStyle {

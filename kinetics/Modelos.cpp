@@ -117,6 +117,12 @@ void SetModelSwitches(const Model& model, KineticParameters& parameters) {
   set(At::H1, model.product == ProductTerm::Hoppe);
 }
 
+void SetModelSwitches(const Model& model, ConditionsRow& row) {
+  KineticParameters vector = VectorOf(row);
+  SetModelSwitches(model, vector);
+  std::copy(vector.values.begin(), vector.values.end(), row.values.begin());
+}
+
 std::vector<const Model*> ModelsOf(const KineticParameters& parameters,
                                    std::span<const At> fitted) {
   std::vector<const Model*> models;

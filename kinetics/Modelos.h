@@ -93,6 +93,7 @@ bool Uses(const Model& model, At position);
 /// it does not use the neutral value with which the absent factor of the rate law is 1. The values
 /// of the parameters that it uses stay.
 void SetModelSwitches(const Model& model, KineticParameters& parameters);
+void SetModelSwitches(const Model& model, ConditionsRow& row);
 
 /// The models whose switches `parameters` holds and that use every parameter in `fitted`, in
 /// catalogue order. Monod is among the answers for a Moser row with u = 1.

@@ -81,6 +81,7 @@ TEST(Numbers, RoundHalvesToEven) {
   EXPECT_EQ(RoundHalfEven(2.0 / 3, 4), 0.6667);
   EXPECT_EQ(RoundHalfEven(2.5, 0), 2);
   EXPECT_EQ(RoundHalfEven(0.03125, 4), 0.0312);
+  EXPECT_EQ(RoundHalfEven(1e306, 4), 1e306);
 }
 
 /// What a box holds after typing `keys` into it, and how often it beeped.

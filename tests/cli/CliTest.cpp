@@ -19,6 +19,8 @@ const std::string kMolasses = kExamples + "molasses.abr ";
 const std::string kConditions = kExamples + "molasses-conditions.abr ";
 const std::string kBoth = kMolasses + kConditions;
 
+constexpr const char* kPngBegins = "89504e470d0a1a0a";
+
 class Cli : public testing::Test {
  protected:
   /// A conditions file for the molasses example.
@@ -97,6 +99,7 @@ TEST_F(Cli, RefusesConditionsThatCannotBeFitted) {
   ExpectRefusal(start + "--set Yxs=0.3 --set Ks=1 --fit MiMax=0.2:0:1", 1, "cannot be zero");
   ExpectRefusal(start + "--set Yxs=0.3 --set Ks=1 --fit MiMax=2:0.1:1", 1, "out of boundary");
   ExpectRefusal(start + "--set Yxs=0.3 --set Ks=1 --fit MiMax=1:1:1", 1, "Check the bound values.");
+  ExpectRefusal(start + "--set Yxs=1e-200 --set Yps=1e200 " + both, 1, "out of bounds");
   ExpectRefusal(start + "--set 2:Cx0=1 " + both, 2, "place 2");
   ExpectRefusal(start + "--set Yxs " + both, 2, "should read");
   EXPECT_EQ(BytesOf(folder_ / "c.abr"), "");
@@ -151,10 +154,40 @@ TEST_F(Cli, FitsMolassesNearThePublishedValues) {
 TEST_F(Cli, WritesAReportBesideTheResults) {
   const Ran ran = RunCli("fit " + kBoth + "--language pt --report " + (folder_ / "fit.rtf"));
   EXPECT_EQ(ran.code, 0) << ran.err;
-  const std::string report = ReadWholeFile(folder_ / "fit.rtf").bytes;
+  const std::string report = BytesOf(folder_ / "fit.rtf");
   EXPECT_TRUE(report.starts_with("{\\rtf1"));
   EXPECT_NE(report.find("Relat\\'f3rio"), std::string::npos);
-  EXPECT_EQ(RunCli("fit " + kBoth + "--report /nowhere/fit.rtf").code, 3);
+  int charts = 0;
+  for (auto at = report.find(kPngBegins); at != std::string::npos;
+       at = report.find(kPngBegins, at + 1))
+    ++charts;
+  EXPECT_EQ(charts, 3);
+
+  const Ran unwritten = RunCli("fit " + kBoth + "--report /nowhere/fit.rtf");
+  EXPECT_EQ(unwritten.code, 3);
+  EXPECT_EQ(unwritten.out, RunCli("fit " + kBoth).out) << "the search is not lost";
+
+  const std::string copy = folder_ / "copy.abr";
+  WriteFile(copy, BytesOf(kExamples + "molasses.abr"));
+  ExpectRefusal("fit " + copy + " " + kConditions + "--report " + copy, 2, "is the input file");
+  EXPECT_EQ(BytesOf(copy), BytesOf(kExamples + "molasses.abr"));
+}
+
+// The experiment at place 1 has the number 2, and the other way round.
+TEST_F(Cli, NamesExperimentsByTheirNumber) {
+  const std::string table = folder_ / "two.csv", experiments = folder_ / "two.abr";
+  WriteFile(table,
+            "exp,t,Cs,Cx,Cp\n2,0,10,1,0\n2,1,8,1.5,1\n2,2,6,2,2\n1,0,9,1,0\n1,1,7,1.6,1\n"
+            "1,2,5,2.2,2\n");
+  ASSERT_EQ(RunCli("import " + table + " -o " + experiments).code, 0);
+  const std::string conditions = folder_ / "c.abr";
+  ASSERT_EQ(RunCli("conditions " + experiments +
+                   " --model Monod --product PAC --yields global --set Yxs=0.3 --set Yps=0.4 "
+                   "--set 1:Cx0=1e308 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50 -o " +
+                   conditions)
+                .code,
+            0);
+  ExpectRefusal("fit " + experiments + " " + conditions, 4, "(experiment 2");
 }
 
 TEST_F(Cli, SimulatesAndExportsHundredPoints) {

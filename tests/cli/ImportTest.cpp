@@ -78,8 +78,9 @@ TEST_F(Import, RefusesWhatItCannotRead) {
       {"comma beside points", "t;Cs;Cx;Cp\n0.5;1,234;2;3\n", "\"1,234\" has another decimal mark"},
       {"unquoted decimal commas", "t,Cs,Cx,Cp\n0,1,5,2,5,3\n", "row 1 has 6 cells"},
       {"open quote", "t,Cs,Cx,Cp\n0,\"1,2,3\n", ":2: a double quote is not closed"},
-      {"comma in a label", "exp,t,Cs,Cx,Cp\n\"a,b\",0,1,2,3\n", "holds a comma"},
-      {"letter", "exp,t,Cs,Cx,Cp\n\xCE\xB1,0,1,2,3\n", "is no letter of Windows-1252"},
+      {"comma in a label", "exp,t,Cs,Cx,Cp\n\"a,b\",0,1,2,3\n",
+       ":2: row 1, column exp: \"a,b\" holds"},
+      {"letter", "exp,t,Cs,Cx,Cp\n\xCE\xB1,0,1,2,3\n", ":2: row 1, column exp: \"\xCE\xB1\" holds"},
       {"not UTF-8", "exp,t,Cs,Cx,Cp\n\xE7,0,1,2,3\n", ":2: the table is not UTF-8"},
       {"no rows", "t,Cs,Cx,Cp\n", "there are no rows"},
       {"nothing", "", "no header line"}};
