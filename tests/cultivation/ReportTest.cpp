@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "charts/ChartDrawing.h"
 #include "cultivation/Relatorio.h"
+#include "cultivation/ReportCharts.h"
 #include "kinetics/Modelos.h"
 
 namespace velmora {
@@ -170,6 +172,65 @@ TEST(Report, HoldsPicturesToTheByte) {
                               "Cs versus time\n", "Cp versus time\n"});
   EXPECT_EQ(reader.pictures, (std::vector<std::string>{first, "second", "third"}));
   EXPECT_NE(rich::Html(ReportDocument(report), 100).find("src=\"picture-2\""), std::string::npos);
+}
+
+/// Keeps what is drawn; letters are as wide as high.
+class Recording : public ChartCanvas {
+ public:
+  std::vector<std::string> words;
+  std::vector<PaperPoint> markers;
+  std::vector<PaperPoint> curve;
+
+  void OpenPaper(const PaperArea&) override {}
+  void ClosePaper() override {}
+  void SetFontHeight(double height) override { height_ = height; }
+  void SetTitleFontHeight(double height) override { height_ = height; }
+  double FontHeight() const override { return height_; }
+  double Ascent() const override { return height_; }
+  double Descent() const override { return 0; }
+  double WidthOf(std::string_view text) const override {
+    return height_ * static_cast<double>(text.size());
+  }
+  void Write(const PaperPoint&, std::string_view text) override { words.emplace_back(text); }
+  void WriteUpwards(const PaperPoint&, std::string_view text) override { words.emplace_back(text); }
+  void DrawLines(std::span<const PaperLine>, const Stroke&) override {}
+  void DrawCurve(std::span<const PaperPoint> points, const Stroke&) override {
+    curve.insert(curve.end(), points.begin(), points.end());
+  }
+  void DrawDots(std::span<const PaperPoint>, double, Ink) override {}
+  void DrawMarkers(std::string_view, std::span<const PaperPoint> centres, double, Ink,
+                   double) override {
+    markers.insert(markers.end(), centres.begin(), centres.end());
+  }
+
+ private:
+  double height_ = 1;
+};
+
+TEST(Report, DrawsChartsWithCurvesAndALegendOfWhatIsVisible) {
+  ExperimentLists lists;
+  for (const std::int16_t number : {std::int16_t{7}, std::int16_t{8}}) {
+    Class1 experiment{number, 2, "", {1, 3}, {10, 5}, {0, 1}, {0, 4}, 4, true};
+    lists.Append(experiment, {"QuadVazio", 1, 1, number == 7, number});
+  }
+  ModelCurves curves{};
+  for (std::size_t k = 0; k < 100; ++k) curves[0].time[k] = 0.04 * static_cast<double>(k);
+  curves[0].Cx.fill(2);
+  const auto charts = ReportCharts(lists, curves, true, '.');
+  ASSERT_EQ(charts.size(), 3u);
+  EXPECT_EQ(charts[0].titleId, 130);  // Cx, whose values are 1 and 3
+  Recording canvas;
+  DrawReportChart(canvas, charts[0].content, LegendRows(lists));
+
+  const auto has = [&](const char* word) {
+    return std::count(canvas.words.begin(), canvas.words.end(), word) == 1;
+  };
+  EXPECT_TRUE(has("Cx (g/L)") && has("t (h)") && has("Exp. 7") && !has("Exp. 8"));
+  ASSERT_EQ(canvas.markers.size(), 3u);  // two points and the legend's
+  EXPECT_GT(canvas.markers[2].y, canvas.markers[0].y) << "below the chart";
+  const double middle = (canvas.markers[0].y + canvas.markers[1].y) / 2;
+  ASSERT_FALSE(canvas.curve.empty());
+  EXPECT_NEAR(canvas.curve.front().y, middle, 1e-9) << "2 g/L is half-way from 1 to 3";
 }
 
 }  // namespace
