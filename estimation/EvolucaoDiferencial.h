@@ -43,7 +43,7 @@ struct SearchResult {
   std::optional<Message> refusal;
   std::optional<ArithmeticFault> fault;
   std::vector<double> best;
-  double score = 0;  // the sum of squared errors of `best`
+  double score = 0;       // the sum of squared errors of `best`
   double startScore = 0;  // of the start values
   std::int32_t functionCalls = 0;
   int generations = 0;

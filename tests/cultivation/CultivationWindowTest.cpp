@@ -240,8 +240,8 @@ TEST_F(CultivationWindow, ShowsTheReportOfTheRunAndSavesIt) {
   EXPECT_FALSE(picture(2).isNull());
 
   const TemporaryFolder folder;
-  dialogs.files = {{}, QStringLiteral("/nowhere/report.rtf"),
-                   QString::fromStdString(folder / "report.rtf")};
+  dialogs.files = {
+      {}, QStringLiteral("/nowhere/report.rtf"), QString::fromStdString(folder / "report.rtf")};
   Click("cmdSalvar");  // cancelled
   EXPECT_EQ(dialogs.shown.size(), 1U);
   Click("cmdSalvar");
