@@ -34,6 +34,7 @@ ChildFrame::ChildFrame(QWidget* window) : window_(*window) {
 }
 
 void ChildFrame::BringUp() {
+  setFocusPolicy(Qt::StrongFocus);
   showMaximized();
   TakeKeyboard();
 }
@@ -41,6 +42,8 @@ void ChildFrame::BringUp() {
 void ChildFrame::PutAway() {
   // Hiding a control passes the keyboard on, so that it is asked for beforehand.
   if (!isMinimized()) lastControl_ = window_.focusWidget();
+  // A window put away would become the active one where the keyboard looks for a new place.
+  setFocusPolicy(Qt::NoFocus);
   showMinimized();
 }
 

@@ -67,6 +67,15 @@ bool SameEntries(const CultivationForm& left, const CultivationForm& right) {
          std::equal(left.fit.begin(), left.fit.end(), right.fit.begin(), SameRow);
 }
 
+bool RunPassesOver(const CultivationForm& form, const CultivationForm& stored) {
+  CultivationForm taken = stored;
+  taken.fit = form.fit;
+  const bool searches = form.method != Method::Manual;
+  for (std::size_t row = 0; searches && row < kFittable.size(); ++row)
+    if (form.fit[row].ticked) taken.At(kFittable[row].position) = form.At(kFittable[row].position);
+  return !SameEntries(form, taken);
+}
+
 bool AlignConditions(const std::vector<Class1>& experiments, CultivationConditions& conditions) {
   CultivationConditions aligned;
   aligned.fitted = conditions.fitted;

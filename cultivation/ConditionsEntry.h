@@ -26,6 +26,11 @@ std::vector<std::pair<At, std::string>> SuggestedTexts(const Class1& experiment,
 /// Whether two forms state the same. Whether the model is confirmed does not count.
 bool SameEntries(const CultivationForm& left, const CultivationForm& right);
 
+/// Whether a run would pass over entries of `form` that are not stored. A search takes the fitted
+/// parameters with their start values and bounds from the form, all else from what is stored; a
+/// simulation takes nothing from the form.
+bool RunPassesOver(const CultivationForm& form, const CultivationForm& stored);
+
 /// Brings the records to the places of their experiments' numbers, after experiments were inserted
 /// or deleted; the records of experiments that are no more are dropped. Whether anything changed.
 bool AlignConditions(const std::vector<Class1>& experiments, CultivationConditions& conditions);

@@ -86,7 +86,10 @@ ConditionsRead ReadConditions(const std::string& path) {
 ConditionsRead ReadConditionsBytes(std::string_view bytes, const std::string& path) {
   const FileText file = DecodeFile(bytes);
   FieldReader in(file, path);
-  for (int title = 1; title <= 3; ++title) in.Text(FileField::Title);
+  in.Text(FileField::Title);
+  if (in.Text(FileField::Title) == kExperimentsTitle)
+    return {{}, 0, FileFault{FileReason::HoldsExperiments, path, 2}};
+  in.Text(FileField::Title);
   ConditionsRead read;
   read.experiments = ReadCount(in);
   for (int place = 1; place <= read.experiments && in.Good(); ++place) {

@@ -10,8 +10,7 @@
 
 namespace velmora {
 
-/// The file's second line, and its third.
-inline constexpr std::string_view kConditionsTitle = "Condições de cultivo";
+/// The file's third line.
 inline constexpr std::string_view kBatchLine = "Batelada";
 
 /// The contents of a conditions file: its records stand at places 1..`experiments`.

@@ -76,8 +76,18 @@ void RunDisplay::FormShowsStored() {
   results_->SetDirection(ResultsPanel::Direction::ToEstimated);
 }
 
+void RunDisplay::Forget() {
+  lastRun_.reset();
+  FormShowsStored();
+  panel_->SetHeading(0);
+  results_->Clear();
+  results_->SetAvailable(false);
+  score_->Clear();
+}
+
 void RunDisplay::Simulate() {
   ModelCurves curves;
+  panel_->SetHeading(0);
   results_->Clear();
   for (const ArithmeticFault& fault : Manual(session_.conditions, session_.lists.Count(), curves)) {
     EndCurveAt(fault, curves.at(static_cast<std::size_t>(fault.place) - 1));

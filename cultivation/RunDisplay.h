@@ -40,6 +40,8 @@ class RunDisplay : public QObject {
   void StopQuietly();
   /// The form shows what is stored, and no estimated values.
   void FormShowsStored();
+  /// Forgets the last run: its experiments are no more.
+  void Forget();
   void SetLanguage(Language language);
 
  signals:

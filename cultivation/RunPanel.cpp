@@ -12,7 +12,7 @@
 namespace velmora {
 namespace {
 
-constexpr int kSave = 185, kEstimate = 143, kSimulate = 158, kEstimated = 196;
+constexpr int kSave = 185, kEstimate = 143, kSimulate = 158;
 
 }  // namespace
 
@@ -100,7 +100,7 @@ void RunPanel::SetLanguage(Language language) {
 void RunPanel::Show() {
   save_->setText(Caption(kSave, language_));
   start_->setText(Caption(simulates_ ? kSimulate : kEstimate, language_));
-  if (heading_ == kEstimated) label_->setText(Caption(heading_, language_));
+  if (heading_ != 0) label_->setText(Caption(heading_, language_));
 }
 
 }  // namespace velmora

@@ -25,6 +25,7 @@
 #include "cultivation/RunDisplay.h"
 #include "cultivation/RunPanel.h"
 #include "cultivation/ScoreView.h"
+#include "data/ExperimentEntry.h"
 #include "data/FaultDetail.h"
 
 namespace velmora {
@@ -32,6 +33,12 @@ namespace {
 
 constexpr int kRoomForScore = 860;  // window height from which the score's course has room
 constexpr int kLegend = 153, kAttention = 307, kError = 313;
+
+constexpr Bilingual kBeforeRun = {" for the calculation to use them.",
+                                  " para que o cálculo as use."};
+constexpr Bilingual kNoLevenbergMarquardt = {
+    "Levenberg-Marquardt is not available. Choose Estimate or Simulate.",
+    "Levenberg-Marquardt não está disponível. Escolha Estimar ou Simular."};
 
 Message Attention(std::initializer_list<Piece> pieces) {
   return {std::vector<Piece>(pieces), kAttention, Icon::Information};
@@ -133,6 +140,10 @@ Answer frmCultBatelada::Tell(const Message& message, Buttons buttons, const QStr
   return dialogs_.Show(this, message, buttons, detail);
 }
 
+std::string frmCultBatelada::Spoken(const Bilingual& text) const {
+  return std::string(text.In(session_.language));
+}
+
 void frmCultBatelada::Refuse(const Refusal& refusal) {
   Tell(refusal.message);
   if (refusal.box) entry_->Focus(*refusal.box);
@@ -158,27 +169,39 @@ void frmCultBatelada::ExperimentsChanged() {
   std::vector<std::int16_t> numbers;
   for (const Class1& experiment : session_.lists.Experiments()) numbers.push_back(experiment.NExp);
   if (numbers != numbers_) session_.curvesPresent = false;  // they stand by place
+  if (numbers != numbers_ && session_.conditions.SavedCount() == 0) run_->Forget();
   numbers_ = numbers;
 
   const int place = place_ == 0 ? 0 : session_.lists.PlaceOf(shown_.NExp);
   if (place == 0)
     MostrarCondCult(session_.lists.Empty() ? 0 : 1);
+  else if (KeepsEntries(place))
+    TakePlace(place);
   else if (!ShownIsCurrent(place))
     MostrarCondCult(place);
   ShowStanding();
   GraficoSub();
 }
 
-void frmCultBatelada::MostrarCondCult(int place) {
+bool frmCultBatelada::KeepsEntries(int place) const {
+  return entry_->Changed() && IsSaved(place) == shownSaved_ &&
+         SuggestedTexts(session_.lists.Experiment(place), session_.separator) ==
+             SuggestedTexts(shown_, session_.separator);
+}
+
+void frmCultBatelada::TakePlace(int place) {
   place_ = place;
   shown_ = place == 0 ? Class1() : session_.lists.Experiment(place);
   shownSaved_ = IsSaved(place);
+}
+
+void frmCultBatelada::MostrarCondCult(int place) {
+  TakePlace(place);
   if (shownSaved_)
     ShowStored(session_.conditions.At(place));
   else if (place != 0)
     ShowSuggested(shown_);
   entry_->SetFixed(session_.conditions.SavedCount() > 0);
-  run_->FormShowsStored();
   ShowStanding();
 }
 
@@ -189,6 +212,7 @@ void frmCultBatelada::ShowStored(const ConditionsRecord& record) {
   // Experiments that are only simulated leave the ticks and bounds as they stand.
   if (session_.conditions.fitted.empty()) form.fit = entry_->Form().fit;
   entry_->SetStored(form, shown, RecognisedModel(record, session_.conditions.fitted));
+  run_->FormShowsStored();
 }
 
 /// Choices, yields and parameters stay as they stand: most of them are the same for all
@@ -258,12 +282,18 @@ void frmCultBatelada::Ajustar() {
     Tell(*message);
     return;
   }
+  if (form.method != Method::LM && entry_->ChangedForRun()) {
+    Tell(Attention({357, std::to_string(shown_.NExp), Spoken(kBeforeRun)}));
+    return;
+  }
   switch (form.method) {
     case Method::Manual:
       return run_->Simulate();
     case Method::ED:
       return run_->Estimate(checked.variables);
     case Method::LM:
+      Tell(Attention({Spoken(kNoLevenbergMarquardt)}));
+      return;
     case Method::None:
       Tell(Attention({335}));
   }
@@ -302,6 +332,8 @@ void frmCultBatelada::SalvarArqCondBat() {
     Tell(Attention({saved == 0 ? 330 : 337}));
     return;
   }
+  const Message question = UnsavedQuestion(session_.language);
+  if (entry_->Changed() && Tell(question, Buttons::YesNo) != Answer::Yes) return;
   const QString file =
       dialogs_.SaveFile(this, QStringLiteral("Arquivos Textos (*.abr)"), QStringLiteral("abr"));
   if (file.isEmpty()) return;

@@ -8,6 +8,7 @@
 #include <optional>
 #include <vector>
 
+#include "app/Bilingual.h"
 #include "app/Dialogs.h"
 #include "app/Session.h"
 #include "cultivation/CultivationForm.h"
@@ -68,12 +69,17 @@ class frmCultBatelada : public QWidget {
   void ShowAtStart();
 
   Answer Tell(const Message& message, Buttons buttons = Buttons::Ok, const QString& detail = {});
+  std::string Spoken(const Bilingual& text) const;
   void Refuse(const Refusal& refusal);
   void TellFault(const std::optional<FileFault>& fault);
 
   // The experiment shown.
   bool IsSaved(int place) const;
   bool ShownIsCurrent(int place) const;
+  /// Whether unsaved entries still belong to the experiment, which is at `place` now: what they
+  /// began with is the same.
+  bool KeepsEntries(int place) const;
+  void TakePlace(int place);
   /// Shows the experiment at `place`, 0 for none: its stored conditions, or what they may begin
   /// with.
   void MostrarCondCult(int place);

@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "app/Bilingual.h"
 #include "app/Numbers.h"
 
 namespace velmora {
@@ -127,6 +128,14 @@ std::optional<Message> RefuseBlock(const GridBlock& block, GridCell at) {
 Message RefuseFullLists() {
   constexpr int kMost = ExperimentLists::kMostPlaces;
   return TooMany(kExperiments, Exceeds(kMost + 1, kMost));
+}
+
+Message UnsavedQuestion(Language language) {
+  constexpr int kNotSaved = 320;
+  constexpr Bilingual kWriteAnyway = {
+      ". Its entries will not be in the file. Write the file without them?",
+      ". O que foi digitado não estará no arquivo. Gravar o arquivo assim mesmo?"};
+  return {{kNotSaved, std::string(kWriteAnyway.In(language))}, kNotSaved, Icon::Question};
 }
 
 }  // namespace velmora

@@ -53,4 +53,8 @@ std::optional<Message> RefuseBlock(const GridBlock& block, GridCell at);
 /// The refusal of one experiment more than the lists can hold.
 Message RefuseFullLists();
 
+/// Asks, in `language`, whether a file is to be written although the entries of the experiment
+/// shown are not saved and so will not be in it.
+Message UnsavedQuestion(Language language);
+
 }  // namespace velmora

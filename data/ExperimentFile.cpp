@@ -104,7 +104,7 @@ ExperimentsRead ReadExperimentBytes(std::string_view bytes, const std::string& p
   const FileText file = DecodeFile(bytes);
   FieldReader in(file, path);
   in.Text(FileField::Title);
-  in.Text(FileField::Title);
+  const std::string title(in.Text(FileField::Title));
   const auto promised = in.Marked<std::int32_t>('$', FileField::ExperimentCount, kCount);
   ExperimentsRead read;
   while (in.Good() && read.appended < promised) {
@@ -118,6 +118,8 @@ ExperimentsRead ReadExperimentBytes(std::string_view bytes, const std::string& p
     ++read.appended;
   }
   read.fault = in.Fault();
+  if (read.fault && read.appended == 0 && title == kConditionsTitle)
+    read.fault = FileFault{FileReason::HoldsConditions, path, 2};
   return read;
 }
 

@@ -10,9 +10,6 @@
 
 namespace velmora {
 
-/// The file's second line.
-inline constexpr std::string_view kExperimentsTitle = "Dados de entrada";
-
 /// What reading came to: the experiments that were appended, and the fault that ended it, if any.
 struct ExperimentsRead {
   int appended = 0;

@@ -29,8 +29,12 @@ constexpr auto kReasons = std::to_array<Bilingual>({
      "\"{1}\" não é uma letra do Windows-1252, a codificação do arquivo; substitua-a"},
     {"\"{1}\" has a line break; write it on one line",
      "\"{1}\" tem uma quebra de linha; escreva-o em uma só linha"},
+    {"the file holds cultivation conditions; open it as such",
+     "o arquivo contém condições de cultivo; abra-o como tal"},
+    {"the file holds experiments; open it as such",
+     "o arquivo contém experimentos; abra-o como tal"},
 });
-static_assert(kReasons.size() == static_cast<std::size_t>(FileReason::LineBreakInText) + 1);
+static_assert(kReasons.size() == static_cast<std::size_t>(FileReason::HoldsExperiments) + 1);
 
 /// By FileField; {1} is the item's number.
 constexpr auto kFields = std::to_array<Bilingual>({

@@ -19,6 +19,8 @@ enum class FileReason : std::uint8_t {
   TooManyExperiments,  // more than the nine of a cultivation
   BadLetter,           // detail: the letter that the file's encoding lacks, or the byte in hex
   LineBreakInText,     // a text that is to fill one line holds a line break
+  HoldsConditions,     // a conditions file where an experiment file was to be read
+  HoldsExperiments,    // the other way round
 };
 
 /// The item of a file that a fault is about.
@@ -52,7 +54,7 @@ struct FileFault {
   // Which point, row position, option text or fitted parameter, from 1; for a description or marker
   // that cannot be written, the experiment's place. 0 where the line tells it all.
   int item = 0;
-  std::string detail;  // UTF-8, at most some dozens of characters of the text found
+  std::string detail{};  // UTF-8, at most some dozens of characters of the text found
 
   friend bool operator==(const FileFault&, const FileFault&) = default;
 };

@@ -11,6 +11,9 @@ namespace velmora {
 
 /// The first line of every file.
 inline constexpr std::string_view kFirstTitle = "Ajuste de parâmetros";
+/// The second line, which tells what the file holds.
+inline constexpr std::string_view kExperimentsTitle = "Dados de entrada";
+inline constexpr std::string_view kConditionsTitle = "Condições de cultivo";
 
 /// A file's text, UTF-8 without a byte order mark. Where a byte stands for no letter, the text
 /// ends before the line with that byte and `badLetter` names it ("0x81").

@@ -8,6 +8,7 @@ namespace {
 ChartView* NamedView(const char* name, QWidget* parent) {
   auto* const view = new ChartView(parent);
   view->setObjectName(QLatin1StringView(name));
+  view->setFocusPolicy(Qt::TabFocus);
   view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
   return view;
 }

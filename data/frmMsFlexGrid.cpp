@@ -252,6 +252,8 @@ void frmMsFlexGrid::OkSub() {
     dialogs_.Show(this, *refusal);
     return;
   }
+  const Message question = UnsavedQuestion(session_.language);
+  if (entry_->Unsaved() && dialogs_.Show(this, question, Buttons::YesNo) != Answer::Yes) return;
   const QString file = dialogs_.SaveFile(this, kSaveFilter, kSuffix);
   if (file.isEmpty()) return;
   if (const auto fault = WriteExperiments(session_.lists, LocalPath(file))) TellFault(*fault);

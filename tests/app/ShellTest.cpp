@@ -11,6 +11,7 @@
 #include <QMessageBox>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTest>
 #include <QTimer>
 
@@ -202,6 +203,21 @@ TEST_F(Shell, ScrollsAWorkWindowThatIsLargerThanItsFrame) {
   const QRect seen = last->visibleRegion().boundingRect();
   EXPECT_GT(seen.width(), 300) << "keys bring it into sight";
   EXPECT_GE(Cultivation().width(), Cultivation().minimumSizeHint().width()) << "nothing is cut";
+}
+
+TEST_F(Shell, KeepsTheShownWindowActiveAsItsControlWithTheKeyboardIsDisabled) {
+  Start(Language::English);
+  Open(1);
+  Press(Qt::Key_B);
+  auto* const option = Child<QRadioButton>(Cultivation(), "optLM");
+  QTest::mouseClick(option, Qt::LeftButton, {}, {8, option->height() / 2});
+  ASSERT_TRUE(option->hasFocus());
+  option->parentWidget()->setEnabled(false);
+  for (int i = 0; i < 60; ++i) {  // once round, wherever it begins
+    QWidget* const at = QApplication::focusWidget();
+    QTest::keyClick(at != nullptr ? at : frame.get(), Qt::Key_Tab);
+    ASSERT_EQ(session.activeWindow, "frmCultBatelada");
+  }
 }
 
 TEST_F(Shell, RecaptionsEveryOpenWindowAtOnce) {

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "cultivation/ConditionsFile.h"
+#include "data/ExperimentFile.h"
 #include "data/Windows1252.h"
 #include "tests/data/FileTesting.h"
 
@@ -46,6 +47,16 @@ TEST(ConditionsFile, IsWrittenAndReadByteForByte) {
   read = ReadConditions(path);
   EXPECT_TRUE(!read.fault && read.experiments == 0);
   EXPECT_EQ(read.conditions, CultivationConditions());
+}
+
+TEST(ConditionsFile, IsToldFromAnExperimentFile) {
+  ExperimentLists lists;
+  const ExperimentsRead asExperiments =
+      ReadExperimentBytes(kTitles + "Batelada\r\n" + kBlocks, "c.abr", lists);
+  EXPECT_EQ(asExperiments.fault->reason, FileReason::HoldsConditions);
+  EXPECT_EQ(asExperiments.fault->line, 2);
+  const ConditionsRead asConditions = ReadConditionsBytes(ExperimentText(lists), "e.abr");
+  EXPECT_EQ(asConditions.fault->reason, FileReason::HoldsExperiments);
 }
 
 TEST(ConditionsFile, GivesRandomConditionsBackUnchanged) {

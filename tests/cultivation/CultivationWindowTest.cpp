@@ -205,7 +205,8 @@ INSTANTIATE_TEST_SUITE_P(Estimating, Refusing, testing::Values(
     RefusalCase{"NoExperiment", "cmdAjustar", 0, {}, {352}},
     RefusalCase{"OneOfTwoSaved", "cmdAjustar", 2, {}, {337}},
     RefusalCase{"OptionsDiffer", "cmdAjustar", 2, kSecondDiffers, {305, "\n", 300}},
-    RefusalCase{"NoSuchMethodYet", "cmdAjustar", 1, kMarquardt, {335}}));
+    RefusalCase{"NoSuchMethodYet", "cmdAjustar", 1, kMarquardt,
+                {"Levenberg-Marquardt is not available. Choose Estimate or Simulate."}}));
 // clang-format on
 
 TEST_F(CultivationWindow, ShowsTheReportOfTheRunAndSavesIt) {
@@ -384,6 +385,44 @@ TEST_F(CultivationWindow, LeavesAnExperimentOnlyWhenItsChangesAreSaved) {
   Do({{"txtCs", "80"}, {"txtCs", "75.04926"}, {"cdmNext(0)"}});  // nothing differs any more
   EXPECT_EQ(TextOf("txtNExp"), "1");
   EXPECT_EQ(dialogs.shown.size(), 1U);
+}
+
+TEST_F(CultivationWindow, ComputesNothingButWhatItShows) {
+  OpenFilled();
+  Do({{"cdmSalvar"}, {"txtYxs", "0.3"}, {"cmdAjustar"}});
+  ASSERT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_EQ(dialogs.shown.back().first.pieces.front(), Piece(357));
+  EXPECT_FALSE(session.curvesPresent);
+  Do({{"txtYxs", "0.286"}, {"txtKs", "9"}, {"txtLimSup(2)", "30"}});  // which a fit takes
+  Estimate();
+  EXPECT_TRUE(session.curvesPresent);
+  EXPECT_LE(std::stod(TextOf("txtKs")), 30);
+
+  // Other experiments are opened: nothing of this run is left.
+  session.conditions.Clear();
+  session.lists = {};
+  session.lists.Append(Molasses(5), {});
+  window->ExperimentsChanged();
+  EXPECT_EQ(Results(), "");
+  EXPECT_FALSE(Enabled("cmdRelatorio") || Enabled("cmdIrVoltar"));
+}
+
+TEST_F(CultivationWindow, KeepsUnsavedEntriesAsTheListChangesAndTellsOfThemAtTheFile) {
+  OpenFilled(2);
+  Do({{"cdmSalvar"}, {"cdmNext(1)"}, {"cdmSalvar"}, {"txtYxs", "0.33"}});
+  session.lists.Delete(1);
+  window->ExperimentsChanged();
+  EXPECT_EQ(TextOf("txtNExp"), "2");
+  EXPECT_EQ(TextOf("txtYxs"), "0.33");
+  dialogs.answers = {Answer::No};
+  window->SalvarArqCondBat();
+  EXPECT_TRUE(dialogs.filters.empty()) << "no file is asked for";
+  Class1 remeasured = Molasses(2);
+  remeasured.NVetCx.front() = 0.9;
+  session.lists = {};
+  session.lists.Append(remeasured, {});
+  window->ExperimentsChanged();
+  EXPECT_EQ(TextOf("txtYxs"), "0.286") << "these are other data";
 }
 
 TEST_F(CultivationWindow, SavesAndReopensNineExperimentsAndRefusesATenth) {
