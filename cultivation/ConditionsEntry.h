@@ -26,10 +26,11 @@ std::vector<std::pair<At, std::string>> SuggestedTexts(const Class1& experiment,
 /// Whether two forms state the same. Whether the model is confirmed does not count.
 bool SameEntries(const CultivationForm& left, const CultivationForm& right);
 
-/// Whether a run would pass over entries of `form` that are not stored. A search takes the fitted
-/// parameters with their start values and bounds from the form, all else from what is stored; a
-/// simulation takes nothing from the form.
-bool RunPassesOver(const CultivationForm& form, const CultivationForm& stored);
+/// Whether a run would pass over entries of `form`, the form of the saved experiment at `place`. It
+/// takes the method from the form, and a search the ticked parameters with their start values and
+/// bounds; all else that it uses it takes from `conditions`.
+bool RunPassesOver(const CultivationForm& form, int place, char separator,
+                   const CultivationConditions& conditions);
 
 /// Brings the records to the places of their experiments' numbers, after experiments were inserted
 /// or deleted; the records of experiments that are no more are dropped. Whether anything changed.

@@ -89,10 +89,6 @@ bool FormEntry::Changed() const {
   return !SameEntries(stored_, Form());
 }
 
-bool FormEntry::ChangedForRun() const {
-  return RunPassesOver(Form(), stored_);
-}
-
 void FormEntry::SetFixed(bool fixed) {
   choices_->SetFixed(fixed);
 }

@@ -47,8 +47,6 @@ class FormEntry : public QObject {
   void MarkStored();
   /// Whether the user has changed something since.
   bool Changed() const;
-  /// Whether the user has since changed something that a run takes from what is stored.
-  bool ChangedForRun() const;
 
   /// Fixes method, data set and production.
   void SetFixed(bool fixed);

@@ -38,6 +38,8 @@ class RunDisplay : public QObject {
   bool Running() const;
   /// Ends the search at its next generation; nothing is asked or told any more.
   void StopQuietly();
+  /// Whether the form shows the values of the last search.
+  bool ShowsEstimated() const { return estimatedShown_; }
   /// The form shows what is stored, and no estimated values.
   void FormShowsStored();
   /// Forgets the last run: its experiments are no more.

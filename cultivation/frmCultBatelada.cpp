@@ -282,7 +282,9 @@ void frmCultBatelada::Ajustar() {
     Tell(*message);
     return;
   }
-  if (form.method != Method::LM && entry_->ChangedForRun()) {
+  const bool entered = entry_->Changed() || run_->ShowsEstimated();
+  const bool computes = form.method == Method::Manual || form.method == Method::ED;
+  if (computes && entered && RunPassesOver(form, place_, session_.separator, session_.conditions)) {
     Tell(Attention({357, std::to_string(shown_.NExp), Spoken(kBeforeRun)}));
     return;
   }

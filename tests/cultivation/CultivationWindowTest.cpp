@@ -398,6 +398,12 @@ TEST_F(CultivationWindow, ComputesNothingButWhatItShows) {
   EXPECT_TRUE(session.curvesPresent);
   EXPECT_LE(std::stod(TextOf("txtKs")), 30);
 
+  session.curvesPresent = false;
+  Do({{"cdmTrocarAjuste"}, {"optManual"}, {"cmdAjustar"}});
+  EXPECT_FALSE(session.curvesPresent) << "the estimated values are not saved";
+  Do({{"txtMiMax", "0.20"}, {"txtKs", "10.0"}, {"cmdAjustar"}});  // those that are
+  EXPECT_TRUE(session.curvesPresent) << "the method is the chosen one";
+
   // Other experiments are opened: nothing of this run is left.
   session.conditions.Clear();
   session.lists = {};
