@@ -5,7 +5,7 @@
 #include <limits>
 #include <span>
 
-#include "app/Numbers.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
@@ -76,9 +76,9 @@ Range RangeOf(const Extents& extents, PlotVariable variable) {
 template <class Visit>
 void ForEachVisiblePoint(const ExperimentLists& lists, Visit&& visit) {
   for (int place = 1; place <= lists.Count(); ++place) {
-    if (!lists.Display(place).NGrafVisivel) continue;
-    const Class1& experiment = lists.Experiment(place);
-    for (std::size_t k = 0; k < experiment.NVetTempo.size(); ++k) visit(experiment, k);
+    if (!lists.Display(place).visible) continue;
+    const Experiment& experiment = lists.At(place);
+    for (std::size_t k = 0; k < experiment.time.size(); ++k) visit(experiment, k);
   }
 }
 
@@ -86,10 +86,10 @@ void Raise(double& maximum, double value) {
   if (value > maximum) maximum = value;
 }
 
-void RaiseConcentrations(Extents& extents, const Class1& experiment, std::size_t k) {
-  Raise(extents.CxMax, experiment.NVetCx[k]);
-  Raise(extents.CsMax, experiment.NVetCs[k]);
-  Raise(extents.CpMax, experiment.NVetCp[k]);
+void RaiseConcentrations(Extents& extents, const Experiment& experiment, std::size_t k) {
+  Raise(extents.CxMax, experiment.Cx[k]);
+  Raise(extents.CsMax, experiment.Cs[k]);
+  Raise(extents.CpMax, experiment.Cp[k]);
 }
 
 /// Places of a plot in fractions of its axes.
@@ -150,8 +150,8 @@ void AddConcentrationLabels(PlotScale& scale, int nY, char separator) {
 
 Extents MaxMin(const ExperimentLists& lists) {
   Extents extents;
-  ForEachVisiblePoint(lists, [&](const Class1& experiment, std::size_t k) {
-    Raise(extents.timeMax, experiment.NVetTempo[k]);
+  ForEachVisiblePoint(lists, [&](const Experiment& experiment, std::size_t k) {
+    Raise(extents.timeMax, experiment.time[k]);
     RaiseConcentrations(extents, experiment, k);
   });
   return extents;
@@ -161,8 +161,8 @@ Extents MaxMinZoom(const ExperimentLists& lists, const TimeInterval& interval) {
   Extents extents;
   extents.timeMin = interval.from;
   extents.timeMax = interval.to;
-  ForEachVisiblePoint(lists, [&](const Class1& experiment, std::size_t k) {
-    const double time = experiment.NVetTempo[k];
+  ForEachVisiblePoint(lists, [&](const Experiment& experiment, std::size_t k) {
+    const double time = experiment.time[k];
     if (time >= interval.from && time <= interval.to) RaiseConcentrations(extents, experiment, k);
   });
   return extents;
@@ -170,9 +170,9 @@ Extents MaxMinZoom(const ExperimentLists& lists, const TimeInterval& interval) {
 
 TimeInterval MeasuredTimes(const ExperimentLists& lists) {
   TimeInterval times{kNoBound, -kNoBound};
-  ForEachVisiblePoint(lists, [&](const Class1& experiment, std::size_t k) {
-    times.from = std::min(times.from, experiment.NVetTempo[k]);
-    times.to = std::max(times.to, experiment.NVetTempo[k]);
+  ForEachVisiblePoint(lists, [&](const Experiment& experiment, std::size_t k) {
+    times.from = std::min(times.from, experiment.time[k]);
+    times.to = std::max(times.to, experiment.time[k]);
   });
   return times.from <= times.to ? times : TimeInterval{};
 }

@@ -74,7 +74,7 @@ class ChartCanvas {
   virtual void DrawCurve(std::span<const PaperPoint> points, const Stroke& stroke) = 0;
   /// A dot `width` wide at each of the points.
   virtual void DrawDots(std::span<const PaperPoint> centres, double width, Ink ink) = 0;
-  /// The figure of a marker (NMarcador) round each of the points, `size` wide.
+  /// The figure of a marker (marker) round each of the points, `size` wide.
   virtual void DrawMarkers(std::string_view marker, std::span<const PaperPoint> centres,
                            double size, Ink ink, double lineWidth) = 0;
 };

@@ -7,16 +7,16 @@
 namespace velmora {
 namespace {
 
-const std::vector<double>& MeasuredSeries(const Class1& experiment, PlotVariable variable) {
+const std::vector<double>& MeasuredSeries(const Experiment& experiment, PlotVariable variable) {
   switch (variable) {
     case PlotVariable::Cx:
-      return experiment.NVetCx;
+      return experiment.Cx;
     case PlotVariable::Cp:
-      return experiment.NVetCp;
+      return experiment.Cp;
     case PlotVariable::Cs:
       break;
   }
-  return experiment.NVetCs;
+  return experiment.Cs;
 }
 
 const ModelCurve::Series& ModelSeries(const ModelCurve& curve, PlotVariable variable) {
@@ -63,17 +63,12 @@ std::vector<PlotPoint> Cut(const std::vector<PlotPoint>& curve, const TimeInterv
   return inside;
 }
 
-PlottedExperiment Plotted(const Class1& experiment, const DisplayEntry& display,
+PlottedExperiment Plotted(const Experiment& experiment, const DisplayEntry& display,
                           PlotVariable variable, const std::optional<TimeInterval>& interval) {
-  PlottedExperiment plotted{experiment.NExp,
-                            display.NGrafVisivel,
-                            display.NMarcador,
-                            display.NCor,
-                            display.NLinha,
-                            {},
-                            {}};
+  PlottedExperiment plotted{
+      experiment.number, display.visible, display.marker, display.colour, display.line, {}, {}};
   if (!plotted.visible) return plotted;
-  plotted.points = PointsOf(experiment.NVetTempo, MeasuredSeries(experiment, variable));
+  plotted.points = PointsOf(experiment.time, MeasuredSeries(experiment, variable));
   if (interval) KeepInside(plotted.points, *interval);
   return plotted;
 }
@@ -87,7 +82,7 @@ ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
   ChartContent content{variable, Escala(extents, variable, separator), gridLines, {}, {}};
   for (int place = 1; place <= lists.Count(); ++place) {
     content.experiments.push_back(
-        Plotted(lists.Experiment(place), lists.Display(place), variable, interval));
+        Plotted(lists.At(place), lists.Display(place), variable, interval));
     const auto index = static_cast<std::size_t>(place) - 1;
     if (curves == nullptr || index >= curves->size()) continue;
     const ModelCurve& curve = (*curves)[index];

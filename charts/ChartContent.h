@@ -13,11 +13,11 @@ namespace velmora {
 
 /// One experiment on one plot.
 struct PlottedExperiment {
-  std::int16_t number = 0;  // NExp
+  std::int16_t number = 0;  // of the experiment
   bool visible = true;
-  std::string marker;             // NMarcador
-  std::int32_t colour = 1;        // NCor
-  std::int16_t line = 1;          // NLinha of its curve
+  std::string marker;
+  std::int32_t colour = 1;
+  std::int16_t line = 1;          // style of its curve
   std::vector<PlotPoint> points;  // measured, in the interval; empty where it is not visible
   std::vector<PlotPoint> curve;   // the model's points, cut to the interval; or none
 };

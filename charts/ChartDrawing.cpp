@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "charts/MarkerFigures.h"
-#include "data/Class1.h"
+#include "data/Experiment.h"
 #include "data/Windows1252.h"
 
 namespace velmora {

@@ -4,8 +4,8 @@
 #include <cstdint>
 #include <optional>
 
-#include "app/Message.h"
 #include "charts/AxisScaling.h"
+#include "language/Message.h"
 
 namespace velmora {
 

@@ -6,8 +6,7 @@ std::vector<LegendRow> LegendRows(const ExperimentLists& lists) {
   std::vector<LegendRow> rows;
   for (int place = 1; place <= lists.Count(); ++place) {
     const DisplayEntry& display = lists.Display(place);
-    if (display.NGrafVisivel)
-      rows.push_back({lists.Experiment(place).NExp, display.NMarcador, display.NCor});
+    if (display.visible) rows.push_back({lists.At(place).number, display.marker, display.colour});
   }
   return rows;
 }

@@ -1,6 +1,6 @@
 #include "charts/MarkerFigures.h"
 
-#include "data/Class1.h"
+#include "data/Experiment.h"
 
 namespace velmora {
 namespace {

@@ -17,7 +17,7 @@ struct MarkerFigure {
   int turn = 0;  // of a triangle, quarters of a circle clockwise from pointing up
 };
 
-/// The figure of a marker (NMarcador); a filled circle for a name that is no marker.
+/// The figure of a marker (marker); a filled circle for a name that is no marker.
 MarkerFigure FigureOf(std::string_view marker);
 
 /// The corners of a triangle round the origin, `size` wide where it points up.

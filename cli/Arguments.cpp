@@ -187,8 +187,8 @@ Command Chosen(const CLI::App& app, Options& options) {
 std::string WhatIsWrong(const CLI::App& app, const CLI::ParseError& error) {
   const Wording say(Language::English);
   const bool word = app.get_subcommands().empty() && app.remaining_size() > 0;
-  return (word ? say(Phrase::NoSuchCommand, {app.remaining().front()}) : error.what()) +
-         say(Phrase::SeeHelp);
+  return (word ? say(TextId::NoSuchCommand, {app.remaining().front()}) : error.what()) +
+         say(TextId::SeeHelp);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <string>
 #include <variant>
 
-#include "app/Texts.h"
 #include "cli/CheckCommand.h"
 #include "cli/ConditionsCommand.h"
 #include "cli/FitCommand.h"
@@ -12,6 +11,7 @@
 #include "cli/ModelsCommand.h"
 #include "cli/ScoreCommand.h"
 #include "cli/SimulateCommand.h"
+#include "language/Texts.h"
 
 namespace velmora::cli {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
-#include "app/Numbers.h"
 #include "cli/Columns.h"
 #include "cli/Failure.h"
 #include "kinetics/Modelos.h"
+#include "language/Numbers.h"
 
 namespace velmora::cli {
 namespace {
@@ -67,10 +67,10 @@ int TakePlace(std::string_view& name, const std::string& text, int experiments,
   if (!behind) return 0;
   name = *behind;
   const std::optional<double> place = ParseNumber(front, '.');
-  if (!place) FailUsage(say(Phrase::Malformed, {kSet, text, kConditionForm}));
+  if (!place) FailUsage(say(TextId::Malformed, {kSet, text, kConditionForm}));
   const bool exists = *place >= 1 && *place <= experiments;
   if (!exists || *place != static_cast<int>(*place))
-    FailUsage(say(Phrase::NoSuchPlace, {text, front, std::to_string(experiments)}));
+    FailUsage(say(TextId::NoSuchPlace, {text, front, std::to_string(experiments)}));
   return static_cast<int>(*place);
 }
 
@@ -92,25 +92,25 @@ std::string ConditionNames() {
 double NumberOf(std::string_view option, std::string_view text, const Wording& say) {
   if (const std::optional<double> number = ParseNumber(text, '.')) return *number;
   const bool comma = ParseNumber(text, ',').has_value();
-  FailUsage(say(comma ? Phrase::DecimalComma : Phrase::NotANumber, {option, text}));
+  FailUsage(say(comma ? TextId::DecimalComma : TextId::NotANumber, {option, text}));
 }
 
 Assignment FittableAssignment(const std::string& text, const Wording& say) {
   const auto [name, value] = Split(text, '=');
-  if (!value) FailUsage(say(Phrase::Malformed, {kSet, text, kFittableForm}));
+  if (!value) FailUsage(say(TextId::Malformed, {kSet, text, kFittableForm}));
   const std::optional<At> position = FittablePosition(name);
-  if (!position) FailUsage(say(Phrase::UnknownName, {kSet, name, FittableNames()}));
+  if (!position) FailUsage(say(TextId::UnknownName, {kSet, name, FittableNames()}));
   return {std::string(name), *position, NumberOf(kSet, *value, say), 0, text};
 }
 
 Assignment ConditionAssignment(const std::string& text, int experiments, const Wording& say) {
   auto [name, value] = Split(text, '=');
-  if (!value) FailUsage(say(Phrase::Malformed, {kSet, text, kConditionForm}));
+  if (!value) FailUsage(say(TextId::Malformed, {kSet, text, kConditionForm}));
   const int place = TakePlace(name, text, experiments, say);
   const std::optional<At> position = ConditionPosition(name);
-  if (!position) FailUsage(say(Phrase::UnknownName, {kSet, name, ConditionNames()}));
+  if (!position) FailUsage(say(TextId::UnknownName, {kSet, name, ConditionNames()}));
   const double number = NumberOf(kSet, *value, say);
-  if (number < 0) FailUsage(say(Phrase::Negative, {kSet, text}));
+  if (number < 0) FailUsage(say(TextId::Negative, {kSet, text}));
   return {std::string(name), *position, number, place, text};
 }
 
@@ -118,13 +118,13 @@ FittedRange RangeOf(const std::string& text, const Wording& say) {
   const auto [name, values] = Split(text, '=');
   const auto [start, bounds] = Split(values.value_or(""), ':');
   const auto [lower, upper] = Split(bounds.value_or(""), ':');
-  if (!values || !bounds || !upper) FailUsage(say(Phrase::Malformed, {kFit, text, kRangeForm}));
+  if (!values || !bounds || !upper) FailUsage(say(TextId::Malformed, {kFit, text, kRangeForm}));
   const int index = FittableIndex(name);
-  if (index < 0) FailUsage(say(Phrase::UnknownName, {kFit, name, FittableNames()}));
+  if (index < 0) FailUsage(say(TextId::UnknownName, {kFit, name, FittableNames()}));
   const FittedRange range{static_cast<std::size_t>(index), NumberOf(kFit, start, say),
                           NumberOf(kFit, lower, say), NumberOf(kFit, *upper, say)};
   if (range.start < 0 || range.lower < 0 || range.upper < 0)
-    FailUsage(say(Phrase::Negative, {kFit, text}));
+    FailUsage(say(TextId::Negative, {kFit, text}));
   return range;
 }
 

@@ -1,12 +1,12 @@
 #include "cli/CheckCommand.h"
 
-#include "app/Numbers.h"
 #include "cli/FileKind.h"
 #include "cli/Inputs.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/FitSetUp.h"
 #include "data/ExperimentFile.h"
 #include "data/SafeSave.h"
+#include "language/Numbers.h"
 
 namespace velmora::cli {
 namespace {
@@ -17,14 +17,14 @@ std::string ExperimentsReport(const CheckOptions& options, std::string_view byte
   const ExperimentsRead read = ReadExperimentBytes(bytes, options.file, lists);
   if (read.fault) throw Failure{ExitCode::File, say.Of(*read.fault)};
   std::string text =
-      say(Phrase::IsExperiments, {options.file, std::to_string(lists.Count())}) + "\n";
+      say(TextId::IsExperiments, {options.file, std::to_string(lists.Count())}) + "\n";
   for (int place = 1; place <= lists.Count(); ++place) {
-    const Class1& experiment = lists.Experiment(place);
-    text += say(Phrase::ExperimentLine,
-                {std::to_string(place), std::to_string(experiment.NExp),
-                 std::to_string(experiment.NDados), ShortestText(experiment.NTempoFinal),
-                 experiment.NComentarios}) +
-            "\n";
+    const Experiment& experiment = lists.At(place);
+    text +=
+        say(TextId::ExperimentLine, {std::to_string(place), std::to_string(experiment.number),
+                                     std::to_string(experiment.Points()),
+                                     ShortestText(experiment.finalTime), experiment.description}) +
+        "\n";
   }
   return text;
 }
@@ -33,11 +33,11 @@ std::string RecordLine(int place, const ConditionsRead& read, const Wording& say
   const ConditionsRecord& record = read.conditions.At(place);
   const std::string models = ModelNames(record, read.conditions.fitted);
   const bool global = record.row[At::Fp] == 0;
-  return say(Phrase::ConditionsLine,
+  return say(TextId::ConditionsLine,
              {std::to_string(place), std::to_string(record.number),
-              models.empty() ? say(Phrase::NoCatalogueModel) : models, record.options.method,
+              models.empty() ? say(TextId::NoCatalogueModel) : models, record.options.method,
               record.options.production,
-              say(global ? Phrase::GlobalYields : Phrase::StoichiometricYields)}) +
+              say(global ? TextId::GlobalYields : TextId::StoichiometricYields)}) +
          "\n";
 }
 
@@ -45,12 +45,12 @@ std::string FittedLines(const CultivationConditions& conditions, const Wording& 
   std::string text;
   for (const FittedParameter& row : WithValuesOf(conditions.At(1).row, conditions.fitted)) {
     const int index = FittableIndex(static_cast<At>(row.code));
-    text += say(Phrase::FittedLine,
+    text += say(TextId::FittedLine,
                 {kFittable[static_cast<std::size_t>(index)].name, ShortestText(row.value),
                  ShortestText(row.lower), ShortestText(row.upper)}) +
             "\n";
   }
-  return text.empty() ? say(Phrase::NothingFitted) + "\n" : text;
+  return text.empty() ? say(TextId::NoParameterFitted) + "\n" : text;
 }
 
 std::string ConditionsReport(const CheckOptions& options, std::string_view bytes,
@@ -58,9 +58,9 @@ std::string ConditionsReport(const CheckOptions& options, std::string_view bytes
   const ConditionsRead read = ReadConditionsBytes(bytes, options.file);
   if (read.fault) throw Failure{ExitCode::File, say.Of(*read.fault)};
   std::string text =
-      say(Phrase::IsConditions, {options.file, std::to_string(read.experiments)}) + "\n";
+      say(TextId::IsConditions, {options.file, std::to_string(read.experiments)}) + "\n";
   if (read.experiments == 0)
-    return HasBatchLine(bytes) ? text : text + say(Phrase::NoBatchLine) + "\n";
+    return HasBatchLine(bytes) ? text : text + say(TextId::NoBatchLine) + "\n";
   for (int place = 1; place <= read.experiments; ++place) text += RecordLine(place, read, say);
   return text + FittedLines(read.conditions, say);
 }
@@ -79,7 +79,7 @@ ExitCode Run(const CheckOptions& options, const Console& console) {
       break;
     case FileKind::Unknown:
       throw Failure{ExitCode::File,
-                    PlaceInFile(options.file, 2) + console.say(Phrase::NeitherFile)};
+                    PlaceInFile(options.file, 2) + console.say(TextId::NeitherFile)};
   }
   return ExitCode::Done;
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "app/Numbers.h"
 #include "cli/Assignments.h"
 #include "cli/ImportCommand.h"
 #include "cli/Inputs.h"
@@ -11,6 +10,7 @@
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/FitSetUp.h"
 #include "estimation/EvolucaoDiferencial.h"
+#include "language/Numbers.h"
 
 namespace velmora::cli {
 namespace {
@@ -31,9 +31,9 @@ void RequireUse(const Plan& plan, const Assignment& assignment, const Wording& s
   const At at = assignment.position;
   if (FittableIndex(at) >= 0) cli::RequireUse(plan.model, at, say);
   if (at == At::alpha && AlfaIsDecided(plan.form))
-    throw Failure{ExitCode::Refused, say(Phrase::AlfaDecided)};
+    throw Failure{ExitCode::Refused, say(TextId::AlfaDecided)};
   if ((at == At::beta || at == At::CsAst2) && plan.form.production == Production::PAC)
-    throw Failure{ExitCode::Refused, say(Phrase::BetaNotOffered, {assignment.name})};
+    throw Failure{ExitCode::Refused, say(TextId::BetaNotOffered, {assignment.name})};
 }
 
 void TickFitRow(const FittedRange& range, Plan& plan, const Wording& say) {
@@ -41,9 +41,9 @@ void TickFitRow(const FittedRange& range, Plan& plan, const Wording& say) {
   cli::RequireUse(plan.model, position, say);
   const auto isSet = [at = position](const Assignment& a) { return a.position == at; };
   if (std::any_of(plan.assignments.begin(), plan.assignments.end(), isSet))
-    throw Failure{ExitCode::Usage, say(Phrase::SetAndFitted, {name})};
+    throw Failure{ExitCode::Usage, say(TextId::SetAndFitted, {name})};
   FitRow& row = plan.form.fit[range.index];
-  if (row.ticked) throw Failure{ExitCode::Usage, say(Phrase::FittedTwice, {name})};
+  if (row.ticked) throw Failure{ExitCode::Usage, say(TextId::FittedTwice, {name})};
   row = {true, PlainText(range.lower, '.'), PlainText(range.upper, '.')};
   plan.form.At(position) = PlainText(range.start, '.');
 }
@@ -65,30 +65,31 @@ Plan PlanOf(const ConditionsOptions& options, int experiments, const Wording& sa
 }
 
 /// The form of the experiment at `place`; throws the text of what it lacks.
-CultivationForm FormAt(int place, const Class1& experiment, const Plan& plan, const Wording& say) {
+CultivationForm FormAt(int place, const Experiment& experiment, const Plan& plan,
+                       const Wording& say) {
   CultivationForm form = plan.form;
   for (const auto& [position, text] : SuggestedTexts(experiment, '.')) form.At(position) = text;
   for (const Assignment& assignment : plan.assignments)
     if (assignment.place == 0 || assignment.place == place)
       form.At(assignment.position) = PlainText(assignment.value, '.');
   for (const At initial : {At::Cx0, At::Cs0, At::Cp0})
-    if (form.At(initial).empty()) throw Failure{ExitCode::Refused, say(Phrase::NoPoints)};
+    if (form.At(initial).empty()) throw Failure{ExitCode::Refused, say(TextId::NoPoints)};
   for (const FittableParameter& parameter : kFittable)
     if (Uses(plan.model, parameter.position) && form.At(parameter.position).empty())
       throw Failure{ExitCode::Refused,
-                    say(Phrase::ValueMissing, {plan.model.name, parameter.name})};
+                    say(TextId::ValueMissing, {plan.model.name, parameter.name})};
   return form;
 }
 
-void SaveConditions(int place, const Class1& experiment, const Plan& plan, const Wording& say,
+void SaveConditions(int place, const Experiment& experiment, const Plan& plan, const Wording& say,
                     CultivationConditions& conditions) {
   try {
     const CultivationForm form = FormAt(place, experiment, plan, say);
-    const Saved saved = SalvarCondCult(form, place, experiment.NExp, '.', conditions);
+    const Saved saved = SalvarCondCult(form, place, experiment.number, '.', conditions);
     if (saved.refusal) throw Failure{ExitCode::Refused, say.Of(saved.refusal->message)};
   } catch (Failure& failure) {
-    failure.line = say(Phrase::InExperiment,
-                       {std::to_string(experiment.NExp), std::to_string(place), failure.line});
+    failure.line = say(TextId::InExperiment,
+                       {std::to_string(experiment.number), std::to_string(place), failure.line});
     throw;
   }
 }
@@ -103,7 +104,7 @@ void RequireExperiments(int count, const Wording& say) {
 ExitCode Run(const ConditionsOptions& options, const Console& console) {
   const Wording& say = console.say;
   if (MethodNamed(options.method) == Method::Manual && !options.fit.empty())
-    throw Failure{ExitCode::Usage, say(Phrase::FitWithManual)};
+    throw Failure{ExitCode::Usage, say(TextId::FitWithManual)};
   ModelNamed(options.model, say);
   RequireOtherFile(options.experiments, options.output, say);
   const ExperimentLists lists = LoadExperiments(options.experiments, say);
@@ -112,12 +113,12 @@ ExitCode Run(const ConditionsOptions& options, const Console& console) {
   const Plan plan = PlanOf(options, lists.Count(), say);
   CultivationConditions conditions;
   for (int place = 1; place <= lists.Count(); ++place)
-    SaveConditions(place, lists.Experiment(place), plan, say, conditions);
+    SaveConditions(place, lists.At(place), plan, say, conditions);
   if (const auto refusal = RefuseBounds(VariablesOf(conditions.fitted)))
     throw Failure{ExitCode::Refused, say.Of(*refusal)};
   if (const auto fault = WriteConditions(conditions, lists.Count(), true, options.output))
     throw Failure{ExitCode::File, say.Of(*fault)};
-  console.Print(say(Phrase::Written, {options.output, std::to_string(lists.Count())}) + "\n");
+  console.Print(say(TextId::Written, {options.output, std::to_string(lists.Count())}) + "\n");
   return ExitCode::Done;
 }
 

@@ -13,7 +13,7 @@ void Console::Print(std::string_view text) const {
   errno = 0;
   const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (!written || std::fflush(stdout) != 0)
-    throw Failure{ExitCode::File, say(Phrase::OutputFailed, {std::strerror(errno)})};
+    throw Failure{ExitCode::File, say(TextId::OutputFailed, {std::strerror(errno)})};
 }
 
 void Console::Complain(std::string_view line) const {

@@ -45,8 +45,8 @@ std::string LoadBytes(const std::string& path, FileKind wanted, const Wording& s
   const FileKind kind = KindOf(file.bytes);
   if (kind != wanted && kind != FileKind::Unknown)
     throw Failure{ExitCode::File, PlaceInFile(path, 2) + say(wanted == FileKind::Experiments
-                                                                 ? Phrase::ExperimentsWanted
-                                                                 : Phrase::ConditionsWanted)};
+                                                                 ? TextId::ExperimentsWanted
+                                                                 : TextId::ConditionsWanted)};
   return std::move(file.bytes);
 }
 

@@ -6,17 +6,17 @@
 #include <stdexcept>
 
 #include "cli/Assignments.h"
-#include "cli/ChartPictures.h"
 #include "cli/FitProgress.h"
 #include "cli/Json.h"
 #include "cli/Normalisation.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
-#include "cultivation/Relatorio.h"
 #include "estimation/Deviations.h"
 #include "estimation/EvolucaoDiferencial.h"
 #include "estimation/ResultTexts.h"
+#include "report/Relatorio.h"
+#include "report/ReportCharts.h"
 
 namespace velmora::cli {
 namespace {
@@ -51,17 +51,16 @@ EstimationSettings SettingsOf(const FitOptions& options, const Wording& say) {
 /// The fitted parameters, once all that a fit asks for is in place. Conditions that are a
 /// simulation's, or none, hold no fitted parameters: that is said before these are asked for.
 std::vector<FitVariable> CheckedVariables(Inputs& inputs, const Wording& say) {
-  constexpr int kNoMethod = 335;
   const ConditionsRecord& first = inputs.conditions.At(1);
   const Method method = MethodNamed(first.options.method);
-  if (method == Method::Manual) throw Failure{ExitCode::Refused, say(Phrase::SimulationOnly)};
+  if (method == Method::Manual) throw Failure{ExitCode::Refused, say(TextId::SimulationOnly)};
   if (inputs.conditions.SavedCount() == 0) RequireCultivation(inputs, say);
   inputs.conditions.fitted = WithValuesOf(first.row, inputs.conditions.fitted);
   const CheckedFit checked = ChecarVarAjustadas(inputs.conditions.fitted);
   if (checked.refusal) throw Failure{ExitCode::Refused, say.Of(checked.refusal->message)};
   RequireCultivation(inputs, say);
   if (method != Method::ED)
-    throw Failure{ExitCode::Refused, std::string(Text(kNoMethod, say.In()))};
+    throw Failure{ExitCode::Refused, std::string(Text(TextId::NoMethod, say.In()))};
   return checked.variables;
 }
 
@@ -74,17 +73,16 @@ ProgressForm FormOf(const FitOptions& options) {
 SearchResult SearchOrFail(Objective& objective, const std::vector<FitVariable>& variables,
                           const EstimationSettings& settings, ProgressForm form,
                           const Inputs& inputs, const Console& console) {
-  constexpr int kNotCompleted = 362;
   SearchResult result;
   try {
     FitProgress progress(variables, form, console);
     result = Search(objective, variables, settings, progress);
   } catch (const std::bad_alloc&) {
-    throw Failure{ExitCode::Refused, console.say(Phrase::OutOfMemoryInFit)};
+    throw Failure{ExitCode::Refused, console.say(TextId::OutOfMemoryInFit)};
   }
   if (result.refusal) throw Failure{ExitCode::Refused, console.say.Of(*result.refusal)};
   if (result.fault)
-    throw Failure{ExitCode::Arithmetic, std::string(Text(kNotCompleted, console.say.In())) +
+    throw Failure{ExitCode::Arithmetic, std::string(Text(TextId::NotCompleted, console.say.In())) +
                                             Describe(*result.fault, inputs, console.say)};
   return result;
 }
@@ -128,11 +126,11 @@ std::string JsonOf(const Fit& fit) {
 std::string TextOf(const Fit& fit, const Wording& say) {
   std::string text;
   const std::string model = ModelNames(fit.inputs.conditions.At(1), fit.inputs.conditions.fitted);
-  if (!model.empty()) text += say(Phrase::Model) + ": " + model + "\n";
-  text += say(Phrase::ExperimentsWithValues,
+  if (!model.empty()) text += say(TextId::ModelHeading) + ": " + model + "\n";
+  text += say(TextId::ExperimentsWithValues,
               {std::to_string(fit.inputs.Count()), std::to_string(fit.deviations.observations)});
   text += "\n";
-  text += say(Phrase::Generations, {std::to_string(fit.result.generations)}) + "\n";
+  text += say(TextId::Generations, {std::to_string(fit.result.generations)}) + "\n";
   text += std::string(kFunctionCalls) + std::to_string(fit.result.functionCalls) + "\n";
   return text + FinalText(fit.variables, fit.result, fit.deviations, {say.In(), '.'});
 }
@@ -141,7 +139,7 @@ std::vector<ReportPicture> PicturesOf(const Fit& fit, const Console& console) {
   try {
     return ChartPictures(fit.inputs.lists, fit.curves);
   } catch (const std::runtime_error& failure) {
-    console.Complain(console.say(Phrase::NoCharts, {failure.what()}));
+    console.Complain(console.say(TextId::NoCharts, {failure.what()}));
     return {};
   }
 }

@@ -1,7 +1,7 @@
 #include "cli/FitProgress.h"
 
-#include "app/Numbers.h"
 #include "estimation/ResultTexts.h"
+#include "language/Numbers.h"
 
 namespace velmora::cli {
 namespace {
@@ -32,7 +32,7 @@ void FitProgress::ShowLine(const Generation& generation) {
   if (lineStands_ && now - shown_ < kBetweenLines) return;
   const double seconds = std::chrono::duration<double>(now - start_).count();
   console_.Note(std::string(kEraseLine) +
-                console_.say(Phrase::GenerationLine, {std::to_string(generation.number),
+                console_.say(TextId::GenerationLine, {std::to_string(generation.number),
                                                       Formatted(generation.score, kEight, '.'),
                                                       Formatted(seconds, kOne, '.')}));
   shown_ = now;

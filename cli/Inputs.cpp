@@ -5,16 +5,16 @@
 #include <system_error>
 #include <utility>
 
-#include "app/Numbers.h"
 #include "cli/Columns.h"
 #include "cli/Failure.h"
 #include "cli/FileKind.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/ConditionsSetUp.h"
-#include "cultivation/FaultDescription.h"
 #include "cultivation/OpenedConditions.h"
 #include "data/ExperimentFile.h"
 #include "kinetics/ModelCurves.h"
+#include "language/FaultWords.h"
+#include "language/Numbers.h"
 
 namespace velmora::cli {
 namespace {
@@ -48,7 +48,7 @@ ExperimentLists LoadExperiments(const std::string& path, const Wording& say) {
 
 const Model& ModelNamed(const std::string& name, const Wording& say) {
   const Model* const model = FindModel(name);
-  if (model == nullptr) throw Failure{ExitCode::Usage, say(Phrase::UnknownModel, {name})};
+  if (model == nullptr) throw Failure{ExitCode::Usage, say(TextId::UnknownModel, {name})};
   return *model;
 }
 
@@ -56,7 +56,7 @@ void RequireUse(const Model& model, At position, const Wording& say) {
   if (Uses(model, position)) return;
   const std::string_view name = kFittable[static_cast<std::size_t>(FittableIndex(position))].name;
   throw Failure{ExitCode::Refused,
-                say(Phrase::ModelLacks, {model.name, name, ParameterNames(model)})};
+                say(TextId::ModelLacks, {model.name, name, ParameterNames(model)})};
 }
 
 Inputs LoadInputs(const InputOptions& options, const Wording& say) {
@@ -74,7 +74,7 @@ Inputs LoadInputs(const InputOptions& options, const Wording& say) {
 void RequireRoom(int experiments, const Wording& say) {
   if (experiments <= kMostExperiments) return;
   throw Failure{ExitCode::Refused,
-                say(Phrase::TooManyExperiments,
+                say(TextId::TooManyExperiments,
                     {std::to_string(experiments), std::to_string(kMostExperiments)})};
 }
 
@@ -83,11 +83,11 @@ void RequireCultivation(const Inputs& inputs, const Wording& say) {
   if (const auto refusal = RefuseRun(inputs.Count(), inputs.conditions))
     throw Failure{ExitCode::Refused, say.Of(*refusal)};
   for (int place = 1; place <= inputs.Count(); ++place) {
-    const int number = inputs.lists.Experiment(place).NExp;
+    const int number = inputs.lists.At(place).number;
     const int stored = inputs.conditions.At(place).number;
     if (number != stored)
       throw Failure{ExitCode::Refused,
-                    say(Phrase::NumbersDiffer,
+                    say(TextId::NumbersDiffer,
                         {std::to_string(place), std::to_string(number), std::to_string(stored)})};
   }
 }
@@ -95,11 +95,11 @@ void RequireCultivation(const Inputs& inputs, const Wording& say) {
 void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say) {
   std::error_code absent;
   if (std::filesystem::equivalent(input, output, absent))
-    throw Failure{ExitCode::Usage, say(Phrase::SameFile, {output})};
+    throw Failure{ExitCode::Usage, say(TextId::SameFile, {output})};
 }
 
 std::string Describe(const ArithmeticFault& fault, const Inputs& inputs, const Wording& say) {
-  const int number = fault.place == 0 ? 0 : inputs.lists.Experiment(fault.place).NExp;
+  const int number = fault.place == 0 ? 0 : inputs.lists.At(fault.place).number;
   std::string text = FaultDescription(fault, number, say.In());
   if (fault.place == 0 || fault.point == 0) return text;
   const double duration = inputs.conditions.At(fault.place).row[At::T];

@@ -7,6 +7,7 @@
 #include "cli/Wording.h"
 #include "cultivation/CultivationConditions.h"
 #include "data/ExperimentLists.h"
+#include "kinetics/ArithmeticFault.h"
 #include "kinetics/Modelos.h"
 
 namespace velmora::cli {

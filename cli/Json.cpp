@@ -1,7 +1,7 @@
 #include "cli/Json.h"
 
-#include "app/Numbers.h"
 #include "cli/Columns.h"
+#include "language/Numbers.h"
 
 namespace velmora::cli::json {
 namespace {

@@ -11,8 +11,8 @@ ExitCode Run(const ModelsOptions&, const Console& console) {
   const auto line = [](std::string_view name, std::string_view parameters, std::string_view rate) {
     return Left(name, kNameWidth) + Left(parameters, kParametersWidth) + std::string(rate) + "\n";
   };
-  std::string text = line(console.say(Phrase::Model), console.say(Phrase::Parameters),
-                          console.say(Phrase::Equation));
+  std::string text = line(console.say(TextId::ModelHeading), console.say(TextId::ParametersHeading),
+                          console.say(TextId::EquationHeading));
   for (const Model& model : kModels)
     text += line(model.name, ParameterNames(model), Equation(model));
   console.Print(text);

@@ -10,14 +10,13 @@ namespace velmora::cli {
 
 void WarnOfUnscaled(const ExperimentLists& lists, const Console& console) {
   for (int place = 1; place <= lists.Count(); ++place) {
-    const Class1& experiment = lists.Experiment(place);
+    const Experiment& experiment = lists.At(place);
     using Named = std::pair<const char*, const std::vector<double>*>;
     for (const auto& [name, values] :
-         {Named{"Cx", &experiment.NVetCx}, Named{"Cs", &experiment.NVetCs},
-          Named{"Cp", &experiment.NVetCp}})
+         {Named{"Cx", &experiment.Cx}, Named{"Cs", &experiment.Cs}, Named{"Cp", &experiment.Cp}})
       if (Objective::NormalisationScale(*values) == 0)
         console.Complain(std::string(kNotNormalised) +
-                         console.say(Phrase::UnscaledAt, {std::to_string(place), name}));
+                         console.say(TextId::UnscaledAt, {std::to_string(place), name}));
   }
 }
 

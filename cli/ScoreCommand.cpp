@@ -1,12 +1,12 @@
 #include "cli/ScoreCommand.h"
 
-#include "app/Numbers.h"
 #include "cli/Assignments.h"
 #include "cli/Columns.h"
 #include "cli/Json.h"
 #include "cli/Normalisation.h"
 #include "cultivation/FitSetUp.h"
 #include "estimation/Objective.h"
+#include "language/Numbers.h"
 
 namespace velmora::cli {
 namespace {
@@ -25,7 +25,7 @@ std::string JsonOf(double score, const Objective& objective, const ExperimentLis
   for (int place = 1; place <= objective.ExperimentCount(); ++place) {
     const PerVariable<double>& share = objective.Share(place);
     experiments.push_back(json::Object({{"place", json::Number(place)},
-                                        {"number", json::Number(lists.Experiment(place).NExp)},
+                                        {"number", json::Number(lists.At(place).number)},
                                         {"Cx", json::Number(share.Cx)},
                                         {"Cs", json::Number(share.Cs)},
                                         {"Cp", json::Number(share.Cp)}}));
@@ -36,17 +36,17 @@ std::string JsonOf(double score, const Objective& objective, const ExperimentLis
 
 std::string TableOf(double score, const Objective& objective, const ExperimentLists& lists,
                     const Wording& say) {
-  std::string text = Left(say(Phrase::Experiments), kWidth);
+  std::string text = Left(say(TextId::ExperimentColumn), kWidth);
   for (const std::string_view heading : {"Cx", "Cs", "Cp"}) text += Right(heading, kWidth);
-  text += Right(say(Phrase::Sum), kWidth) + "\n";
+  text += Right(say(TextId::Sum), kWidth) + "\n";
   for (int place = 1; place <= objective.ExperimentCount(); ++place) {
     const auto& [Cx, Cs, Cp] = objective.Share(place);
-    text += Left(std::to_string(lists.Experiment(place).NExp), kWidth);
+    text += Left(std::to_string(lists.At(place).number), kWidth);
     for (const double value : {Cx, Cs, Cp, Cx + Cs + Cp})
       text += Right(Formatted(value, kEight, '.'), kWidth);
     text += "\n";
   }
-  return text + say(Phrase::Score) + " = " + ShortestText(score) + "\n";
+  return text + say(TextId::Score) + " = " + ShortestText(score) + "\n";
 }
 
 }  // namespace

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/Numbers.h"
 #include "cli/Columns.h"
 #include "cli/Json.h"
 #include "cultivation/DataExport.h"
 #include "cultivation/Simulation.h"
+#include "language/Numbers.h"
 
 namespace velmora::cli {
 namespace {
@@ -75,10 +75,10 @@ ExitCode Run(const SimulateOptions& options, const Console& console) {
   std::string text;
   for (int place = 1; place <= run.inputs.Count(); ++place) {
     if (run.Failed(place)) continue;
-    const int number = run.inputs.lists.Experiment(place).NExp;
+    const int number = run.inputs.lists.At(place).number;
     members.push_back(JsonOf(place, number, run.Curve(place)));
     text +=
-        console.say(Phrase::ExperimentHeading, {std::to_string(number), std::to_string(place)}) +
+        console.say(TextId::ExperimentHeading, {std::to_string(number), std::to_string(place)}) +
         "\n" + TableOf(run.Curve(place));
   }
   console.Print(options.json ? json::Object({{"experiments", json::Array(members)}}) + "\n" : text);

@@ -22,7 +22,7 @@ ExitCode RunCommand(const Arguments& arguments) {
     console.Complain(failure.line);
     return failure.code;
   } catch (const std::bad_alloc&) {
-    console.Complain(console.say(Phrase::OutOfMemory));
+    console.Complain(console.say(TextId::OutOfMemory));
     return ExitCode::Refused;
   }
 }

@@ -10,19 +10,34 @@ target_compile_options(velmora_warnings INTERFACE
 add_library(velmora_arithmetic INTERFACE)
 target_compile_options(velmora_arithmetic INTERFACE -ffp-contract=off)
 
-# A library of the core. It links nothing but the standard library: linking Qt to it is refused.
-function(velmora_core_library name)
-  add_library(${name} STATIC ${ARGN})
-  target_include_directories(${name} PUBLIC ${PROJECT_SOURCE_DIR})
-  target_link_libraries(${name} PUBLIC velmora_arithmetic PRIVATE velmora_warnings)
-  cmake_language(EVAL CODE "cmake_language(DEFER CALL velmora_refuse_qt ${name})")
+# A folder of the engine as a library of its own:
+#   velmora_engine_library(FOLDER source... [USES folder... ] [LIBRARIES library...])
+# USES names the folders below that it may include.
+function(velmora_engine_library folder)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "USES;LIBRARIES")
+  list(TRANSFORM arg_USES PREPEND velmora_)
+  add_library(velmora_${folder} STATIC ${arg_UNPARSED_ARGUMENTS})
+  target_include_directories(velmora_${folder} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(velmora_${folder} PUBLIC velmora_arithmetic ${arg_USES}
+    PRIVATE velmora_warnings
+    PUBLIC ${arg_LIBRARIES})
 endfunction()
 
-function(velmora_refuse_qt name)
-  foreach(property LINK_LIBRARIES INTERFACE_LINK_LIBRARIES)
-    get_target_property(libraries ${name} ${property})
-    if(libraries MATCHES "Qt[0-9]*::")
-      message(FATAL_ERROR "${name} is part of the core and must not link ${libraries}")
+# Stops where a target outside app, help and tests links Qt.
+function(velmora_refuse_qt folder)
+  get_property(targets DIRECTORY ${folder} PROPERTY BUILDSYSTEM_TARGETS)
+  foreach(target IN LISTS targets)
+    foreach(property LINK_LIBRARIES INTERFACE_LINK_LIBRARIES)
+      get_target_property(libraries ${target} ${property})
+      if(libraries MATCHES "Qt[0-9]*::")
+        message(FATAL_ERROR "${target} stands outside app, help and tests and must not link Qt")
+      endif()
+    endforeach()
+  endforeach()
+  get_property(folders DIRECTORY ${folder} PROPERTY SUBDIRECTORIES)
+  foreach(inner IN LISTS folders)
+    if(NOT inner MATCHES "^${PROJECT_SOURCE_DIR}/(app|help|tests)$")
+      velmora_refuse_qt(${inner})
     endif()
   endforeach()
 endfunction()

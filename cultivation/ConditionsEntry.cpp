@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "app/Numbers.h"
 #include "cultivation/ConditionsSetUp.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
@@ -12,7 +12,7 @@ bool SameRow(const FitRow& left, const FitRow& right) {
   return left.ticked == right.ticked && left.lower == right.lower && left.upper == right.upper;
 }
 
-int PlacesOf(const std::vector<Class1>& experiments) {
+int PlacesOf(const std::vector<Experiment>& experiments) {
   return std::min(static_cast<int>(experiments.size()), kMostExperiments);
 }
 
@@ -46,17 +46,18 @@ std::string ShownText(At position, double value, char separator) {
   return ShownTexts(row, separator)[static_cast<std::size_t>(position) - 1];
 }
 
-std::vector<std::pair<At, std::string>> SuggestedTexts(const Class1& experiment, char separator) {
+std::vector<std::pair<At, std::string>> SuggestedTexts(const Experiment& experiment,
+                                                       char separator) {
   std::vector<std::pair<At, std::string>> texts;
   const auto suggest = [&](At position, double value) {
     texts.emplace_back(position, PlainText(value, separator));
   };
-  if (experiment.NDados > 0) {
-    suggest(At::Cx0, experiment.NVetCx.front());
-    suggest(At::Cs0, experiment.NVetCs.front());
-    suggest(At::Cp0, experiment.NVetCp.front());
+  if (experiment.Points() > 0) {
+    suggest(At::Cx0, experiment.Cx.front());
+    suggest(At::Cs0, experiment.Cs.front());
+    suggest(At::Cp0, experiment.Cp.front());
   }
-  suggest(At::T, experiment.NTempoFinal);
+  suggest(At::T, experiment.finalTime);
   return texts;
 }
 
@@ -82,12 +83,13 @@ bool RunPassesOver(const CultivationForm& form, int place, char separator,
   return shown.row != stored.row || shown.options.production != stored.options.production;
 }
 
-bool AlignConditions(const std::vector<Class1>& experiments, CultivationConditions& conditions) {
+bool AlignConditions(const std::vector<Experiment>& experiments,
+                     CultivationConditions& conditions) {
   CultivationConditions aligned;
   aligned.fitted = conditions.fitted;
   std::array<bool, kMostExperiments + 1> taken{};
   for (int place = 1; place <= PlacesOf(experiments); ++place) {
-    const std::int16_t number = experiments[static_cast<std::size_t>(place) - 1].NExp;
+    const std::int16_t number = experiments[static_cast<std::size_t>(place) - 1].number;
     const int source = RecordFor(number, place, conditions, taken);
     if (source == 0) continue;
     aligned.At(place) = conditions.At(source);

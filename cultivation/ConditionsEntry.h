@@ -8,7 +8,7 @@
 
 #include "cultivation/CultivationConditions.h"
 #include "cultivation/CultivationForm.h"
-#include "data/Class1.h"
+#include "data/Experiment.h"
 
 namespace velmora {
 
@@ -21,7 +21,8 @@ std::string ShownText(At position, double value, char separator);
 
 /// The boxes that an experiment without saved conditions begins with: the concentrations of its
 /// first measured point, and its final time.
-std::vector<std::pair<At, std::string>> SuggestedTexts(const Class1& experiment, char separator);
+std::vector<std::pair<At, std::string>> SuggestedTexts(const Experiment& experiment,
+                                                       char separator);
 
 /// Whether two forms state the same. Whether the model is confirmed does not count.
 bool SameEntries(const CultivationForm& left, const CultivationForm& right);
@@ -34,6 +35,6 @@ bool RunPassesOver(const CultivationForm& form, int place, char separator,
 
 /// Brings the records to the places of their experiments' numbers, after experiments were inserted
 /// or deleted; the records of experiments that are no more are dropped. Whether anything changed.
-bool AlignConditions(const std::vector<Class1>& experiments, CultivationConditions& conditions);
+bool AlignConditions(const std::vector<Experiment>& experiments, CultivationConditions& conditions);
 
 }  // namespace velmora

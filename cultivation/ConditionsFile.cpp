@@ -4,10 +4,10 @@
 #include <limits>
 #include <vector>
 
-#include "app/Numbers.h"
 #include "data/FieldReader.h"
 #include "data/FileText.h"
 #include "data/SafeSave.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {

@@ -4,27 +4,25 @@
 #include <cmath>
 #include <stdexcept>
 
-#include "app/Numbers.h"
 #include "cultivation/FitSetUp.h"
 #include "kinetics/Modelos.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
 
 constexpr int kAlfaDecimals = 4;
 
-Message Attention(std::initializer_list<Piece> pieces) {
-  return {std::vector<Piece>(pieces), 307, Icon::Information};
-}
-
 /// The values that must be above 0, and what is said where one is not.
 struct PositiveValue {
   At position;
-  int text;
+  TextId text;
 };
-constexpr std::array<PositiveValue, 5> kPositive = {
-    {{At::Cx0, 339}, {At::Cs0, 338}, {At::T, 340}, {At::Yxs, 342}, {At::YpsTyped, 341}}};
-constexpr int kOutOfBounds = 350;
+constexpr std::array<PositiveValue, 5> kPositive = {{{At::Cx0, TextId::Cx0NotPositive},
+                                                     {At::Cs0, TextId::Cs0NotPositive},
+                                                     {At::T, TextId::TimeNotPositive},
+                                                     {At::Yxs, TextId::YxsNotPositive},
+                                                     {At::YpsTyped, TextId::YpsNotPositive}}};
 
 bool HasBox(At position) {
   const bool isSwitch = position >= At::C && position <= At::H1;
@@ -32,15 +30,17 @@ bool HasBox(At position) {
 }
 
 std::optional<Refusal> RefuseChoices(const CultivationForm& form, int place, char separator) {
-  if (place == 0) return Refusal{Attention({353}), std::nullopt};
+  if (place == 0) return Refusal{Attention({TextId::NoExperimentSelected}), std::nullopt};
   if (auto refusal = RefuseFitRows(VarAjustadas(form, separator))) return refusal;
-  if (form.method == Method::None) return Refusal{Attention({335}), std::nullopt};
-  if (form.production == Production::None) return Refusal{Attention({301}), std::nullopt};
+  if (form.method == Method::None) return Refusal{Attention({TextId::NoMethod}), std::nullopt};
+  if (form.production == Production::None)
+    return Refusal{Attention({TextId::NoProduction}), std::nullopt};
   if (!form.modelConfirmed || FindModel(form.model) == nullptr)
-    return Refusal{Attention({347}), std::nullopt};
+    return Refusal{Attention({TextId::ConfirmModel}), std::nullopt};
   const bool fits =
       std::any_of(form.fit.begin(), form.fit.end(), [](const FitRow& row) { return row.ticked; });
-  if (form.method != Method::Manual && !fits) return Refusal{Attention({354}), std::nullopt};
+  if (form.method != Method::Manual && !fits)
+    return Refusal{Attention({TextId::NothingFitted}), std::nullopt};
   return std::nullopt;
 }
 
@@ -54,7 +54,7 @@ std::optional<Refusal> ReadValues(const CultivationForm& form, char separator, C
                                        [at](const PositiveValue& p) { return p.position == at; });
     const bool mustBePositive = positive != kPositive.end();
     if (!value || (mustBePositive && !(*value > 0)))
-      return Refusal{Attention({mustBePositive ? positive->text : kOutOfBounds}), at};
+      return Refusal{Attention({mustBePositive ? positive->text : TextId::OutOfBounds}), at};
     row[position] = *value;
   }
   return std::nullopt;
@@ -68,7 +68,7 @@ double AlfaOfYields(const ConditionsRow& row) {
 std::optional<Refusal> RefuseYields(const CultivationForm& form, const ConditionsRow& row) {
   if (form.yields == Yields::Stoichiometric || std::isfinite(AlfaOfYields(row)))
     return std::nullopt;
-  return Refusal{Attention({kOutOfBounds}), At::YpsTyped};
+  return Refusal{Attention({TextId::OutOfBounds}), At::YpsTyped};
 }
 
 /// A computed alpha as its box shows it.
@@ -210,11 +210,11 @@ CultivationForm FormOf(const ConditionsRecord& record, const std::vector<FittedP
 }
 
 std::optional<Message> RefuseRun(int experiments, const CultivationConditions& conditions) {
-  if (experiments == 0) return Attention({352});
-  if (experiments != conditions.SavedCount()) return Attention({337});
+  if (experiments == 0) return Attention({TextId::NoExperiment});
+  if (experiments != conditions.SavedCount()) return Attention({TextId::CountsDiffer});
   for (int place = 2; place <= experiments; ++place)
     if (conditions.At(place).options != conditions.At(1).options)
-      return Attention({305, "\n", 300});
+      return Attention({TextId::OptionsDiffer, "\n", TextId::OptionsFootnote});
   return std::nullopt;
 }
 

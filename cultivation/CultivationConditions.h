@@ -44,7 +44,7 @@ struct FittedParameter {
 /// What is stored for the experiment at one place of the experiment list.
 struct ConditionsRecord {
   bool saved = false;
-  std::int16_t number = 0;  // the experiment's NExp
+  std::int16_t number = 0;  // the experiment's number
   ConditionsRow row;
   OptionTexts options;
   friend bool operator==(const ConditionsRecord&, const ConditionsRecord&) = default;

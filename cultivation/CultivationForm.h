@@ -7,9 +7,9 @@
 #include <string>
 #include <string_view>
 
-#include "app/Message.h"
 #include "kinetics/KineticParameters.h"
 #include "kinetics/Modelos.h"
+#include "language/Message.h"
 
 namespace velmora {
 

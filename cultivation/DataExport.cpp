@@ -1,6 +1,6 @@
 #include "cultivation/DataExport.h"
 
-#include "app/Numbers.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 

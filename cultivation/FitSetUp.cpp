@@ -1,14 +1,16 @@
 #include "cultivation/FitSetUp.h"
 
-#include "app/Numbers.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
 
 std::optional<Message> RefuseRow(const FittedParameter& row) {
   if (row.value == 0 || row.lower == 0 || row.upper == 0)
-    return Message{{348, "\n", 303, "\n", 327}, 307, Icon::Information};
-  if (row.value < row.lower || row.value > row.upper) return Message{{304}, 307, Icon::Information};
+    return Attention(
+        {TextId::PossibleErrors, "\n", TextId::FitEntryMissing, "\n", TextId::BoundIsZero});
+  if (row.value < row.lower || row.value > row.upper)
+    return Attention({TextId::FitEntryOutOfBounds});
   return std::nullopt;
 }
 
@@ -55,7 +57,7 @@ std::vector<FitVariable> VariablesOf(std::span<const FittedParameter> table) {
   return variables;
 }
 
-FitProblem ProblemOf(const std::vector<Class1>& experiments,
+FitProblem ProblemOf(const std::vector<Experiment>& experiments,
                      const CultivationConditions& conditions) {
   FitProblem problem{experiments, {}, VariablesOf(conditions.fitted)};
   for (int place = 1; place <= static_cast<int>(experiments.size()); ++place)

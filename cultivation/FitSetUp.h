@@ -7,7 +7,7 @@
 
 #include "cultivation/CultivationConditions.h"
 #include "cultivation/CultivationForm.h"
-#include "data/Class1.h"
+#include "data/Experiment.h"
 #include "estimation/FitProblem.h"
 
 namespace velmora {
@@ -37,7 +37,7 @@ std::vector<FitVariable> VariablesOf(std::span<const FittedParameter> table);
 
 /// The problem of fitting `conditions` to `experiments`, which must be as many as the conditions
 /// saved, at most 9.
-FitProblem ProblemOf(const std::vector<Class1>& experiments,
+FitProblem ProblemOf(const std::vector<Experiment>& experiments,
                      const CultivationConditions& conditions);
 
 }  // namespace velmora

@@ -37,12 +37,8 @@ void AddNumber(std::string& numbers, std::int16_t number) {
   numbers += std::to_string(number);
 }
 
-Message Attention(int text) {
-  return {{text}, 307, Icon::Information};
-}
-
-Message Told(int before, const std::string& numbers, int after) {
-  return {{before, " " + numbers + " ", after}, 307, Icon::Information};
+Message Told(TextId before, const std::string& numbers, TextId after) {
+  return Attention({before, " " + numbers + " ", after});
 }
 
 }  // namespace
@@ -56,24 +52,26 @@ const Model* RecognisedModel(const ConditionsRecord& record,
 }
 
 OpenedConditions CompareWithLists(const ConditionsRead& read,
-                                  const std::vector<Class1>& experiments) {
+                                  const std::vector<Experiment>& experiments) {
   if (read.experiments == 0 || read.experiments != static_cast<int>(experiments.size()))
-    return {Attention(337), {}, {}};
+    return {Attention({TextId::CountsDiffer}), {}, {}};
 
   OpenedConditions opened{std::nullopt, read.conditions, {}};
   std::string matching;
   std::string toReview;
   for (int place = 1; place <= read.experiments; ++place) {
     ConditionsRecord& record = opened.conditions.At(place);
-    const std::int16_t number = experiments[static_cast<std::size_t>(place) - 1].NExp;
+    const std::int16_t number = experiments[static_cast<std::size_t>(place) - 1].number;
     const bool matches = record.number == number && FitMatches(record, read.conditions.fitted);
     AddNumber(matches ? matching : toReview, number);
     record.number = number;
   }
-  if (!matching.empty()) opened.messages.push_back(Told(308, matching, 326));
-  if (!toReview.empty()) opened.messages.push_back(Told(306, toReview, 323));
+  if (!matching.empty())
+    opened.messages.push_back(Told(TextId::ConditionsOf, matching, TextId::SuccessfullyInserted));
+  if (!toReview.empty())
+    opened.messages.push_back(Told(TextId::TheConditionsOf, toReview, TextId::InsertedButReview));
   if (RecognisedModel(opened.conditions.At(1), read.conditions.fitted) == nullptr)
-    opened.messages.push_back(Attention(347));
+    opened.messages.push_back(Attention({TextId::ConfirmModel}));
   return opened;
 }
 

@@ -4,11 +4,11 @@
 #include <optional>
 #include <vector>
 
-#include "app/Message.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/CultivationConditions.h"
-#include "data/Class1.h"
+#include "data/Experiment.h"
 #include "kinetics/Modelos.h"
+#include "language/Message.h"
 
 namespace velmora {
 
@@ -31,6 +31,6 @@ struct OpenedConditions {
 /// is to be reviewed where its number was another, or the fitted parameters do not belong to its
 /// model or lie outside their bounds.
 OpenedConditions CompareWithLists(const ConditionsRead& read,
-                                  const std::vector<Class1>& experiments);
+                                  const std::vector<Experiment>& experiments);
 
 }  // namespace velmora

@@ -1,5 +1,7 @@
 #include "cultivation/Simulation.h"
 
+#include <algorithm>
+
 #include "kinetics/Runge_Kutta.h"
 
 namespace velmora {
@@ -18,6 +20,13 @@ std::vector<ArithmeticFault> Manual(const CultivationConditions& conditions, int
     }
   }
   return faults;
+}
+
+void EndCurveAt(const ArithmeticFault& fault, ModelCurve& curve) {
+  const auto first = static_cast<std::size_t>(std::clamp(fault.point - 1, 0, kModelPoints));
+  for (ModelCurve::Series* series : {&curve.time, &curve.Cx, &curve.Cs, &curve.Cp})
+    std::fill(series->begin() + static_cast<std::ptrdiff_t>(first), series->end(),
+              first == 0 ? 0 : (*series)[first - 1]);
 }
 
 }  // namespace velmora

@@ -14,4 +14,8 @@ namespace velmora {
 std::vector<ArithmeticFault> Manual(const CultivationConditions& conditions, int experiments,
                                     ModelCurves& curves);
 
+/// Ends a curve where its simulation failed: the points from the fault on repeat the last one
+/// before it, so that the line stops there.
+void EndCurveAt(const ArithmeticFault& fault, ModelCurve& curve);
+
 }  // namespace velmora

@@ -5,8 +5,7 @@
 #include <limits>
 #include <utility>
 
-#include "app/Bilingual.h"
-#include "app/Numbers.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
@@ -14,27 +13,19 @@ namespace {
 constexpr int kMostNumber = std::numeric_limits<std::int16_t>::max();
 
 // Texts of the string table.
-constexpr int kAttention = 307;
-constexpr int kNotSaved = 320;
-constexpr int kPossibleErrors = 348;
-constexpr int kExperiments = 145;
-constexpr int kPointsNumber = 171;
-constexpr int kExperimentNumber = 173;
-constexpr int kFinalTime = 189;
-constexpr int kExperimentalData = 197;
 
 std::string Quoted(const std::string& text) {
   return "\"" + text + "\"";
 }
 
 Message NotSaved(Piece where, const std::string& found) {
-  return {{kPossibleErrors, "\n", std::move(where), ": " + Quoted(found)},
-          kNotSaved,
+  return {{TextId::PossibleErrors, "\n", std::move(where), ": " + Quoted(found)},
+          TextId::ExperimentNotSaved,
           Icon::Exclamation};
 }
 
-Message TooMany(int what, const std::string& excess) {
-  return {{kPossibleErrors, "\n", what, ": " + excess}, kAttention, Icon::Exclamation};
+Message TooMany(TextId what, const std::string& excess) {
+  return Attention({TextId::PossibleErrors, "\n", what, ": " + excess}, Icon::Exclamation);
 }
 
 std::optional<std::int16_t> NumberOf(const std::string& text) {
@@ -78,31 +69,31 @@ EntryRead ReadEntry(const ExperimentHeader& header, std::span<const GridRow> row
   const std::optional<std::int16_t> number = NumberOf(header.number);
   const std::optional<double> finalTime = ReadBox(header.finalTime, separator);
   if (!number)
-    read.refusal = {NotSaved(kExperimentNumber, header.number), EntryBox::Number, {}};
+    read.refusal = {NotSaved(TextId::ExperimentNumber, header.number), EntryBox::Number, {}};
   else if (!finalTime)
-    read.refusal = {NotSaved(kFinalTime, header.finalTime), EntryBox::FinalTime, {}};
+    read.refusal = {NotSaved(TextId::FinalTime, header.finalTime), EntryBox::FinalTime, {}};
   else if (grid.badCell)
     read.refusal = BadCell(*grid.badCell, rows);
-  read.experiment.NExp = number.value_or(0);
-  read.experiment.NTempoFinal = finalTime.value_or(0);
-  read.experiment.NComentarios = header.description;
-  read.experiment.NVerificado = true;
+  read.experiment.number = number.value_or(0);
+  read.experiment.finalTime = finalTime.value_or(0);
+  read.experiment.description = header.description;
+  read.experiment.verified = true;
   return read;
 }
 
-ExperimentHeader HeaderOf(const Class1& experiment, char separator) {
-  return {std::to_string(experiment.NExp), experiment.NComentarios,
-          PlainText(experiment.NTempoFinal, separator)};
+ExperimentHeader HeaderOf(const Experiment& experiment, char separator) {
+  return {std::to_string(experiment.number), experiment.description,
+          PlainText(experiment.finalTime, separator)};
 }
 
 int NextFreeNumber(const ExperimentLists& lists) {
   int largest = 0;
-  for (const Class1& experiment : lists.Experiments())
-    largest = std::max<int>(largest, experiment.NExp);
+  for (const Experiment& experiment : lists.Experiments())
+    largest = std::max<int>(largest, experiment.number);
   if (largest < kMostNumber) return largest + 1;
   std::vector<bool> used(static_cast<std::size_t>(kMostNumber) + 1);
-  for (const Class1& experiment : lists.Experiments())
-    if (experiment.NExp > 0) used[static_cast<std::size_t>(experiment.NExp)] = true;
+  for (const Experiment& experiment : lists.Experiments())
+    if (experiment.number > 0) used[static_cast<std::size_t>(experiment.number)] = true;
   const auto free = std::find(used.begin() + 1, used.end(), false);
   return free == used.end() ? 0 : static_cast<int>(free - used.begin());
 }
@@ -110,32 +101,31 @@ int NextFreeNumber(const ExperimentLists& lists) {
 DisplayEntry UsualDisplay(int place) {
   const auto index = static_cast<std::size_t>(place - 1);
   DisplayEntry display;
-  display.NMarcador = kMarkers[index % kMarkers.size()];
-  display.NCor = static_cast<std::int32_t>(index % kColours.size()) + 1;
+  display.marker = kMarkers[index % kMarkers.size()];
+  display.colour = static_cast<std::int32_t>(index % kColours.size()) + 1;
   return display;
 }
 
 std::optional<Message> RefuseBlock(const GridBlock& block, GridCell at) {
   const int rows = at.row + static_cast<int>(block.size());
-  if (rows > kMostPoints) return TooMany(kPointsNumber, Exceeds(rows, kMostPoints));
+  if (rows > kMostPoints) return TooMany(TextId::PointsNumber, Exceeds(rows, kMostPoints));
   int columns = 0;
   for (const std::vector<std::string>& row : block) columns = std::max(columns, FilledCells(row));
   const int room = kGridColumns - at.column;
   if (columns <= room) return std::nullopt;
-  return TooMany(kExperimentalData, Exceeds(columns, room) + " (" + HeadersFrom(at.column) + ")");
+  return TooMany(TextId::ExperimentalData,
+                 Exceeds(columns, room) + " (" + HeadersFrom(at.column) + ")");
 }
 
 Message RefuseFullLists() {
   constexpr int kMost = ExperimentLists::kMostPlaces;
-  return TooMany(kExperiments, Exceeds(kMost + 1, kMost));
+  return TooMany(TextId::Experiments, Exceeds(kMost + 1, kMost));
 }
 
-Message UnsavedQuestion(Language language) {
-  constexpr int kNotSaved = 320;
-  constexpr Bilingual kWriteAnyway = {
-      ". Its entries will not be in the file. Write the file without them?",
-      ". O que foi digitado não estará no arquivo. Gravar o arquivo assim mesmo?"};
-  return {{kNotSaved, std::string(kWriteAnyway.In(language))}, kNotSaved, Icon::Question};
+Message UnsavedQuestion() {
+  return {{TextId::ExperimentNotSaved, TextId::WriteWithoutEntries},
+          TextId::ExperimentNotSaved,
+          Icon::Question};
 }
 
 }  // namespace velmora

@@ -5,9 +5,9 @@
 #include <span>
 #include <string>
 
-#include "app/Message.h"
 #include "data/ExperimentLists.h"
 #include "data/GridText.h"
+#include "language/Message.h"
 
 namespace velmora {
 
@@ -29,7 +29,7 @@ struct EntryRead {
     EntryBox box;
     GridCell cell;  // for a cell
   };
-  Class1 experiment;
+  Experiment experiment;
   std::optional<Refusal> refusal;
 };
 
@@ -37,7 +37,7 @@ struct EntryRead {
 EntryRead ReadEntry(const ExperimentHeader& header, std::span<const GridRow> rows, char separator);
 
 /// The boxes that show an experiment.
-ExperimentHeader HeaderOf(const Class1& experiment, char separator);
+ExperimentHeader HeaderOf(const Experiment& experiment, char separator);
 
 /// The first number behind the largest in use, or the smallest free one where that is none; 0 where
 /// all are in use.
@@ -53,8 +53,8 @@ std::optional<Message> RefuseBlock(const GridBlock& block, GridCell at);
 /// The refusal of one experiment more than the lists can hold.
 Message RefuseFullLists();
 
-/// Asks, in `language`, whether a file is to be written although the entries of the experiment
+/// Asks whether a file is to be written although the entries of the experiment
 /// shown are not saved and so will not be in it.
-Message UnsavedQuestion(Language language);
+Message UnsavedQuestion();
 
 }  // namespace velmora

@@ -5,11 +5,11 @@
 #include <limits>
 #include <utility>
 
-#include "app/Numbers.h"
 #include "data/FieldReader.h"
 #include "data/FileText.h"
 #include "data/SafeSave.h"
 #include "data/Windows1252.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
@@ -21,25 +21,24 @@ constexpr Limits kPoints = {0, std::numeric_limits<std::int16_t>::max()};
 
 /// One experiment as the file holds it.
 struct Block {
-  Class1 experiment;
+  Experiment experiment;
   DisplayEntry display;
 };
 
 void ReadDisplay(FieldReader& in, DisplayEntry& display) {
-  display.NMarcador = in.Text(FileField::Marker);
-  display.NLinha = in.Whole<std::int16_t>(FileField::Line);
-  display.NCor = in.Whole<std::int32_t>(FileField::Colour);
+  display.marker = in.Text(FileField::Marker);
+  display.line = in.Whole<std::int16_t>(FileField::Line);
+  display.colour = in.Whole<std::int32_t>(FileField::Colour);
   const std::string_view visibility = in.Text(FileField::Visibility);
-  if (visibility == kVisible) display.NGrafVisivel = true;
-  if (visibility == kHidden) display.NGrafVisivel = false;
+  if (visibility == kVisible) display.visible = true;
+  if (visibility == kHidden) display.visible = false;
 }
 
 /// Appends point `k`, a line "|t|Cs|Cx|Cp|", to the experiment.
-void ReadPoint(FieldReader& in, int k, Class1& experiment) {
+void ReadPoint(FieldReader& in, int k, Experiment& experiment) {
   const std::string_view line = in.Text(FileField::Point, k);
   std::string_view cells = line.substr(LetterLength(line));
-  for (auto* values :
-       {&experiment.NVetTempo, &experiment.NVetCs, &experiment.NVetCx, &experiment.NVetCp}) {
+  for (auto* values : {&experiment.time, &experiment.Cs, &experiment.Cx, &experiment.Cp}) {
     const std::size_t bar = cells.find('|');
     if (bar == std::string_view::npos) return in.Fail(FileReason::MissingBar, line);
     values->push_back(in.NumberIn(cells.substr(0, bar)));
@@ -49,15 +48,14 @@ void ReadPoint(FieldReader& in, int k, Class1& experiment) {
 
 Block ReadBlock(FieldReader& in) {
   Block block;
-  Class1& experiment = block.experiment;
-  experiment.NExp = in.Marked<std::int16_t>('#', FileField::ExperimentNumber);
-  experiment.NComentarios = in.Text(FileField::Description);
-  experiment.NDados = in.Whole<std::int16_t>(FileField::PointCount, kPoints);
-  experiment.NTempoFinal = in.Number(FileField::FinalTime);
+  Experiment& experiment = block.experiment;
+  experiment.number = in.Marked<std::int16_t>('#', FileField::ExperimentNumber);
+  experiment.description = in.Text(FileField::Description);
+  const int points = in.Whole<std::int16_t>(FileField::PointCount, kPoints);
+  experiment.finalTime = in.Number(FileField::FinalTime);
   ReadDisplay(in, block.display);
-  for (int k = 1; k <= experiment.NDados && in.Good(); ++k) ReadPoint(in, k, experiment);
-  experiment.NVerificado = true;
-  block.display.NNumExpGraf = experiment.NExp;
+  for (int k = 1; k <= points && in.Good(); ++k) ReadPoint(in, k, experiment);
+  experiment.verified = true;
   return block;
 }
 
@@ -67,25 +65,25 @@ void AppendPoint(std::string& text, const std::array<double, 4>& values) {
   AppendLine(text, line);
 }
 
-void AppendBlock(std::string& text, const Class1& experiment, const DisplayEntry& display) {
-  AppendMarked(text, '#', experiment.NExp);
-  AppendLine(text, experiment.NComentarios);
-  AppendLine(text, PrintedText(experiment.NDados));
-  AppendLine(text, PrintedText(experiment.NTempoFinal));
-  AppendLine(text, display.NMarcador);
-  AppendLine(text, PrintedText(display.NLinha));
-  AppendLine(text, PrintedText(display.NCor));
-  AppendLine(text, display.NGrafVisivel ? kVisible : kHidden);
-  for (std::size_t k = 0; k < static_cast<std::size_t>(experiment.NDados); ++k)
-    AppendPoint(text, {experiment.NVetTempo.at(k), experiment.NVetCs.at(k), experiment.NVetCx.at(k),
-                       experiment.NVetCp.at(k)});
+void AppendBlock(std::string& text, const Experiment& experiment, const DisplayEntry& display) {
+  AppendMarked(text, '#', experiment.number);
+  AppendLine(text, experiment.description);
+  AppendLine(text, PrintedText(experiment.Points()));
+  AppendLine(text, PrintedText(experiment.finalTime));
+  AppendLine(text, display.marker);
+  AppendLine(text, PrintedText(display.line));
+  AppendLine(text, PrintedText(display.colour));
+  AppendLine(text, display.visible ? kVisible : kHidden);
+  for (std::size_t k = 0; k < experiment.time.size(); ++k)
+    AppendPoint(text, {experiment.time.at(k), experiment.Cs.at(k), experiment.Cx.at(k),
+                       experiment.Cp.at(k)});
 }
 
 std::optional<FileFault> RefuseTexts(const ExperimentLists& lists, const std::string& path) {
   for (int place = 1; place <= lists.Count(); ++place) {
-    const std::string& description = lists.Experiment(place).NComentarios;
+    const std::string& description = lists.At(place).description;
     if (auto fault = RefuseText(description, FileField::Description, place, path)) return fault;
-    const std::string& marker = lists.Display(place).NMarcador;
+    const std::string& marker = lists.Display(place).marker;
     if (auto fault = RefuseText(marker, FileField::Marker, place, path)) return fault;
   }
   return std::nullopt;
@@ -129,7 +127,7 @@ std::string ExperimentText(const ExperimentLists& lists) {
   AppendLine(text, kExperimentsTitle);
   AppendMarked(text, '$', lists.Count());
   for (int place = 1; place <= lists.Count(); ++place)
-    AppendBlock(text, lists.Experiment(place), lists.Display(place));
+    AppendBlock(text, lists.At(place), lists.Display(place));
   return text;
 }
 

@@ -15,7 +15,7 @@ std::ptrdiff_t IndexOf(int place) {
 
 }  // namespace
 
-const Class1& ExperimentLists::Experiment(int place) const {
+const Experiment& ExperimentLists::At(int place) const {
   return experiments_.at(static_cast<std::size_t>(IndexOf(place)));
 }
 
@@ -29,11 +29,11 @@ DisplayEntry& ExperimentLists::Display(int place) {
 
 int ExperimentLists::PlaceOf(std::int16_t number) const {
   const auto at = std::find_if(experiments_.begin(), experiments_.end(),
-                               [number](const Class1& e) { return e.NExp == number; });
+                               [number](const Experiment& e) { return e.number == number; });
   return at == experiments_.end() ? 0 : static_cast<int>(at - experiments_.begin()) + 1;
 }
 
-bool ExperimentLists::Append(Class1 experiment, DisplayEntry display) {
+bool ExperimentLists::Append(Experiment experiment, DisplayEntry display) {
   if (Count() >= kMostPlaces) return false;
   // The room for both is made first, so that neither list can grow without the other.
   if (experiments_.size() == experiments_.capacity())
@@ -43,14 +43,15 @@ bool ExperimentLists::Append(Class1 experiment, DisplayEntry display) {
   return true;
 }
 
-void ExperimentLists::Replace(int place, Class1 experiment, DisplayEntry display) {
+void ExperimentLists::Replace(int place, Experiment experiment, DisplayEntry display) {
   assert(place >= 1 && place <= Count());
   experiments_[static_cast<std::size_t>(IndexOf(place))] = std::move(experiment);
   displays_[static_cast<std::size_t>(IndexOf(place))] = std::move(display);
 }
 
 std::optional<Message> ExperimentLists::Delete(int place) {
-  if (place < 1 || place > Count()) return Message{{334}, 318, Icon::Information};
+  if (place < 1 || place > Count())
+    return Message{{TextId::CannotBeDeleted}, TextId::DeleteExperiment, Icon::Information};
   experiments_.erase(experiments_.begin() + IndexOf(place));
   displays_.erase(displays_.begin() + IndexOf(place));
   return std::nullopt;
@@ -61,17 +62,23 @@ void ExperimentLists::Clear() {
   displays_.clear();
 }
 
-SaveQuestions AskBeforeSaving(const ExperimentLists& lists, const Class1& experiment) {
+SaveQuestions AskBeforeSaving(const ExperimentLists& lists, const Experiment& experiment) {
   SaveQuestions questions{std::nullopt,
                           std::nullopt,
-                          {{310, " ", std::to_string(experiment.NExp)}, 309, Icon::Question}};
-  if (lists.PlaceOf(experiment.NExp) != 0) questions.replace = Message{{315}, 319, Icon::Question};
-  if (experiment.NDados == 0) questions.refusal = Message{{316}, 321, Icon::Information};
+                          {{TextId::ConfirmData, " ", std::to_string(experiment.number)},
+                           TextId::Confirmation,
+                           Icon::Question}};
+  if (lists.PlaceOf(experiment.number) != 0)
+    questions.replace =
+        Message{{TextId::AskToChangeExperiment}, TextId::ExperimentAlreadyAdded, Icon::Question};
+  if (experiment.Points() == 0)
+    questions.refusal =
+        Message{{TextId::CannotSaveEmpty}, TextId::ExperimentEmpty, Icon::Information};
   return questions;
 }
 
-bool SaveExperiment(ExperimentLists& lists, Class1 experiment, DisplayEntry display) {
-  if (const int place = lists.PlaceOf(experiment.NExp); place != 0) {
+bool SaveExperiment(ExperimentLists& lists, Experiment experiment, DisplayEntry display) {
+  if (const int place = lists.PlaceOf(experiment.number); place != 0) {
     lists.Replace(place, std::move(experiment), std::move(display));
     return true;
   }
@@ -80,7 +87,7 @@ bool SaveExperiment(ExperimentLists& lists, Class1 experiment, DisplayEntry disp
 
 std::optional<Message> RefuseEmptyLists(const ExperimentLists& lists) {
   if (!lists.Empty()) return std::nullopt;
-  return Message{{328}, 307, Icon::Information};
+  return Attention({TextId::NoExperimentSaved});
 }
 
 }  // namespace velmora

@@ -4,8 +4,8 @@
 #include <optional>
 #include <vector>
 
-#include "app/Message.h"
-#include "data/Class1.h"
+#include "data/Experiment.h"
+#include "language/Message.h"
 
 namespace velmora {
 
@@ -20,25 +20,25 @@ class ExperimentLists {
   bool Empty() const { return experiments_.empty(); }
 
   /// The records at `place`, 1..Count().
-  const Class1& Experiment(int place) const;
+  const Experiment& At(int place) const;
   const DisplayEntry& Display(int place) const;
   DisplayEntry& Display(int place);
-  const std::vector<Class1>& Experiments() const { return experiments_; }
+  const std::vector<Experiment>& Experiments() const { return experiments_; }
 
   /// The place of the experiment with this number, or 0.
   int PlaceOf(std::int16_t number) const;
 
   /// Appends to both lists. False, with nothing changed, where the lists are full.
-  bool Append(Class1 experiment, DisplayEntry display);
+  bool Append(Experiment experiment, DisplayEntry display);
   /// Overwrites both entries at `place`, 1..Count().
-  void Replace(int place, Class1 experiment, DisplayEntry display);
+  void Replace(int place, Experiment experiment, DisplayEntry display);
   /// Removes entry `place` from both lists. For a place that is none: the refusal to show, nothing
   /// changed.
   std::optional<Message> Delete(int place);
   void Clear();
 
  private:
-  std::vector<Class1> experiments_;
+  std::vector<Experiment> experiments_;
   std::vector<DisplayEntry> displays_;
 };
 
@@ -50,10 +50,10 @@ struct SaveQuestions {
 };
 
 /// The questions of saving `experiment`, in their order: replace, refusal, confirm.
-SaveQuestions AskBeforeSaving(const ExperimentLists& lists, const Class1& experiment);
+SaveQuestions AskBeforeSaving(const ExperimentLists& lists, const Experiment& experiment);
 
 /// Appends the experiment, or overwrites the one with its number. False where the lists are full.
-bool SaveExperiment(ExperimentLists& lists, Class1 experiment, DisplayEntry display);
+bool SaveExperiment(ExperimentLists& lists, Experiment experiment, DisplayEntry display);
 
 /// The refusal of writing a file from empty lists.
 std::optional<Message> RefuseEmptyLists(const ExperimentLists& lists);

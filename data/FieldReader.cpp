@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/Numbers.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 

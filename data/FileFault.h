@@ -1,11 +1,14 @@
-// Why a file could not be read or written, as a value.
+// Why a file could not be read or written, as a value and in words.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
+#include "language/Texts.h"
+
 namespace velmora {
 
+/// `TextId` words the reasons and the fields in the same order.
 enum class FileReason : std::uint8_t {
   CannotOpen,          // detail: the system's reason
   NotARegularFile,     // a directory, a device, a pipe
@@ -58,5 +61,11 @@ struct FileFault {
 
   friend bool operator==(const FileFault&, const FileFault&) = default;
 };
+
+/// The field and the reason, with what to do, on one line of UTF-8.
+std::string FaultReason(const FileFault& fault, Language language);
+
+/// The file's path, and on a line below it the line, the field and the reason.
+std::string FaultDetail(const FileFault& fault, Language language);
 
 }  // namespace velmora

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "app/Numbers.h"
 #include "data/SafeSave.h"
 #include "data/Windows1252.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {

@@ -4,7 +4,7 @@
 #include <cassert>
 #include <utility>
 
-#include "app/Numbers.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
@@ -69,9 +69,8 @@ GridPoints ReadPoints(std::span<const GridRow> rows) {
   while (!rows.empty() && IsEmpty(rows.back())) rows = rows.first(rows.size() - 1);
   assert(rows.size() <= static_cast<std::size_t>(kMostPoints));
   GridPoints read;
-  Class1& points = read.points;
-  points.NDados = static_cast<std::int16_t>(rows.size());
-  const std::array columns = {&points.NVetTempo, &points.NVetCs, &points.NVetCx, &points.NVetCp};
+  Experiment& points = read.points;
+  const std::array columns = {&points.time, &points.Cs, &points.Cx, &points.Cp};
   for (std::vector<double>* column : columns) column->reserve(rows.size());
   for (std::size_t row = 0; row < rows.size(); ++row) {
     for (std::size_t column = 0; column < columns.size(); ++column) {
@@ -86,13 +85,12 @@ GridPoints ReadPoints(std::span<const GridRow> rows) {
   return read;
 }
 
-std::vector<GridRow> RowsOf(const Class1& experiment, char separator) {
-  std::vector<GridRow> rows(static_cast<std::size_t>(experiment.NDados));
+std::vector<GridRow> RowsOf(const Experiment& experiment, char separator) {
+  std::vector<GridRow> rows(experiment.time.size());
   for (std::size_t k = 0; k < rows.size(); ++k)
-    rows[k] = {PlainText(experiment.NVetTempo.at(k), separator),
-               PlainText(experiment.NVetCs.at(k), separator),
-               PlainText(experiment.NVetCx.at(k), separator),
-               PlainText(experiment.NVetCp.at(k), separator)};
+    rows[k] = {PlainText(experiment.time.at(k), separator),
+               PlainText(experiment.Cs.at(k), separator), PlainText(experiment.Cx.at(k), separator),
+               PlainText(experiment.Cp.at(k), separator)};
   return rows;
 }
 

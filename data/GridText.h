@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "data/Class1.h"
+#include "data/Experiment.h"
 
 namespace velmora {
 
@@ -44,7 +44,7 @@ bool IsEmpty(const GridRow& row);
 
 /// The points that the rows state, or the first cell, row by row, that is no number.
 struct GridPoints {
-  Class1 points;  // NDados and the four arrays; with a bad cell the arrays are cut short
+  Experiment points;  // the four arrays alone; with a bad cell they are cut short
   std::optional<GridCell> badCell;
 };
 
@@ -53,6 +53,6 @@ struct GridPoints {
 GridPoints ReadPoints(std::span<const GridRow> rows);
 
 /// The rows that show an experiment's points, with the locale's `separator`.
-std::vector<GridRow> RowsOf(const Class1& experiment, char separator);
+std::vector<GridRow> RowsOf(const Experiment& experiment, char separator);
 
 }  // namespace velmora

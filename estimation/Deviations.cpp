@@ -156,7 +156,9 @@ Deviations ComputeDeviations(Objective& objective, std::span<const double> best)
 }
 
 Message InversionMessage() {
-  return {{"                Overflow!", "\n", "\n", 360}, "ERRO 8002!", Icon::Critical};
+  return {{"                Overflow!", "\n", "\n", TextId::ChangeParameters},
+          "ERRO 8002!",
+          Icon::Critical};
 }
 
 }  // namespace velmora

@@ -5,8 +5,8 @@
 #include <span>
 #include <vector>
 
-#include "app/Message.h"
 #include "estimation/Objective.h"
+#include "language/Message.h"
 
 namespace velmora {
 

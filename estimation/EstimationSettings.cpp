@@ -3,7 +3,7 @@
 #include <array>
 #include <limits>
 
-#include "app/Numbers.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
@@ -31,7 +31,7 @@ CheckedSettings CheckSettings(const TypedSettings& typed) {
   for (std::size_t i = 0; i < kChecks.size(); ++i) {
     const std::optional<double>& value = typed.*kChecks[i].typed;
     if (value && *value >= kChecks[i].least && *value <= kChecks[i].most) continue;
-    checked.refusal = Message{{350}, 307, Icon::Critical};
+    checked.refusal = Attention({TextId::OutOfBounds}, Icon::Critical);
     checked.failed = static_cast<int>(i) + 1;
     return checked;
   }

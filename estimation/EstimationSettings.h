@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "app/Message.h"
+#include "language/Message.h"
 
 namespace velmora {
 

@@ -214,7 +214,7 @@ std::optional<Message> RefuseBounds(std::span<const FitVariable> variables) {
     return std::isfinite(v.lower) && std::isfinite(v.upper) && v.lower < v.upper;
   });
   if (ordered) return std::nullopt;
-  return Message{{359}, 307, Icon::Information};
+  return Attention({TextId::CheckBounds});
 }
 
 SearchResult Search(Objective& objective, std::span<const FitVariable> variables,

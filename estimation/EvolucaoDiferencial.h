@@ -6,9 +6,9 @@
 #include <span>
 #include <vector>
 
-#include "app/Message.h"
 #include "estimation/EstimationSettings.h"
 #include "estimation/Objective.h"
+#include "language/Message.h"
 
 namespace velmora {
 

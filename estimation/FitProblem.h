@@ -5,7 +5,7 @@
 #include <span>
 #include <vector>
 
-#include "data/Class1.h"
+#include "data/Experiment.h"
 #include "kinetics/KineticParameters.h"
 
 namespace velmora {
@@ -22,7 +22,7 @@ struct FitVariable {
 /// Measured experiments, the parameter vector of each, and the fitted parameters in table order.
 /// `rows` is as long as `experiments`, at most 9; `variables` holds 1 to 10.
 struct FitProblem {
-  std::vector<Class1> experiments;
+  std::vector<Experiment> experiments;
   std::vector<KineticParameters> rows;
   std::vector<FitVariable> variables;
 };

@@ -62,16 +62,16 @@ double Objective::Scale(std::span<const double> values) {
 Objective::Objective(const FitProblem& problem) : variables_(problem.variables) {
   experiments_.resize(problem.experiments.size());
   for (std::size_t e = 0; e < experiments_.size(); ++e) {
-    const Class1& record = problem.experiments[e];
-    Experiment& experiment = experiments_[e];
-    experiment.time = record.NVetTempo;
-    experiment.measured = {record.NVetCx, record.NVetCs, record.NVetCp};
-    experiment.scale.Cx = Scale(record.NVetCx);
-    experiment.scale.Cs = Scale(record.NVetCs);
-    experiment.scale.Cp = Scale(record.NVetCp);
-    experiment.normalised = {Divided(record.NVetCx, experiment.scale.Cx),
-                             Divided(record.NVetCs, experiment.scale.Cs),
-                             Divided(record.NVetCp, experiment.scale.Cp)};
+    const Experiment& record = problem.experiments[e];
+    Scored& experiment = experiments_[e];
+    experiment.time = record.time;
+    experiment.measured = {record.Cx, record.Cs, record.Cp};
+    experiment.scale.Cx = Scale(record.Cx);
+    experiment.scale.Cs = Scale(record.Cs);
+    experiment.scale.Cp = Scale(record.Cp);
+    experiment.normalised = {Divided(record.Cx, experiment.scale.Cx),
+                             Divided(record.Cs, experiment.scale.Cs),
+                             Divided(record.Cp, experiment.scale.Cp)};
     experiment.parameters = problem.rows.at(e);
     experiment.simulated = SeriesOf(experiment.time.size());
     experiment.simulatedNormalised = experiment.simulated;
@@ -86,7 +86,7 @@ ModelCurves Objective::Curves() const {
 
 int Objective::Observations() const {
   std::size_t values = 0;
-  for (const Experiment& experiment : experiments_) values += 3 * experiment.time.size();
+  for (const Scored& experiment : experiments_) values += 3 * experiment.time.size();
   return static_cast<int>(values);
 }
 
@@ -123,7 +123,7 @@ double Objective::Simulate(std::span<const double> x) {
   return error_;
 }
 
-void Objective::ExperimentError(std::span<const double> x, Experiment& experiment) {
+void Objective::ExperimentError(std::span<const double> x, Scored& experiment) {
   for (std::size_t i = 0; i < x.size(); ++i) experiment.parameters[variables_[i].position] = x[i];
   integrator_.Integrate(experiment.parameters, experiment.curve);
   InterpolateModelAtMeasurements(experiment);
@@ -143,7 +143,7 @@ void Objective::ExperimentError(std::span<const double> x, Experiment& experimen
   }
 }
 
-void Objective::InterpolateModelAtMeasurements(Experiment& experiment) {
+void Objective::InterpolateModelAtMeasurements(Scored& experiment) {
   const ModelCurve::Series& grid = experiment.curve.time;
   const std::size_t last = grid.size() - 1;
   std::size_t upper = 1;

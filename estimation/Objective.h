@@ -21,7 +21,7 @@ struct PerVariable {
   Value Cp{};
 };
 
-/// Values at the measured points of one experiment; each series holds `NDados` values.
+/// Values at the measured points of one experiment; each series holds one value for each point.
 using MeasuredSeries = PerVariable<std::vector<double>>;
 
 /// Scores candidates against all experiments at once. All room is taken when the object is made; a
@@ -67,7 +67,7 @@ class Objective {
   int Observations() const;
 
  private:
-  struct Experiment {
+  struct Scored {
     std::vector<double> time;
     MeasuredSeries measured;
     MeasuredSeries normalised;
@@ -79,16 +79,14 @@ class Objective {
     PerVariable<double> share;
   };
 
-  const Experiment& At(int place) const {
-    return experiments_.at(static_cast<std::size_t>(place - 1));
-  }
+  const Scored& At(int place) const { return experiments_.at(static_cast<std::size_t>(place - 1)); }
   double Scale(std::span<const double> values);
   void RepairBounds(std::span<double> x, UniformGenerator& random) const;
   /// Simulates one experiment and adds its squared errors to the accumulator.
-  void ExperimentError(std::span<const double> x, Experiment& experiment);
-  static void InterpolateModelAtMeasurements(Experiment& experiment);
+  void ExperimentError(std::span<const double> x, Scored& experiment);
+  static void InterpolateModelAtMeasurements(Scored& experiment);
 
-  std::vector<Experiment> experiments_;
+  std::vector<Scored> experiments_;
   std::vector<FitVariable> variables_;
   Runge_Kutta integrator_;
   double error_ = 0;  // accumulates the squared errors of one score

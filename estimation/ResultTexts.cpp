@@ -1,7 +1,7 @@
 #include "estimation/ResultTexts.h"
 
-#include "app/Numbers.h"
 #include "kinetics/Modelos.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
@@ -14,7 +14,7 @@ std::string Line(std::string_view text) {
 }
 
 /// A text of the table followed by a value; the table ends some of these texts in a blank.
-std::string ValueLine(int id, double value, TextStyle style) {
+std::string ValueLine(TextId id, double value, TextStyle style) {
   std::string line(Text(id, style.language));
   if (!line.ends_with(' ')) line += ' ';
   return Line(line + PlainText(value, style.separator));
@@ -28,13 +28,15 @@ std::string ParameterLine(const FitVariable& variable, double value, TextStyle s
 }
 
 std::string ErrorLines(double sum, int observations, TextStyle style) {
-  return ValueLine(501, sum, style) + ValueLine(502, SquareError(sum, observations), style);
+  return ValueLine(TextId::SumOfSquaredErrors, sum, style) +
+         ValueLine(TextId::SquareError, SquareError(sum, observations), style);
 }
 
 std::string EndLines(SearchEnd end, Language language) {
-  if (end == SearchEnd::Converged) return Line(Text(503, language));
-  if (end == SearchEnd::Stopped) return Line(Text(362, language));
-  return Line(Text(504, language)) + Line(Text(505, language));
+  if (end == SearchEnd::Converged) return Line(Text(TextId::EndOfEstimation, language));
+  if (end == SearchEnd::Stopped) return Line(Text(TextId::NotCompleted, language));
+  return Line(Text(TextId::DidNotConverge, language)) +
+         Line(Text(TextId::DidNotConvergeAdvice, language));
 }
 
 }  // namespace
@@ -53,7 +55,8 @@ std::string ParameterLines(std::span<const FitVariable> variables, std::span<con
 
 std::string ProgressText(std::span<const FitVariable> variables, const Generation& generation,
                          TextStyle style) {
-  return Line(Text(500, style.language)) + ParameterLines(variables, generation.best, style) +
+  return Line(Text(TextId::EstimatedHeading, style.language)) +
+         ParameterLines(variables, generation.best, style) +
          ErrorLines(generation.score, generation.objective.Observations(), style) +
          Line(std::string(kFunctionCalls) + std::to_string(generation.functionCalls)) +
          Line(kSeparatorLine);
@@ -62,7 +65,8 @@ std::string ProgressText(std::span<const FitVariable> variables, const Generatio
 std::string FinalText(std::span<const FitVariable> variables, const SearchResult& result,
                       const Deviations& deviations, TextStyle style) {
   const bool known = !deviations.fault;
-  std::string text = Line(Text(known ? 516 : 500, style.language));
+  std::string text =
+      Line(Text(known ? TextId::EstimatedWithDeviation : TextId::EstimatedHeading, style.language));
   for (std::size_t j = 0; j < variables.size(); ++j) {
     std::string line = ParameterLine(variables[j], result.best[j], style);
     if (known)

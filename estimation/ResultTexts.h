@@ -5,9 +5,9 @@
 #include <string>
 #include <string_view>
 
-#include "app/Texts.h"
 #include "estimation/Deviations.h"
 #include "estimation/EvolucaoDiferencial.h"
+#include "language/Texts.h"
 
 namespace velmora {
 

@@ -6,13 +6,13 @@
 #include <deque>
 #include <stdexcept>
 
-#include "app/MDIForm1.h"
-#include "app/frmSobre.h"
-#include "app/frmSplash.h"
-#include "charts/dlgIntervalos.h"
-#include "charts/dlgTituloGrafico.h"
-#include "charts/frmZoom.h"
-#include "estimation/frmParametros.h"
+#include "app/charts/dlgIntervalos.h"
+#include "app/charts/dlgTituloGrafico.h"
+#include "app/charts/frmZoom.h"
+#include "app/settings/frmParametros.h"
+#include "app/shell/MDIForm1.h"
+#include "app/shell/frmSobre.h"
+#include "app/shell/frmSplash.h"
 
 namespace velmora {
 namespace {

@@ -5,7 +5,7 @@
 #include <QMap>
 #include <QString>
 
-#include "app/Texts.h"
+#include "language/Texts.h"
 
 namespace velmora {
 

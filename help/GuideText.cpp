@@ -28,11 +28,11 @@ std::string ModelRows() {
 }
 
 std::string TextFor(std::string_view id, Language language) {
-  int number = 0;
+  std::int16_t number = 0;
   const auto [end, error] = std::from_chars(id.data(), id.data() + id.size(), number);
-  if (error != std::errc{} || end != id.data() + id.size() || !HasText(number))
+  if (error != std::errc{} || end != id.data() + id.size() || !HasText(TextId{number}))
     throw std::runtime_error("there is no text " + std::string(id));
-  return Escaped(Text(number, language));
+  return Escaped(Text(TextId{number}, language));
 }
 
 std::string Replacement(std::string_view placeholder, Language language) {

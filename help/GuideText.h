@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "app/Texts.h"
+#include "language/Texts.h"
 
 namespace velmora {
 

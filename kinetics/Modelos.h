@@ -99,6 +99,25 @@ void SetModelSwitches(const Model& model, ConditionsRow& row);
 /// catalogue order. Monod is among the answers for a Moser row with u = 1.
 std::vector<const Model*> ModelsOf(const KineticParameters& parameters, std::span<const At> fitted);
 
+/// The unit of the fittable parameter at `position`, UTF-8; empty for an exponent. Ks is a ratio of
+/// substrate to cells in the Contois term, Kip an inverse concentration in the Aiba term.
+constexpr std::string_view UnitOf(At position, const Model& model) {
+  switch (position) {
+    case At::muMax:
+      return "1/h";
+    case At::Ks:
+      return model.substrate == SubstrateTerm::Contois ? "g/g" : "g/L";
+    case At::Kip:
+      return model.product == ProductTerm::Aiba ? "L/g" : "g/L";
+    case At::Kis:
+    case At::CpAst:
+    case At::CxAst:
+      return "g/L";
+    default:
+      return "";
+  }
+}
+
 /// The model's specific growth rate on one line, UTF-8: "µ = µmax·Cs/(Cs + Ks)·Kip/(Kip + Cp)".
 std::string Equation(const Model& model);
 

@@ -10,7 +10,7 @@
 #include <QSignalSpy>
 #include <QTest>
 
-#include "app/NumberEntry.h"
+#include "app/widgets/NumberEntry.h"
 
 namespace velmora {
 namespace {

@@ -15,14 +15,13 @@
 #include <QTest>
 #include <QTimer>
 
-#include "app/Caption.h"
-#include "app/HelpDocument.h"
-#include "app/Idiomas.h"
-#include "app/MDIForm1.h"
-#include "app/frmSplash.h"
-#include "cultivation/frmCultBatelada.h"
+#include "app/cultivation/frmCultBatelada.h"
+#include "app/experiments/frmMsFlexGrid.h"
+#include "app/shell/HelpDocument.h"
+#include "app/shell/MDIForm1.h"
+#include "app/shell/frmSplash.h"
+#include "app/widgets/Idiomas.h"
 #include "data/ExperimentFile.h"
-#include "data/frmMsFlexGrid.h"
 #include "tests/data/FileTesting.h"
 #include "tests/support/ScriptedDialogs.h"
 
@@ -49,8 +48,8 @@ class Shell : public testing::Test {
     EXPECT_TRUE(Child<QPushButton>(start, "cmdOk")->hasFocus());
     if (language == Language::English)
       QTest::keyClick(Child<QWidget>(start, "optIdioma(0)"), Qt::Key_Space);
-    EXPECT_EQ(Child<QLabel>(start, "lblversao")->text(), Caption(515, language));
-    EXPECT_EQ(Child<QPushButton>(start, "cmdOk")->text(), Caption(417, language));
+    EXPECT_EQ(Child<QLabel>(start, "lblversao")->text(), Caption(TextId::Version, language));
+    EXPECT_EQ(Child<QPushButton>(start, "cmdOk")->text(), Caption(TextId::Start, language));
     QTest::keyClick(start.focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(start.isVisible());
     ASSERT_NE(frame, nullptr);
@@ -71,8 +70,7 @@ class Shell : public testing::Test {
   void Open(int count) {
     ExperimentLists lists;
     for (int i = 1; i <= count; ++i)
-      lists.Append({static_cast<std::int16_t>(i), 2, "", {1, 2}, {9, 3}, {0, 1}, {0, 5}, 5, true},
-                   {"CircCheio", 1, 1, true, static_cast<std::int16_t>(i)});
+      lists.Append({static_cast<std::int16_t>(i), "", {0, 5}, {1, 2}, {9, 3}, {0, 1}, 5, true}, {});
     const std::string path = folder / "some.abr";
     ASSERT_FALSE(WriteExperiments(lists, path));
     dialogs.files.push_back(QString::fromStdString(path));
@@ -91,7 +89,7 @@ enum State { Enabled, Disabled, Hidden, Unchecked, Checked };
 struct Item {
   const char* name;
   const char* parent;
-  int caption;  // 0: the fixed text
+  std::int16_t caption;  // 0: the fixed text
   const char* fixedText;
   State state;
   const char* shortcut;
@@ -150,7 +148,7 @@ TEST_F(Shell, StartsWithTheMenusOfTheTableInBothLanguages) {
       const QWidget* const menu = *item.parent == '\0' ? static_cast<QWidget*>(frame->menuBar())
                                                        : Child<QMenu>(*frame, item.parent);
       EXPECT_TRUE(menu->actions().contains(&action)) << item.name;
-      EXPECT_EQ(action.text(), item.caption != 0 ? Caption(item.caption, Language::English)
+      EXPECT_EQ(action.text(), item.caption != 0 ? Caption(TextId{item.caption}, Language::English)
                                                  : QString::fromUtf8(item.fixedText));
       EXPECT_EQ(action.isVisible(), item.state != Hidden) << item.name;
       EXPECT_EQ(action.isEnabled(), item.state != Disabled && item.state != Hidden) << item.name;
@@ -162,7 +160,7 @@ TEST_F(Shell, StartsWithTheMenusOfTheTableInBothLanguages) {
     Press(Qt::Key_P);
     for (const auto& item : kMenus) {
       if (item.caption == 0) continue;
-      EXPECT_EQ(Item(item.name).text(), Caption(item.caption, Language::Portuguese));
+      EXPECT_EQ(Item(item.name).text(), Caption(TextId{item.caption}, Language::Portuguese));
     }
   }
 }
@@ -226,14 +224,15 @@ TEST_F(Shell, RecaptionsEveryOpenWindowAtOnce) {
   Item("mnuSobre").trigger();
   for (const Language language : kLanguages) {
     Item(language == Language::English ? "mnuIngles" : "mnuPort").trigger();
-    const std::pair<const char*, int> titles[] = {{"frmParametros", 176},
-                                                  {"frmSobre", 187},
-                                                  {"frmMsFlexGrid", 149},
-                                                  {"frmCultBatelada", 128}};
+    const std::pair<const char*, std::int16_t> titles[] = {{"frmParametros", 176},
+                                                           {"frmSobre", 187},
+                                                           {"frmMsFlexGrid", 149},
+                                                           {"frmCultBatelada", 128}};
     for (const auto& [window, title] : titles)
-      EXPECT_EQ(Child<QWidget>(*frame, window)->windowTitle(), Caption(title, language)) << window;
-    EXPECT_EQ(Child<QLabel>(*frame, "lblTamPop")->text(), Caption(188, language));
-    EXPECT_EQ(Child<QLabel>(*frame, "lblAreaEstudo")->text(), Caption(109, language));
+      EXPECT_EQ(Child<QWidget>(*frame, window)->windowTitle(), Caption(TextId{title}, language))
+          << window;
+    EXPECT_EQ(Child<QLabel>(*frame, "lblTamPop")->text(), Caption(TextId{188}, language));
+    EXPECT_EQ(Child<QLabel>(*frame, "lblAreaEstudo")->text(), Caption(TextId{109}, language));
   }
 }
 
@@ -345,7 +344,7 @@ TEST_F(Shell, AsksBeforeItEnds) {
   EXPECT_FALSE(frame->close());
   EXPECT_TRUE(frame->isVisible());
   EXPECT_EQ(dialogs.shown.back(),
-            (std::pair{Message{{356}, "Velmora", Icon::Question}, Buttons::YesNo}));
+            (std::pair{Message{{TextId::AskToQuit}, "Velmora", Icon::Question}, Buttons::YesNo}));
   Press(Qt::Key_S);
   EXPECT_FALSE(frame->isVisible());
   EXPECT_EQ(dialogs.shown.size(), 3U);
@@ -366,7 +365,7 @@ TEST(Dialogs, WordTheirButtonsAndTakeEscapeAsTheCautiousAnswer) {
       EXPECT_EQ(box->button(QMessageBox::Yes)->text(), QStringLiteral("Sim"));
       QTest::keyClick(box, key);
     });
-    const Message question{{361, " <b>"}, 307, Icon::Question};
+    const Message question{{TextId::AskToStop, " <b>"}, TextId::Attention, Icon::Question};
     EXPECT_EQ(dialogs.Show(nullptr, question, Buttons::YesNo, QStringLiteral("line 3")), answer);
   }
 }

@@ -10,16 +10,15 @@ namespace velmora {
 namespace {
 
 ExperimentLists Points(std::vector<PlotPoint> points, bool visible = true) {
-  Class1 experiment;
-  experiment.NDados = static_cast<std::int16_t>(points.size());
+  Experiment experiment;
   for (const PlotPoint& point : points) {
-    experiment.NVetTempo.push_back(point.x);
-    experiment.NVetCs.push_back(point.y);
-    experiment.NVetCx.push_back(point.y / 10);
-    experiment.NVetCp.push_back(0);
+    experiment.time.push_back(point.x);
+    experiment.Cs.push_back(point.y);
+    experiment.Cx.push_back(point.y / 10);
+    experiment.Cp.push_back(0);
   }
   DisplayEntry display;
-  display.NGrafVisivel = visible;
+  display.visible = visible;
   ExperimentLists lists;
   lists.Append(experiment, display);
   return lists;

@@ -47,48 +47,58 @@ TEST_P(Saving, IsRefusedAndStoresNothing) {
   const Saved saved = SalvarCondCult(form, c.place, 1, '.', conditions);
   ASSERT_TRUE(saved.refusal);
   EXPECT_EQ(saved.refusal->message.pieces.front(), c.text);
-  EXPECT_EQ(saved.refusal->message.title, Piece(307));
+  EXPECT_EQ(saved.refusal->message.title, Piece(TextId::Attention));
   EXPECT_EQ(conditions, CultivationConditions{});
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Conditions, Saving,
-    testing::Values(
-        RefusalCase{"NothingSelectedComesFirst", 0, [](CultivationForm& f) { f = {}; }, 353},
-        RefusalCase{"BoundOfZero", 1,
-                    [](CultivationForm& f) {
-                      f.fit[1].lower = "0";
-                      f.method = Method::None;
-                    },
-                    348},
-        RefusalCase{"EmptyBound", 1, [](CultivationForm& f) { f.fit[1].upper = ""; }, 348},
-        RefusalCase{"ValueOutsideItsBounds", 1, [](CultivationForm& f) { f.fit[1].upper = "9.9"; },
-                    304},
-        RefusalCase{"NoMethod", 1,
-                    [](CultivationForm& f) {
-                      f.method = Method::None;
-                      f.production = Production::None;
-                    },
-                    335},
-        RefusalCase{"NoProduction", 1,
-                    [](CultivationForm& f) {
-                      f.production = Production::None;
-                      f.modelConfirmed = false;
-                    },
-                    301},
-        RefusalCase{"ModelNotConfirmed", 1,
-                    [](CultivationForm& f) {
-                      f.modelConfirmed = false;
-                      f.fit = {};
-                    },
-                    347},
-        RefusalCase{"NothingFitted", 1, [](CultivationForm& f) { f.fit = {}; }, 354},
-        RefusalCase{"NoCells", 1, [](CultivationForm& f) { f.At(At::Cx0) = ""; }, 339},
-        RefusalCase{"NoSubstrate", 1, [](CultivationForm& f) { f.At(At::Cs0) = "0"; }, 338},
-        RefusalCase{"NoTime", 1, [](CultivationForm& f) { f.At(At::T) = "."; }, 340},
-        RefusalCase{"NoCellYield", 1, [](CultivationForm& f) { f.At(At::Yxs) = "0"; }, 342},
-        RefusalCase{"NoProductYield", 1, [](CultivationForm& f) { f.At(At::YpsTyped) = "0"; }, 341},
-        RefusalCase{"NotANumber", 1, [](CultivationForm& f) { f.At(At::ms) = "1,5"; }, 350}));
+    testing::Values(RefusalCase{"NothingSelectedComesFirst", 0, [](CultivationForm& f) { f = {}; },
+                                TextId::NoExperimentSelected},
+                    RefusalCase{"BoundOfZero", 1,
+                                [](CultivationForm& f) {
+                                  f.fit[1].lower = "0";
+                                  f.method = Method::None;
+                                },
+                                TextId::PossibleErrors},
+                    RefusalCase{"EmptyBound", 1, [](CultivationForm& f) { f.fit[1].upper = ""; },
+                                TextId::PossibleErrors},
+                    RefusalCase{"ValueOutsideItsBounds", 1,
+                                [](CultivationForm& f) { f.fit[1].upper = "9.9"; },
+                                TextId::FitEntryOutOfBounds},
+                    RefusalCase{"NoMethod", 1,
+                                [](CultivationForm& f) {
+                                  f.method = Method::None;
+                                  f.production = Production::None;
+                                },
+                                TextId::NoMethod},
+                    RefusalCase{"NoProduction", 1,
+                                [](CultivationForm& f) {
+                                  f.production = Production::None;
+                                  f.modelConfirmed = false;
+                                },
+                                TextId::NoProduction},
+                    RefusalCase{"ModelNotConfirmed", 1,
+                                [](CultivationForm& f) {
+                                  f.modelConfirmed = false;
+                                  f.fit = {};
+                                },
+                                TextId::ConfirmModel},
+                    RefusalCase{"NothingFitted", 1, [](CultivationForm& f) { f.fit = {}; },
+                                TextId::NothingFitted},
+                    RefusalCase{"NoCells", 1, [](CultivationForm& f) { f.At(At::Cx0) = ""; },
+                                TextId::Cx0NotPositive},
+                    RefusalCase{"NoSubstrate", 1, [](CultivationForm& f) { f.At(At::Cs0) = "0"; },
+                                TextId::Cs0NotPositive},
+                    RefusalCase{"NoTime", 1, [](CultivationForm& f) { f.At(At::T) = "."; },
+                                TextId::TimeNotPositive},
+                    RefusalCase{"NoCellYield", 1, [](CultivationForm& f) { f.At(At::Yxs) = "0"; },
+                                TextId::YxsNotPositive},
+                    RefusalCase{"NoProductYield", 1,
+                                [](CultivationForm& f) { f.At(At::YpsTyped) = "0"; },
+                                TextId::YpsNotPositive},
+                    RefusalCase{"NotANumber", 1, [](CultivationForm& f) { f.At(At::ms) = "1,5"; },
+                                TextId::OutOfBounds}));
 
 TEST(Conditions, DecideAlfaAndYields) {
   CultivationConditions conditions;
@@ -163,13 +173,14 @@ TEST(Fit, NeedsAParameter) {
 
 TEST(Run, IsRefusedInOrder) {
   CultivationConditions conditions;
-  EXPECT_EQ(RefuseRun(0, conditions)->pieces.front(), Piece(352));
+  EXPECT_EQ(RefuseRun(0, conditions)->pieces.front(), Piece(TextId::NoExperiment));
   CultivationForm form = Filled();
   ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
-  EXPECT_EQ(RefuseRun(2, conditions)->pieces.front(), Piece(337));
+  EXPECT_EQ(RefuseRun(2, conditions)->pieces.front(), Piece(TextId::CountsDiffer));
   form.production = Production::PPAC;
   ASSERT_FALSE(SalvarCondCult(form, 2, 2, '.', conditions).refusal);
-  EXPECT_EQ(RefuseRun(2, conditions)->pieces, (std::vector<Piece>{305, "\n", 300}));
+  EXPECT_EQ(RefuseRun(2, conditions)->pieces,
+            (std::vector<Piece>{TextId::OptionsDiffer, "\n", TextId::OptionsFootnote}));
   ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
   EXPECT_FALSE(RefuseRun(2, conditions));
 }

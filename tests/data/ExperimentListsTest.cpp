@@ -5,19 +5,17 @@
 namespace velmora {
 namespace {
 
-Class1 Numbered(std::int16_t number) {
-  Class1 experiment;
-  experiment.NExp = number;
-  experiment.NDados = 1;
-  for (auto* series :
-       {&experiment.NVetTempo, &experiment.NVetCx, &experiment.NVetCs, &experiment.NVetCp})
+Experiment Numbered(std::int16_t number) {
+  Experiment experiment;
+  experiment.number = number;
+  for (auto* series : {&experiment.time, &experiment.Cx, &experiment.Cs, &experiment.Cp})
     series->push_back(number);
   return experiment;
 }
 
 DisplayEntry Coloured(std::int32_t colour) {
   DisplayEntry display;
-  display.NCor = colour;
+  display.colour = colour;
   return display;
 }
 
@@ -31,8 +29,8 @@ TEST(ExperimentLists, DeleteByPlaceAndKeepNumbersAndDisplaysTogether) {
   ExperimentLists lists = Lists({5, 2, 6});
   EXPECT_FALSE(lists.Delete(2));
   ASSERT_EQ(lists.Count(), 2);
-  EXPECT_EQ(lists.Experiment(2).NExp, 6);
-  EXPECT_EQ(lists.Display(2).NCor, 6);
+  EXPECT_EQ(lists.At(2).number, 6);
+  EXPECT_EQ(lists.Display(2).colour, 6);
   for (const int place : {0, -1, 3, 40000}) {
     const auto refusal = lists.Delete(place);
     ASSERT_TRUE(refusal);
@@ -50,17 +48,17 @@ TEST(ExperimentLists, AskBeforeANumberIsReplaced) {
   EXPECT_EQ(questions.replace->title.In(Language::English), "Experiment already added");
   EXPECT_FALSE(questions.refusal);
   EXPECT_EQ(Worded(questions.confirm, Language::English), "Confirm these data for Experiment 2");
-  Class1 changed = Numbered(2);
-  changed.NVetCx[0] = 9;
+  Experiment changed = Numbered(2);
+  changed.Cx[0] = 9;
   ASSERT_TRUE(SaveExperiment(lists, changed, Coloured(4)));
   EXPECT_EQ(lists.Count(), 2);
-  EXPECT_EQ(lists.Experiment(2).NVetCx[0], 9);
-  changed.NVetCx[0] = 8;
-  EXPECT_EQ(lists.Experiment(2).NVetCx[0], 9) << "the record is a copy";
+  EXPECT_EQ(lists.At(2).Cx[0], 9);
+  changed.Cx[0] = 8;
+  EXPECT_EQ(lists.At(2).Cx[0], 9) << "the record is a copy";
 }
 
 TEST(ExperimentLists, RefuseWhatIsEmpty) {
-  EXPECT_TRUE(AskBeforeSaving({}, Class1{}).refusal);
+  EXPECT_TRUE(AskBeforeSaving({}, Experiment{}).refusal);
   EXPECT_EQ(Worded(*RefuseEmptyLists({}), Language::English),
             "No experiment was added or it is not saved.");
   EXPECT_FALSE(RefuseEmptyLists(Lists({1})));

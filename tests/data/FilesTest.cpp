@@ -27,16 +27,16 @@ const std::string kTwo =
 ExperimentLists TwoExperiments() {
   ExperimentLists lists;
   lists.Append(
-      {1, 2, "Glucose 100 g/L €", {0.5, -1e-5}, {100, 0.25}, {0, 2e15}, {0, 24.5}, 24.5, true},
-      {"CircVazio", 6, 3, false, 1});
-  lists.Append({-7, 0, "Fermentaçao", {}, {}, {}, {}, -1, true}, {"Triang4", 1, 1, true, -7});
+      {1, "Glucose 100 g/L €", {0, 24.5}, {0.5, -1e-5}, {100, 0.25}, {0, 2e15}, 24.5, true},
+      {"CircVazio", 6, 3, false});
+  lists.Append({-7, "Fermentaçao", {}, {}, {}, {}, -1, true}, {"Triang4", 1, 1, true});
   return lists;
 }
 
 void ExpectSame(const ExperimentLists& actual, const ExperimentLists& expected) {
   ASSERT_EQ(actual.Count(), expected.Count());
   for (int place = 1; place <= expected.Count(); ++place) {
-    EXPECT_EQ(actual.Experiment(place), expected.Experiment(place));
+    EXPECT_EQ(actual.At(place), expected.At(place));
     EXPECT_EQ(actual.Display(place), expected.Display(place));
   }
 }
@@ -53,10 +53,10 @@ TEST(ExperimentFile, IsReadWithAnyLineEndAndAppended) {
     const std::string bytes = std::regex_replace(kTwo, std::regex("\r\n"), lineEnd);
     ASSERT_FALSE(SafeSave(folder / "two.abr", bytes + "what follows is ignored, \x81"));
     ExperimentLists lists;
-    lists.Append({5, 0, "", {}, {}, {}, {}, 0, false}, {});
+    lists.Append({5, "", {}, {}, {}, {}, 0, false}, {});
     const ExperimentsRead read = ReadExperiments(folder / "two.abr", lists);
     EXPECT_TRUE(!read.fault && read.appended == 2);
-    ASSERT_EQ(lists.Experiment(1).NExp, 5);
+    ASSERT_EQ(lists.At(1).number, 5);
     lists.Delete(1);
     ExpectSame(lists, TwoExperiments());
   }
@@ -85,16 +85,16 @@ TEST(ExperimentFile, GivesRandomListsBackUnchanged) {
   for (int round = 0; round < 1000; ++round) {
     ExperimentLists lists, back;
     for (std::uint64_t count = random() % 5; count > 0; --count) {
-      Class1 e;
-      e.NExp = static_cast<std::int16_t>(random());
-      e.NDados = static_cast<std::int16_t>(random() % 20);
-      e.NComentarios = RandomDescription(random);
-      e.NTempoFinal = RandomValue(random);
-      e.NVerificado = true;
-      for (auto* values : {&e.NVetCx, &e.NVetCs, &e.NVetCp, &e.NVetTempo})
-        for (int k = 0; k < e.NDados; ++k) values->push_back(RandomValue(random));
+      Experiment e;
+      e.number = static_cast<std::int16_t>(random());
+      const auto points = random() % 20;
+      e.description = RandomDescription(random);
+      e.finalTime = RandomValue(random);
+      e.verified = true;
+      for (auto* values : {&e.Cx, &e.Cs, &e.Cp, &e.time})
+        for (std::size_t k = 0; k < points; ++k) values->push_back(RandomValue(random));
       lists.Append(e, {std::string(kMarkers[random() % 8]), static_cast<std::int32_t>(random()),
-                       static_cast<std::int16_t>(random()), random() % 2 == 0, e.NExp});
+                       static_cast<std::int16_t>(random()), random() % 2 == 0});
     }
     const Encoded file = ToWindows1252(ExperimentText(lists));
     ASSERT_FALSE(ReadExperimentBytes(file.bytes, "", back).fault);
@@ -108,7 +108,7 @@ TEST(ExperimentFile, RefusesATextThatItCannotHoldAndKeepsTheOldFile) {
   ASSERT_FALSE(SafeSave(path, "old"));
   const auto faultOf = [&path](const std::string& description) {
     ExperimentLists lists = TwoExperiments();
-    lists.Append({3, 0, description, {}, {}, {}, {}, 0, false}, {});
+    lists.Append({3, description, {}, {}, {}, {}, 0, false}, {});
     return WriteExperiments(lists, path);
   };
   const auto fault = [&path](FileReason reason, const std::string& detail) {

@@ -33,11 +33,11 @@ TEST(GridText, ReadsPointsDownToTheLastText) {
   const std::vector<GridRow> rows = {{"0", "100", "0.5", "1"}, {"2", "90", "0,6", "3"}, {}, {}};
   const GridPoints read = ReadPoints(rows);
   EXPECT_FALSE(read.badCell);
-  EXPECT_EQ(read.points.NDados, 2);
-  EXPECT_EQ(read.points.NVetTempo, (std::vector<double>{0, 2}));
-  EXPECT_EQ(read.points.NVetCs, (std::vector<double>{100, 90}));
-  EXPECT_EQ(read.points.NVetCx, (std::vector<double>{0.5, 0.6}));
-  EXPECT_EQ(read.points.NVetCp, (std::vector<double>{1, 3}));
+  EXPECT_EQ(read.points.Points(), 2);
+  EXPECT_EQ(read.points.time, (std::vector<double>{0, 2}));
+  EXPECT_EQ(read.points.Cs, (std::vector<double>{100, 90}));
+  EXPECT_EQ(read.points.Cx, (std::vector<double>{0.5, 0.6}));
+  EXPECT_EQ(read.points.Cp, (std::vector<double>{1, 3}));
 }
 
 TEST(GridText, NamesTheFirstCellThatIsNoNumber) {
@@ -52,12 +52,11 @@ TEST(GridText, NamesTheFirstCellThatIsNoNumber) {
 }
 
 TEST(GridText, ShowsEveryDoubleSoThatItReadsBack) {
-  Class1 shown;
-  shown.NDados = 2;
-  shown.NVetTempo = {0, 1.0 / 3};
-  shown.NVetCs = {1e-300, 123456.789};
-  shown.NVetCx = {2.5e20, -0.1};
-  shown.NVetCp = {6.66e-8, 5e-324};
+  Experiment shown;
+  shown.time = {0, 1.0 / 3};
+  shown.Cs = {1e-300, 123456.789};
+  shown.Cx = {2.5e20, -0.1};
+  shown.Cp = {6.66e-8, 5e-324};
   for (const char separator : {'.', ','}) {
     const std::vector<GridRow> rows = RowsOf(shown, separator);
     EXPECT_EQ(rows[1][1], separator == '.' ? "123456.789" : "123456,789");
@@ -68,11 +67,11 @@ TEST(GridText, ShowsEveryDoubleSoThatItReadsBack) {
 TEST(ExperimentEntry, ReadsTheBoxes) {
   const EntryRead read = ReadEntry({"7", "Lote 3", "24,5"}, {}, ',');
   EXPECT_FALSE(read.refusal);
-  EXPECT_EQ(read.experiment.NExp, 7);
-  EXPECT_EQ(read.experiment.NComentarios, "Lote 3");
-  EXPECT_EQ(read.experiment.NTempoFinal, 24.5);
-  EXPECT_TRUE(read.experiment.NVerificado);
-  EXPECT_EQ(ReadEntry({"32767", "", ""}, {}, '.').experiment.NTempoFinal, 0);
+  EXPECT_EQ(read.experiment.number, 7);
+  EXPECT_EQ(read.experiment.description, "Lote 3");
+  EXPECT_EQ(read.experiment.finalTime, 24.5);
+  EXPECT_TRUE(read.experiment.verified);
+  EXPECT_EQ(ReadEntry({"32767", "", ""}, {}, '.').experiment.finalTime, 0);
   for (const char* number : {"", "0", "-1", "32768", "1.5", "1x"})
     EXPECT_EQ(ReadEntry({number, "", ""}, {}, '.').refusal->box, EntryBox::Number) << number;
   EXPECT_EQ(ReadEntry({"1", "", "."}, {}, '.').refusal->box, EntryBox::FinalTime);
@@ -82,13 +81,13 @@ TEST(ExperimentEntry, OffersAFreeNumber) {
   ExperimentLists lists;
   EXPECT_EQ(NextFreeNumber(lists), 1);
   for (const int number : {1, -4, 6}) {
-    Class1 experiment;
-    experiment.NExp = static_cast<std::int16_t>(number);
+    Experiment experiment;
+    experiment.number = static_cast<std::int16_t>(number);
     lists.Append(experiment, {});
   }
   EXPECT_EQ(NextFreeNumber(lists), 7);
-  Class1 last;
-  last.NExp = 32767;
+  Experiment last;
+  last.number = 32767;
   lists.Append(last, {});
   EXPECT_EQ(NextFreeNumber(lists), 2);
 }

@@ -66,8 +66,8 @@ TEST(ExperimentFile, TakesWhatIsUnusualButNotWrong) {
       ReadExperimentBytes("T,T,x$1\n 7, a b ,1,,Star,-3,99,true\n  x+1||-.5|2e1| rest", "", lists);
   ASSERT_FALSE(read.fault) << read.fault->line << read.fault->detail;
   ASSERT_EQ(lists.Count(), 1);
-  EXPECT_EQ(lists.Experiment(1), (Class1{7, 1, "a b ", {-.5}, {0}, {20}, {1}, 0, true}));
-  EXPECT_EQ(lists.Display(1), (DisplayEntry{"Star", 99, -3, true, 7}));
+  EXPECT_EQ(lists.At(1), (Experiment{7, "a b ", {1}, {-.5}, {0}, {20}, 0, true}));
+  EXPECT_EQ(lists.Display(1), (DisplayEntry{"Star", 99, -3, true}));
 }
 
 TEST(ExperimentFile, IsRefusedWhereTheListsAreFull) {

@@ -8,14 +8,13 @@
 namespace velmora {
 namespace {
 
-Class1 Measured(std::vector<double> time, std::vector<double> Cx, std::vector<double> Cs,
-                std::vector<double> Cp) {
-  Class1 experiment;
-  experiment.NDados = static_cast<std::int16_t>(time.size());
-  experiment.NVetTempo = std::move(time);
-  experiment.NVetCx = std::move(Cx);
-  experiment.NVetCs = std::move(Cs);
-  experiment.NVetCp = std::move(Cp);
+Experiment Measured(std::vector<double> time, std::vector<double> Cx, std::vector<double> Cs,
+                    std::vector<double> Cp) {
+  Experiment experiment;
+  experiment.time = std::move(time);
+  experiment.Cx = std::move(Cx);
+  experiment.Cs = std::move(Cs);
+  experiment.Cp = std::move(Cp);
   return experiment;
 }
 

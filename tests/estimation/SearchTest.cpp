@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "app/Numbers.h"
 #include "estimation/Deviations.h"
 #include "estimation/EvolucaoDiferencial.h"
 #include "estimation/ResultTexts.h"
+#include "language/Numbers.h"
 #include "tests/support/Batches.h"
 
 namespace velmora {
@@ -99,7 +99,7 @@ TEST(Search, RefusesBoundsThatAreNotInOrder) {
   EXPECT_EQ(result.end, SearchEnd::Refused);
   ASSERT_TRUE(result.refusal);
   EXPECT_EQ(Worded(*result.refusal, Language::English), "Check the bound values.");
-  EXPECT_EQ(result.refusal->title, Piece(307));
+  EXPECT_EQ(result.refusal->title, Piece(TextId::Attention));
 }
 
 TEST(Search, EndsWithTheFaultOfASimulation) {
@@ -137,18 +137,17 @@ TEST(Deviations, MatchALineariseableCaseByHand) {
   for (const At position : {At::Ks, At::ms, At::Kd, At::Kdp, At::alpha, At::beta})
     row[position] = 0;
   row[At::Cx0] = 0.1, row[At::T] = 10, row[At::Yxs] = 1e9;
-  Class1 data;
+  Experiment data;
   double residual = 0, sensitivity = 0;
   for (int k = 1; k <= 4; ++k) {
     const double t = 2 * k, Cx = 0.1 * std::exp(0.3 * t), miss = k % 2 == 0 ? 0.01 : -0.01;
-    data.NVetTempo.push_back(t);
-    data.NVetCx.push_back(Cx + miss);
-    data.NVetCs.push_back(75);
-    data.NVetCp.push_back(0.1);
+    data.time.push_back(t);
+    data.Cx.push_back(Cx + miss);
+    data.Cs.push_back(75);
+    data.Cp.push_back(0.1);
     residual += miss * miss;
     sensitivity += t * Cx * t * Cx;
   }
-  data.NDados = 4;
   problem.experiments = {data};
   problem.rows = {row};
   problem.variables = {{At::muMax, 0.1, 1, 0.3}};
@@ -171,10 +170,8 @@ TEST(Deviations, FaultWhereNothingDependsOnAParameterOrNoFreedomIsLeft) {
   problem.variables.pop_back();
   problem.experiments.resize(1);
   problem.rows.resize(1);
-  Class1& data = problem.experiments[0];
-  for (auto* series : {&data.NVetTempo, &data.NVetCx, &data.NVetCs, &data.NVetCp})
-    *series = {series->at(4)};
-  data.NDados = 1;
+  Experiment& data = problem.experiments[0];
+  for (auto* series : {&data.time, &data.Cx, &data.Cs, &data.Cp}) *series = {series->at(4)};
   Objective exact(problem);
   const Deviations none = ComputeDeviations(exact, std::array{0.3, 8.0, 1.3});
   ASSERT_TRUE(none.fault);

@@ -28,17 +28,16 @@ inline KineticParameters BatchOf(std::string_view name) {
 }
 
 /// Points read off the model's own curve: every tenth model point from the first on.
-inline Class1 SampledFrom(const KineticParameters& row) {
+inline Experiment SampledFrom(const KineticParameters& row) {
   ModelCurve curve;
   Runge_Kutta().Integrate(row, curve);
-  Class1 experiment;
+  Experiment experiment;
   for (std::size_t i = 0; i < curve.time.size(); i += 10) {
-    experiment.NVetTempo.push_back(curve.time[i]);
-    experiment.NVetCx.push_back(curve.Cx[i]);
-    experiment.NVetCs.push_back(curve.Cs[i]);
-    experiment.NVetCp.push_back(curve.Cp[i]);
+    experiment.time.push_back(curve.time[i]);
+    experiment.Cx.push_back(curve.Cx[i]);
+    experiment.Cs.push_back(curve.Cs[i]);
+    experiment.Cp.push_back(curve.Cp[i]);
   }
-  experiment.NDados = static_cast<std::int16_t>(experiment.NVetTempo.size());
   return experiment;
 }
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "app/Dialogs.h"
+#include "app/widgets/Dialogs.h"
 
 namespace velmora {
 

@@ -1,0 +1,355 @@
+#include "app/charts/frmZoom.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QResizeEvent>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "app/charts/ChartOutput.h"
+#include "app/charts/ChartView.h"
+#include "app/charts/LegendView.h"
+#include "app/charts/ZoomIcons.h"
+#include "app/charts/dlgIntervalos.h"
+#include "app/charts/dlgTituloGrafico.h"
+#include "app/widgets/Idiomas.h"
+#include "data/FileFault.h"
+#include "data/SafeSave.h"
+#include "language/Numbers.h"
+
+namespace velmora {
+namespace {
+constexpr int kDecimals = 4;  // of the coordinates
+
+constexpr QSize kUsualSize(900, 600);
+constexpr int kIconSize = 24, kMargin = 8, kGroupSpacing = 18, kLegendMargin = 12;  // px
+constexpr int kCoordinateLetters = 14;
+
+// "Exp." is short for the word in both languages.
+const QString kRowWord = QStringLiteral("Exp.");
+
+constexpr const char* kCannotBeSized =
+    "Erro ao dimensionar imagem. Abra novamente a janela de Zoom.";
+
+struct Button {
+  ZoomAction action;
+  const char* name;
+  bool toggles;
+  bool startsGroup;
+};
+constexpr Button kButtonTable[] = {{ZoomAction::Title, "cmdInsTitulo", true, false},
+                                   {ZoomAction::Legend, "cmdInsLegenda", true, false},
+                                   {ZoomAction::GridLines, "cmdInsLinhas", true, false},
+                                   {ZoomAction::Range, "cmdInsInterv", false, false},
+                                   {ZoomAction::Copy, "cmdCopiar", false, true},
+                                   {ZoomAction::Save, "cmdSalvar", false, false},
+                                   {ZoomAction::Print, "cmdImprimir", false, false},
+                                   {ZoomAction::Close, "cmdFechar", false, true}};
+
+struct Chart {
+  const char* name;
+  PlotVariable variable;
+};
+constexpr Chart kCharts[] = {
+    {"picCs", PlotVariable::Cs}, {"picCx", PlotVariable::Cx}, {"picCp", PlotVariable::Cp}};
+
+/// Where a legend stands in a chart that was resized: at the same share of the room around it.
+int SameShare(int at, int roomBefore, int room) {
+  const double share = roomBefore > 0 ? static_cast<double>(at) / roomBefore : 1;
+  return std::clamp(static_cast<int>(std::lround(share * room)), 0, std::max(0, room));
+}
+
+}  // namespace
+
+frmZoom::frmZoom(const Session& session, Dialogs& dialogs, PlotVariable variable, QWidget* parent,
+                 std::unique_ptr<PrintDesk> printers)
+    : QDialog(parent, Qt::Window),
+      session_(session),
+      dialogs_(dialogs),
+      printers_(std::move(printers)),
+      variable_(variable),
+      lists_(session.lists),
+      gridLines_(session.gridLines) {
+  if (session.curvesPresent) curves_ = session.curves;
+  setObjectName(QStringLiteral("frmZoom"));
+  setWindowTitle(QStringLiteral("Zoom"));
+  BuildPanels();
+  LayOut();
+  Wire();
+  ShowChart();
+}
+
+frmZoom::~frmZoom() = default;
+
+void frmZoom::BuildPanels() {
+  BuildButtons();
+  picZoom_ = new ChartView(this);
+  picZoom_->setObjectName(QStringLiteral("picZoom"));
+  picZoom_->setAccessibleName(QString::fromStdString(PlotTitle(variable_)));
+  picZoom_->SetStyle({PointStyle::Markers, 1, 0});
+  picZoom_->setCursor(Qt::CrossCursor);
+  BuildLegend();
+  picHidden_ = NewLabel("picHidden");
+  picHidden_->hide();
+  lblTempo_ = NewLabel("lblTempo");
+  lblX_ = NewLabel("lblX");
+  lblVariavel_ = NewLabel("lblVariavel");
+  lblVariavel_->setText(QString::fromStdString(PlotTitle(variable_).substr(0, 2)) +
+                        QLatin1Char(':'));
+  lblY_ = NewLabel("lblY");
+}
+
+void frmZoom::BuildButtons() {
+  static_assert(std::size(kButtonTable) == kButtons);
+  for (const Button& each : kButtonTable) {
+    auto* const button = new QToolButton(this);
+    button->setObjectName(QLatin1StringView(each.name));
+    button->setIcon(IconOf(each.action, palette()));
+    button->setIconSize(QSize(kIconSize, kIconSize));
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setAutoRaise(true);
+    button->setCheckable(each.toggles);
+    buttons_[static_cast<std::size_t>(each.action)] = button;
+  }
+}
+
+void frmZoom::BuildLegend() {
+  picLegenda_ = new LegendView(ProgramFolder(), picZoom_);
+  picLegenda_->setObjectName(QStringLiteral("picLegenda"));
+  picLegenda_->Heading().setObjectName(QStringLiteral("lblLegenda"));
+  picLegenda_->setCursor(Qt::SizeAllCursor);
+  picLegenda_->SetRowWord(kRowWord);
+  picLegenda_->SetRows(LegendRows(lists_));
+  picLegenda_->hide();
+}
+
+QLabel* frmZoom::NewLabel(const char* name) {
+  auto* const label = new QLabel(this);
+  label->setObjectName(QLatin1StringView(name));
+  return label;
+}
+
+QWidget* frmZoom::ButtonRow() {
+  auto* const panel = new QWidget(this);
+  auto* const row = new QHBoxLayout(panel);
+  row->setContentsMargins({});
+  for (const Button& each : kButtonTable) {
+    if (each.startsGroup) row->addSpacing(kGroupSpacing);
+    if (each.action == ZoomAction::Close) row->addStretch();
+    row->addWidget(buttons_[static_cast<std::size_t>(each.action)]);
+  }
+  return panel;
+}
+
+QWidget* frmZoom::CoordinateRow() {
+  auto* const panel = new QWidget(this);
+  auto* const row = new QHBoxLayout(panel);
+  row->setContentsMargins({});
+  for (const auto& [caption, value] : {std::pair(lblTempo_, lblX_), {lblVariavel_, lblY_}}) {
+    value->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('0')) * kCoordinateLetters);
+    row->addWidget(caption);
+    row->addWidget(value);
+  }
+  row->addStretch();
+  return panel;
+}
+
+void frmZoom::LayOut() {
+  auto* const whole = new QVBoxLayout(this);
+  whole->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  whole->setSpacing(kMargin);
+  whole->addWidget(ButtonRow());
+  whole->addWidget(picZoom_, 1);
+  whole->addWidget(CoordinateRow());
+  resize(kUsualSize);
+}
+
+void frmZoom::Wire() {
+  struct Command {
+    ZoomAction action;
+    void (frmZoom::*run)();
+  };
+  constexpr Command kCommands[] = {
+      {ZoomAction::Title, &frmZoom::ToggleTitle},
+      {ZoomAction::Legend, &frmZoom::ToggleLegend},
+      {ZoomAction::GridLines, &frmZoom::ToggleGridLines},
+      {ZoomAction::Range, &frmZoom::AskInterval},
+      {ZoomAction::Copy, &frmZoom::CopyChart},
+      {ZoomAction::Save, &frmZoom::SaveChart},
+      {ZoomAction::Print, &frmZoom::PrintChart},
+  };
+  for (const Command& command : kCommands)
+    connect(buttons_[static_cast<std::size_t>(command.action)], &QToolButton::clicked, this,
+            command.run);
+  connect(buttons_[static_cast<std::size_t>(ZoomAction::Close)], &QToolButton::clicked, this,
+          &frmZoom::close);
+  connect(picZoom_, &ChartView::PointedAt, this, &frmZoom::ShowPoint);
+  picZoom_->installEventFilter(this);
+}
+
+void frmZoom::ShowChart() {
+  Idiomas(*this, session_.language);
+  Redraw();
+}
+
+void frmZoom::changeEvent(QEvent* event) {
+  QDialog::changeEvent(event);
+  if (event->type() != QEvent::LanguageChange) return;
+  picLegenda_->setAccessibleName(picLegenda_->Heading().text());
+  picLegenda_->adjustSize();
+  MoveLegend(picZoom_->size(), picZoom_->size());
+}
+
+bool frmZoom::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == picZoom_ && event->type() == QEvent::Resize) {
+    const auto& resized = static_cast<const QResizeEvent&>(*event);
+    MoveLegend(resized.oldSize(), resized.size());
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
+bool frmZoom::Sized() const {
+  return CanBeSized(picZoom_->Content());
+}
+
+void frmZoom::ToggleTitle() {
+  if (title_.empty()) {
+    dlgTituloGrafico ask(session_, this);
+    if (ask.exec() == QDialog::Accepted) title_ = ask.Title().toStdString();
+  } else {
+    title_.clear();
+  }
+  Redraw();
+}
+
+void frmZoom::ToggleLegend() {
+  picLegenda_->setVisible(picLegenda_->isHidden());
+  if (!legendPlaced_) {
+    picLegenda_->adjustSize();
+    picLegenda_->move(picZoom_->width() - picLegenda_->width() - kLegendMargin, kLegendMargin);
+    legendPlaced_ = true;
+  }
+  MoveLegend(picZoom_->size(), picZoom_->size());
+  Redraw();
+}
+
+void frmZoom::ToggleGridLines() {
+  gridLines_ = !gridLines_;
+  Redraw();
+}
+
+void frmZoom::AskInterval() {
+  const TimeInterval measured = MeasuredTimes(lists_);
+  dlgIntervalos ask(session_, dialogs_, measured, interval_.value_or(measured), this);
+  if (ask.exec() == QDialog::Accepted) PlotaExpIntervalos(ask.Interval());
+}
+
+void frmZoom::PlotaExpIntervalos(const TimeInterval& interval) {
+  interval_ = interval;
+  Redraw();
+}
+
+void frmZoom::Redraw() {
+  ChartContent content = ContentOf(variable_, lists_, curves_ ? &*curves_ : nullptr, gridLines_,
+                                   session_.separator, interval_);
+  content.title = title_;
+  picZoom_->SetContent(std::move(content));
+  buttons_[static_cast<std::size_t>(ZoomAction::Title)]->setChecked(!title_.empty());
+  buttons_[static_cast<std::size_t>(ZoomAction::Legend)]->setChecked(!picLegenda_->isHidden());
+  buttons_[static_cast<std::size_t>(ZoomAction::GridLines)]->setChecked(gridLines_);
+}
+
+void frmZoom::ShowPoint(const PlotPoint& point) {
+  const auto shown = [this](double value, const char* unit) {
+    return QString::fromStdString(PlainText(Arredondamento(value, kDecimals), session_.separator) +
+                                  unit);
+  };
+  lblX_->setText(shown(point.x, " h"));
+  lblY_->setText(shown(point.y, " g/L"));
+}
+
+void frmZoom::MoveLegend(const QSize& from, const QSize& to) {
+  if (!legendPlaced_) return;
+  const QSize legend = picLegenda_->size();
+  const QSize before = from - legend, room = to - legend;
+  picLegenda_->move(SameShare(picLegenda_->x(), before.width(), room.width()),
+                    SameShare(picLegenda_->y(), before.height(), room.height()));
+}
+
+void frmZoom::CopyChart() {
+  const QImage picture = PictureOf(*picZoom_);
+  picHidden_->setPixmap(QPixmap::fromImage(picture));
+  CopyPicture(picture);
+}
+
+QString frmZoom::FileToSave(const QString& filter, const QString& suffix) {
+  QString file = dialogs_.SaveFile(this, filter, suffix);
+  // A cancelled dialog gives no name at all. An empty one is blank but for the suffix.
+  if (file.isNull() || !QFileInfo(file).completeBaseName().trimmed().isEmpty()) return file;
+  dialogs_.Show(this, Attention({TextId::InvalidName}, Icon::Exclamation));
+  return {};
+}
+
+void frmZoom::SaveChart() {
+  const QString file = FileToSave(QStringLiteral("Arquivos Textos (*.bmp)"), QStringLiteral("bmp"));
+  if (!file.isEmpty()) Write(file, BitmapOf(PictureOf(*picZoom_)));
+}
+
+void frmZoom::Write(const QString& file, const QByteArray& bytes) {
+  const auto fault =
+      SafeSave(QFile::encodeName(file).toStdString(),
+               std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+  if (fault)
+    dialogs_.Show(this, {{TextId::FileError}, TextId::Error, Icon::Critical}, Buttons::Ok,
+                  QString::fromStdString(FaultDetail(*fault, session_.language)));
+}
+
+ChartPage frmZoom::Page() const {
+  ChartPage page;
+  page.chart = picZoom_->Content();
+  page.proportion = static_cast<double>(picZoom_->width()) / std::max(1, picZoom_->height());
+  page.legendHeading = picLegenda_->Heading().text();
+  page.legendRowWord = kRowWord;
+  if (!picLegenda_->isHidden()) page.legend = LegendRows(lists_);
+  return page;
+}
+
+void frmZoom::PrintChart() {
+  switch (PrintPage(Page(), *printers_, this)) {
+    case PrintOutcome::NoPrinter:
+      return OfferPdf(TextId::NoPrinter);
+    case PrintOutcome::Refused:
+      return OfferPdf(TextId::PrinterRefused);
+    case PrintOutcome::Sent:
+    case PrintOutcome::Cancelled:
+      break;
+  }
+}
+
+void frmZoom::OfferPdf(TextId reason) {
+  const Message offer = Attention({reason, "\n", TextId::AskToSavePdf}, Icon::Question);
+  if (dialogs_.Show(this, offer, Buttons::YesNo) != Answer::Yes) return;
+  const QString file = FileToSave(QStringLiteral("PDF (*.pdf)"), QStringLiteral("pdf"));
+  if (!file.isEmpty()) Write(file, PdfOf(Page()));
+}
+
+void GraficoZoomSub(const Session& session, Dialogs& dialogs, QWidget* owner) {
+  const auto clicked =
+      std::find_if(std::begin(kCharts), std::end(kCharts),
+                   [&](const Chart& chart) { return session.clickedChart == chart.name; });
+  if (clicked == std::end(kCharts)) return;
+  auto window = std::make_unique<frmZoom>(session, dialogs, clicked->variable, owner);
+  if (!window->Sized()) {
+    dialogs.Show(owner, Attention({kCannotBeSized}, Icon::Exclamation));
+    return;
+  }
+  window->setAttribute(Qt::WA_DeleteOnClose);
+  window.release()->show();
+}
+
+}  // namespace velmora

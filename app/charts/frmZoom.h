@@ -1,0 +1,98 @@
+// The window of one enlarged chart.
+#pragma once
+
+#include <QDialog>
+#include <array>
+#include <memory>
+#include <optional>
+
+#include "app/charts/ChartPrint.h"
+#include "app/widgets/Dialogs.h"
+#include "charts/AxisScaling.h"
+#include "session/Session.h"
+
+class QLabel;
+class QToolButton;
+
+namespace velmora {
+
+class ChartView;
+class LegendView;
+
+/// Shows the chart of what the session held when the window was opened. Title, legend, grid lines
+/// and range of time are the window's own.
+class frmZoom : public QDialog {
+  Q_OBJECT
+
+ public:
+  frmZoom(const Session& session, Dialogs& dialogs, PlotVariable variable,
+          QWidget* parent = nullptr,
+          std::unique_ptr<PrintDesk> printers = std::make_unique<PrintDesk>());
+  ~frmZoom() override;
+
+  /// Whether there is a chart to show.
+  bool Sized() const;
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void BuildPanels();
+  void BuildButtons();
+  void BuildLegend();
+  QLabel* NewLabel(const char* name);
+  QWidget* ButtonRow();
+  QWidget* CoordinateRow();
+  void LayOut();
+  void Wire();
+  void ShowChart();
+
+  void ToggleTitle();
+  void ToggleLegend();
+  void ToggleGridLines();
+  void AskInterval();
+  void CopyChart();
+  void SaveChart();
+  void PrintChart();
+  /// The page could not be printed for `reason`; offers a PDF file in its place.
+  void OfferPdf(TextId reason);
+
+  void PlotaExpIntervalos(const TimeInterval& interval);
+  void Redraw();
+  void ShowPoint(const PlotPoint& point);
+  /// Keeps the legend at its share of the chart, inside it.
+  void MoveLegend(const QSize& from, const QSize& to);
+  ChartPage Page() const;
+  /// The chosen file's name; empty where the user cancels, or where it is refused.
+  QString FileToSave(const QString& filter, const QString& suffix);
+  void Write(const QString& file, const QByteArray& bytes);
+
+  static constexpr std::size_t kButtons = 8;
+
+  const Session& session_;
+  Dialogs& dialogs_;
+  std::unique_ptr<PrintDesk> printers_;
+  PlotVariable variable_;
+  ExperimentLists lists_;
+  std::optional<ModelCurves> curves_;
+  bool gridLines_;
+  bool legendPlaced_ = false;
+  std::optional<TimeInterval> interval_;
+  std::string title_;  // UTF-8
+
+  std::array<QToolButton*, kButtons> buttons_{};  // by action
+  ChartView* picZoom_ = nullptr;
+  LegendView* picLegenda_ = nullptr;
+  QLabel* picHidden_ = nullptr;  // what was copied last
+  QLabel* lblTempo_ = nullptr;
+  QLabel* lblX_ = nullptr;
+  QLabel* lblVariavel_ = nullptr;
+  QLabel* lblY_ = nullptr;
+};
+
+/// Opens the chart that was clicked (session.clickedChart) enlarged, in a window over `owner` that
+/// lives until it is closed. Where it cannot be sized, says so and opens nothing.
+void GraficoZoomSub(const Session& session, Dialogs& dialogs, QWidget* owner);
+
+}  // namespace velmora

@@ -1,0 +1,182 @@
+#include "app/cultivation/ConditionsPanel.h"
+
+#include <QGridLayout>
+#include <QRadioButton>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "app/cultivation/NumberBox.h"
+#include "app/cultivation/PanelParts.h"
+#include "app/widgets/Idiomas.h"
+
+namespace velmora {
+namespace {
+
+enum Frame : std::uint8_t { kStart, kYields, kCells, kProduction };
+constexpr std::array<const char*, 4> kFrameNames = {"frameCondInic", "frameCoefRend",
+                                                    "frameCondCultivo", "frameCinProd"};
+
+struct BoxRow {
+  Frame frame;
+  At position;
+  const char* box;
+  const char* label;
+  const char* symbol;  // rich text
+  const char* unit;
+  std::int16_t description;  // text id
+};
+constexpr auto kBoxes = std::to_array<BoxRow>({
+    {kStart, At::Cx0, "txtCx", "lblCx", "C<sub>x0</sub>", "g/L", 434},
+    {kStart, At::Cs0, "txtCs", "lblCs", "C<sub>s0</sub>", "g/L", 435},
+    {kStart, At::Cp0, "txtCp", "lblCp", "C<sub>p0</sub>", "g/L", 436},
+    {kStart, At::T, "txtTempo", "lblTempo", "t", "h", 437},
+    {kYields, At::Yxs, "txtYxs", "lblYxs", "Y<sub>x/s</sub>", "g/g", 438},
+    {kYields, At::YpsTyped, "txtYps", "lblYps", "Y<sub>p/s</sub>", "g/g", 439},
+    {kCells, At::ms, "txtms", "lblms", "m<sub>s</sub>", "g/(g·h)", 440},
+    {kCells, At::Kd, "txtkd", "lblkd", "k<sub>d</sub>", "1/h", 441},
+    {kCells, At::Kdp, "txtkdp", "lblkdp", "k<sub>dp</sub>", "1/h", 442},
+    {kCells, At::CsAst1, "txtCs1", "lblCs1", "C<sub>s1</sub>", "g/L", 443},
+    {kProduction, At::alpha, "txtAlfa", "lblAlfa", "α", "g/g", 444},
+    {kProduction, At::beta, "txtBeta", "lblBeta", "β", "g/(g·h)", 445},
+    {kProduction, At::CsAst2, "txtCs2", "lblCs2", "C<sub>s2</sub>", "g/L", 446},
+});
+constexpr int kBoxesInARow = 2;
+constexpr int kColumnsOfABox = 3;  // label, box, unit
+constexpr int kLabelWidth = 30;
+constexpr int kUnitWidth = 50;
+
+std::size_t IndexOf(At position) {
+  return static_cast<std::size_t>(position) - 1;
+}
+
+}  // namespace
+
+ConditionsPanel::ConditionsPanel(QWidget* parent) : QWidget(parent) {
+  Build();
+  LayOut();
+  Wire();
+  AllowEntry();
+}
+
+void ConditionsPanel::Build() {
+  for (std::size_t i = 0; i < frames_.size(); ++i)
+    frames_[i] = NewFrame(QLatin1StringView(kFrameNames[i]), this);
+  for (const BoxRow& row : kBoxes) {
+    QWidget* const frame = frames_[row.frame];
+    Box box{row.position, new NumberBox(QLatin1StringView(row.box), frame),
+            NewLabel(QLatin1StringView(row.label), QString::fromUtf8(row.symbol), frame),
+            NewLabel(QStringLiteral("lblUnid_%1").arg(QLatin1StringView(row.box)),
+                     QString::fromUtf8(row.unit), frame)};
+    box.label->setBuddy(box.box);
+    box.label->setMinimumWidth(kLabelWidth);
+    box.unit->setMinimumWidth(kUnitWidth);
+    boxes_.push_back(box);
+  }
+  stoichiometric_ = new QRadioButton(frames_[kYields]);
+  stoichiometric_->setObjectName(QStringLiteral("optEsteq"));
+  stoichiometric_->setChecked(true);
+  global_ = new QRadioButton(frames_[kYields]);
+  global_->setObjectName(QStringLiteral("optGlobal"));
+}
+
+void ConditionsPanel::LayOut() {
+  auto* const all = new QVBoxLayout(this);
+  Tighten(*all);
+  std::array<QGridLayout*, kFrames> grids{};
+  for (std::size_t i = 0; i < frames_.size(); ++i) {
+    grids[i] = new QGridLayout(frames_[i]);
+    TightenInside(*grids[i]);
+    for (int j = 0; j < kBoxesInARow; ++j) grids[i]->setColumnStretch(j * kColumnsOfABox + 1, 1);
+    all->addWidget(frames_[i]);
+  }
+  std::array<int, kFrames> filled{};
+  for (std::size_t i = 0; i < kBoxes.size(); ++i) {
+    const Frame frame = kBoxes[i].frame;
+    const int cell = filled[frame]++;
+    const int row = cell / kBoxesInARow;
+    const int column = cell % kBoxesInARow * kColumnsOfABox;
+    grids[frame]->addWidget(boxes_[i].label, row, column);
+    grids[frame]->addWidget(boxes_[i].box, row, column + 1);
+    grids[frame]->addWidget(boxes_[i].unit, row, column + 2);
+  }
+  grids[kYields]->addWidget(stoichiometric_, 1, 0, 1, kColumnsOfABox);
+  grids[kYields]->addWidget(global_, 1, kColumnsOfABox, 1, kColumnsOfABox);
+  setTabOrder(Find(At::YpsTyped)->box, stoichiometric_);
+  setTabOrder(stoichiometric_, global_);
+}
+
+void ConditionsPanel::Wire() {
+  for (const Box& each : boxes_)
+    connect(each.box, &QLineEdit::textEdited, this, [this] { emit Edited(); });
+  for (QRadioButton* const option : {stoichiometric_, global_})
+    connect(option, &QRadioButton::clicked, this, [this] {
+      AllowEntry();
+      emit Edited();
+    });
+}
+
+const ConditionsPanel::Box* ConditionsPanel::Find(At position) const {
+  const auto found = std::find_if(boxes_.begin(), boxes_.end(),
+                                  [=](const Box& each) { return each.position == position; });
+  return found == boxes_.end() ? nullptr : &*found;
+}
+
+void ConditionsPanel::SetForm(const CultivationForm& form,
+                              const std::array<std::string, 31>& shown) {
+  for (const Box& each : boxes_)
+    each.box->ShowNumber(shown[IndexOf(each.position)], form.At(each.position));
+  (form.yields == Yields::Global ? global_ : stoichiometric_)->setChecked(true);
+  SetProduction(form.production);
+}
+
+void ConditionsPanel::ReadInto(CultivationForm& form) const {
+  for (const Box& each : boxes_) form.At(each.position) = each.box->Number();
+  form.yields = global_->isChecked() ? Yields::Global : Yields::Stoichiometric;
+}
+
+void ConditionsPanel::SetBox(At position, const std::string& shown, const std::string& exact) {
+  if (const Box* const each = Find(position)) each->box->ShowNumber(shown, exact);
+}
+
+void ConditionsPanel::SetProduction(Production production) {
+  production_ = production;
+  AllowEntry();
+}
+
+/// Alpha is entered unless production is not associated with growth or the global yields give it;
+/// beta and the concentration from which it acts, unless production is associated with growth
+/// alone.
+void ConditionsPanel::AllowEntry() {
+  const bool alpha = production_ != Production::PNAC && !global_->isChecked();
+  const bool beta = production_ != Production::PAC;
+  const auto allow = [this](At position, bool on) {
+    const Box* const each = Find(position);
+    for (QWidget* const part : std::initializer_list<QWidget*>{each->label, each->box, each->unit})
+      part->setEnabled(on);
+  };
+  allow(At::alpha, alpha);
+  allow(At::beta, beta);
+  allow(At::CsAst2, beta);
+}
+
+void ConditionsPanel::Clear() {
+  for (const Box& each : boxes_) each.box->ShowNumber({});
+}
+
+void ConditionsPanel::SetLanguage(Language language) {
+  for (std::size_t i = 0; i < kBoxes.size(); ++i) {
+    const QString description = Caption(TextId{kBoxes[i].description}, language);
+    boxes_[i].label->setToolTip(description);
+    boxes_[i].unit->setToolTip(description);
+  }
+}
+
+bool ConditionsPanel::FocusBox(At position) {
+  const Box* const each = Find(position);
+  if (each == nullptr) return false;
+  each->box->setFocus();
+  each->box->selectAll();
+  return true;
+}
+
+}  // namespace velmora

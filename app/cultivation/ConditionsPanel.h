@@ -1,0 +1,66 @@
+// The boxes of one experiment's conditions: start, yields, maintenance and death, production.
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "cultivation/CultivationForm.h"
+#include "language/Texts.h"
+
+class QGroupBox;
+class QLabel;
+class QRadioButton;
+
+namespace velmora {
+
+class NumberBox;
+
+class ConditionsPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ConditionsPanel(QWidget* parent = nullptr);
+
+  /// Shows the form's boxes of this panel and its yields; `shown` holds the texts to show for them,
+  /// by position.
+  void SetForm(const CultivationForm& form, const std::array<std::string, 31>& shown);
+  /// Writes the boxes, with the exact numbers behind them, and the yields into the form.
+  void ReadInto(CultivationForm& form) const;
+  /// Shows one box's number; a position that has no box here is passed over.
+  void SetBox(At position, const std::string& shown, const std::string& exact);
+  /// The production decides which constants are entered.
+  void SetProduction(Production production);
+  void Clear();
+  void SetLanguage(Language language);
+  /// Goes to the box of `position`; false where this panel has none.
+  bool FocusBox(At position);
+
+ signals:
+  void Edited();
+
+ private:
+  struct Box {
+    At position;
+    NumberBox* box;
+    QLabel* label;
+    QLabel* unit;
+  };
+
+  void Build();
+  void LayOut();
+  void Wire();
+  void AllowEntry();
+  const Box* Find(At position) const;
+
+  static constexpr int kFrames = 4;
+  std::array<QGroupBox*, kFrames> frames_{};
+  std::vector<Box> boxes_;  // in the order of the table
+  QRadioButton* stoichiometric_ = nullptr;
+  QRadioButton* global_ = nullptr;
+  Production production_ = Production::None;
+};
+
+}  // namespace velmora

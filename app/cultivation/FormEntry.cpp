@@ -1,0 +1,117 @@
+#include "app/cultivation/FormEntry.h"
+
+#include <QWidget>
+
+#include "app/cultivation/ChoicesPanel.h"
+#include "app/cultivation/ConditionsPanel.h"
+#include "app/cultivation/ModelPanel.h"
+#include "app/cultivation/ParametersPanel.h"
+#include "cultivation/ConditionsEntry.h"
+
+namespace velmora {
+
+FormEntry::FormEntry(QWidget* parent)
+    : QObject(parent),
+      choices_(new ChoicesPanel(parent)),
+      model_(new ModelPanel(parent)),
+      conditions_(new ConditionsPanel(parent)),
+      parameters_(new ParametersPanel(parent)) {
+  Wire();
+  MarkStored();
+}
+
+void FormEntry::Wire() {
+  connect(choices_, &ChoicesPanel::Edited, this, [this] {
+    conditions_->SetProduction(Form().production);
+    emit Edited();
+  });
+  connect(model_, &ModelPanel::Edited, this, [this] {
+    parameters_->SetModel(model_->Chosen());
+    emit Edited();
+  });
+  connect(conditions_, &ConditionsPanel::Edited, this, &FormEntry::Edited);
+  connect(parameters_, &ParametersPanel::Edited, this, &FormEntry::Edited);
+}
+
+QWidget* FormEntry::Choices() const {
+  return choices_;
+}
+QWidget* FormEntry::Model() const {
+  return model_;
+}
+QWidget* FormEntry::Conditions() const {
+  return conditions_;
+}
+QWidget* FormEntry::Parameters() const {
+  return parameters_;
+}
+
+std::array<QWidget*, 4> FormEntry::Panels() const {
+  return {choices_, model_, conditions_, parameters_};
+}
+
+void FormEntry::SetStored(const CultivationForm& form, const std::array<std::string, 31>& shown,
+                          const velmora::Model* model) {
+  choices_->SetForm(form);
+  model_->SetModel(model != nullptr ? *model : model_->Chosen(), model != nullptr);
+  conditions_->SetForm(form, shown);
+  parameters_->SetModel(model_->Chosen());
+  parameters_->SetValues(form, shown);
+  parameters_->SetFit(form.fit);
+  MarkStored();
+}
+
+CultivationForm FormEntry::Form() const {
+  CultivationForm form;
+  choices_->ReadInto(form);
+  conditions_->ReadInto(form);
+  parameters_->ReadInto(form);
+  form.model = model_->Chosen().name;
+  form.modelConfirmed = model_->Confirmed();
+  return form;
+}
+
+void FormEntry::SetBox(At position, const std::string& shown, const std::string& exact,
+                       NumberBox::Mark mark) {
+  const bool untouched = Form().At(position) == stored_.At(position);
+  if (FittableIndex(position) >= 0)
+    parameters_->SetValue(position, shown, exact, mark);
+  else
+    conditions_->SetBox(position, shown, exact);
+  if (untouched) stored_.At(position) = exact;
+}
+
+void FormEntry::MarkStored() {
+  stored_ = Form();
+}
+
+bool FormEntry::Changed() const {
+  return !SameEntries(stored_, Form());
+}
+
+void FormEntry::SetFixed(bool fixed) {
+  choices_->SetFixed(fixed);
+}
+
+void FormEntry::SetEnabled(bool enabled) {
+  for (QWidget* const panel : Panels()) panel->setEnabled(enabled);
+}
+
+void FormEntry::Clear() {
+  conditions_->Clear();
+  parameters_->Clear();
+  MarkStored();
+}
+
+void FormEntry::SetLanguage(Language language) {
+  choices_->SetLanguage(language);
+  model_->SetLanguage(language);
+  conditions_->SetLanguage(language);
+  parameters_->SetLanguage(language);
+}
+
+void FormEntry::Focus(At position) {
+  if (!parameters_->FocusRow(position)) conditions_->FocusBox(position);
+}
+
+}  // namespace velmora

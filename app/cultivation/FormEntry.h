@@ -1,0 +1,74 @@
+// The panels of choices, model, conditions and parameters as one form.
+#pragma once
+
+#include <QObject>
+#include <array>
+#include <string>
+
+#include "app/cultivation/NumberBox.h"
+#include "cultivation/CultivationForm.h"
+#include "language/Texts.h"
+
+class QWidget;
+
+namespace velmora {
+
+class ChoicesPanel;
+class ConditionsPanel;
+class ModelPanel;
+class ParametersPanel;
+
+/// Owns what the four panels say to each other: production decides which constants are entered,
+/// the model which parameters there are. Knows what was last stored, and so whether the user has
+/// changed anything since.
+class FormEntry : public QObject {
+  Q_OBJECT
+
+ public:
+  explicit FormEntry(QWidget* parent);
+
+  /// The panels, for the window to lay out.
+  QWidget* Choices() const;
+  QWidget* Model() const;
+  QWidget* Conditions() const;
+  QWidget* Parameters() const;
+
+  /// Shows a stored form: its texts hold the exact numbers, `shown` what the boxes show. `model` is
+  /// shown as confirmed; where it is null the model chosen before waits to be confirmed.
+  void SetStored(const CultivationForm& form, const std::array<std::string, 31>& shown,
+                 const velmora::Model* model);
+  /// What is entered, with the exact numbers of the boxes that show a rounded one.
+  CultivationForm Form() const;
+
+  /// Shows one number. It changes what counts as stored, unless the user has edited the box.
+  void SetBox(At position, const std::string& shown, const std::string& exact,
+              NumberBox::Mark mark = NumberBox::Mark::None);
+  /// What is entered now is what is stored.
+  void MarkStored();
+  /// Whether the user has changed something since.
+  bool Changed() const;
+
+  /// Fixes method, data set and production.
+  void SetFixed(bool fixed);
+  void SetEnabled(bool enabled);
+  /// Empties every box and takes back every tick.
+  void Clear();
+  void SetLanguage(Language language);
+  /// Goes to the box that a refusal is about.
+  void Focus(At position);
+
+ signals:
+  void Edited();
+
+ private:
+  void Wire();
+  std::array<QWidget*, 4> Panels() const;
+
+  ChoicesPanel* choices_;
+  ModelPanel* model_;
+  ConditionsPanel* conditions_;
+  ParametersPanel* parameters_;
+  CultivationForm stored_;
+};
+
+}  // namespace velmora

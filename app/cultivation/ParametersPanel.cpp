@@ -1,0 +1,184 @@
+#include "app/cultivation/ParametersPanel.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QVBoxLayout>
+
+#include "app/cultivation/PanelParts.h"
+#include "app/widgets/Idiomas.h"
+#include "kinetics/Modelos.h"
+
+namespace velmora {
+namespace {
+
+/// The parameters' symbols in the order of kFittable, rich text.
+constexpr std::array<const char*, kFittable.size()> kSymbols = {"µ<sub>max</sub>",
+                                                                "K<sub>s</sub>",
+                                                                "K<sub>is</sub>",
+                                                                "K<sub>ip</sub>",
+                                                                "C<sub>p</sub>*",
+                                                                "C<sub>x</sub>*",
+                                                                "n",
+                                                                "m",
+                                                                "u",
+                                                                "v"};
+constexpr int kValueWidth = 128;  // thirteen decimals
+constexpr int kBoundWidth = 64;
+enum Column { kTick, kName, kValue, kLowerBound, kUpperBound, kUnit };
+
+std::size_t IndexOf(At position) {
+  return static_cast<std::size_t>(position) - 1;
+}
+
+bool HasUnit(At position) {
+  return !UnitOf(position, kModels.front()).empty();
+}
+
+QString Spoken(const FittableParameter& parameter) {
+  QString label =
+      QString::fromUtf8(parameter.label.data(), static_cast<qsizetype>(parameter.label.size()));
+  return label.remove(QStringLiteral(" ="));
+}
+
+bool EmptyOrZero(const NumberBox& box) {
+  const QString text = box.text();
+  return std::all_of(text.begin(), text.end(), [](QChar c) { return c == u'0' || !c.isDigit(); });
+}
+
+}  // namespace
+
+std::array<QWidget*, 6> ParametersPanel::Row::All() const {
+  return {tick, name, value, lower, upper, unit};
+}
+
+ParametersPanel::ParametersPanel(QWidget* parent) : QWidget(parent) {
+  Build();
+  LayOut();
+  Wire();
+  SetModel(kModels.front());
+}
+
+void ParametersPanel::Build() {
+  frame_ = NewFrame(QStringLiteral("frameParametros"), this);
+  lowerHeading_ = NewLabel(QStringLiteral("lblLimInf"), {}, frame_);
+  upperHeading_ = NewLabel(QStringLiteral("lblLimSup"), {}, frame_);
+  for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = NewRow(i);
+}
+
+ParametersPanel::Row ParametersPanel::NewRow(std::size_t index) {
+  const FittableParameter& parameter = kFittable[index];
+  const QString name =
+      QString::fromUtf8(parameter.name.data(), static_cast<qsizetype>(parameter.name.size()));
+  const int number = static_cast<int>(index) + 1;
+  Row row;
+  row.tick = new QCheckBox(frame_);
+  row.tick->setObjectName(QStringLiteral("chk") + name);
+  row.name = NewLabel(QStringLiteral("lbl") + name, QString::fromUtf8(kSymbols[index]), frame_);
+  row.value = new NumberBox(QStringLiteral("txt") + name, frame_);
+  row.lower = new NumberBox(MemberName(QLatin1StringView("txtLimInf"), number), frame_);
+  row.upper = new NumberBox(MemberName(QLatin1StringView("txtLimSup"), number), frame_);
+  const QLatin1StringView units(HasUnit(parameter.position) ? "lblUnidConc" : "lblSemUnid");
+  row.unit = NewLabel(MemberName(units, number - 1), QStringLiteral("–"), frame_);
+  row.name->setBuddy(row.value);
+  row.value->setMinimumWidth(kValueWidth);
+  for (NumberBox* const bound : {row.lower, row.upper}) bound->setMinimumWidth(kBoundWidth);
+  return row;
+}
+
+void ParametersPanel::LayOut() {
+  auto* const grid = new QGridLayout(frame_);
+  TightenInside(*grid);
+  grid->setVerticalSpacing(kSpacing / 2);
+  grid->addWidget(lowerHeading_, 0, kLowerBound);
+  grid->addWidget(upperHeading_, 0, kUpperBound);
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    int column = kTick;
+    for (QWidget* const part : rows_[i].All())
+      grid->addWidget(part, static_cast<int>(i) + 1, column++);
+  }
+  grid->setColumnStretch(kValue, 3);
+  grid->setColumnStretch(kLowerBound, 2);
+  grid->setColumnStretch(kUpperBound, 2);
+  auto* const all = new QVBoxLayout(this);
+  Tighten(*all);
+  all->addWidget(frame_);
+}
+
+void ParametersPanel::Wire() {
+  for (const Row& row : rows_) {
+    connect(row.tick, &QCheckBox::clicked, this, [this] { emit Edited(); });
+    for (NumberBox* const box : {row.value, row.lower, row.upper})
+      connect(box, &QLineEdit::textEdited, this, [this] { emit Edited(); });
+  }
+}
+
+void ParametersPanel::SetModel(const Model& model) {
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    const At position = kFittable[i].position;
+    const bool used = Uses(model, position);
+    for (QWidget* const part : rows_[i].All()) part->setEnabled(used);
+    if (!used) rows_[i].tick->setChecked(false);
+    if (!HasUnit(position)) continue;
+    const std::string_view unit = UnitOf(position, model);
+    rows_[i].unit->setText(QString::fromUtf8(unit.data(), static_cast<qsizetype>(unit.size())));
+  }
+  // The unit label of Ks speaks of a concentration, which a ratio to the cells is not.
+  if (model.substrate == SubstrateTerm::Contois)
+    rows_[static_cast<std::size_t>(FittableIndex(At::Ks))].unit->setEnabled(false);
+}
+
+void ParametersPanel::SetValues(const CultivationForm& form,
+                                const std::array<std::string, 31>& shown) {
+  for (const FittableParameter& parameter : kFittable)
+    SetValue(parameter.position, shown[IndexOf(parameter.position)], form.At(parameter.position),
+             NumberBox::Mark::None);
+}
+
+void ParametersPanel::SetFit(const FitRows& fit) {
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    rows_[i].tick->setChecked(fit[i].ticked && rows_[i].tick->isEnabledTo(frame_));
+    rows_[i].lower->ShowNumber(fit[i].lower);
+    rows_[i].upper->ShowNumber(fit[i].upper);
+  }
+}
+
+void ParametersPanel::SetValue(At position, const std::string& shown, const std::string& exact,
+                               NumberBox::Mark mark) {
+  rows_[static_cast<std::size_t>(FittableIndex(position))].value->ShowNumber(shown, exact, mark);
+}
+
+void ParametersPanel::ReadInto(CultivationForm& form) const {
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    form.At(kFittable[i].position) = rows_[i].value->Number();
+    form.fit[i] = {rows_[i].tick->isChecked(), rows_[i].lower->Number(), rows_[i].upper->Number()};
+  }
+}
+
+void ParametersPanel::Clear() {
+  SetValues({}, {});
+  SetFit({});
+}
+
+void ParametersPanel::SetLanguage(Language language) {
+  for (std::size_t i = 0; i < rows_.size(); ++i) {
+    const QString name = Spoken(kFittable[i]);
+    rows_[i].tick->setAccessibleName(name);
+    rows_[i].value->setAccessibleName(name);
+    rows_[i].lower->setAccessibleName(Caption(TextId::LowerBound, language) + u' ' + name);
+    rows_[i].upper->setAccessibleName(Caption(TextId::UpperBound, language) + u' ' + name);
+  }
+}
+
+bool ParametersPanel::FocusRow(At position) {
+  const int index = FittableIndex(position);
+  if (index < 0) return false;
+  const Row& row = rows_[static_cast<std::size_t>(index)];
+  NumberBox* target = row.value;
+  for (NumberBox* const box : {row.upper, row.lower, row.value})
+    if (EmptyOrZero(*box)) target = box;
+  target->setFocus();
+  target->selectAll();
+  return true;
+}
+
+}  // namespace velmora

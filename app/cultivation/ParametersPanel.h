@@ -1,0 +1,69 @@
+// The ten kinetic parameters as one table: fitted or not, value, bounds, unit.
+#pragma once
+
+#include <QWidget>
+#include <array>
+#include <string>
+
+#include "app/cultivation/NumberBox.h"
+#include "cultivation/CultivationForm.h"
+#include "language/Texts.h"
+
+class QCheckBox;
+class QGroupBox;
+class QLabel;
+
+namespace velmora {
+
+class ParametersPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  using FitRows = std::array<FitRow, kFittable.size()>;
+
+  explicit ParametersPanel(QWidget* parent = nullptr);
+
+  /// Enables the parameters that the model uses, and unticks the others.
+  void SetModel(const Model& model);
+  /// Shows the values of a form; `shown` holds the texts to show for them, by position.
+  void SetValues(const CultivationForm& form, const std::array<std::string, 31>& shown);
+  /// Shows ticks and bounds. Only parameters of the model are ticked.
+  void SetFit(const FitRows& fit);
+  /// Shows one value; `position` must be that of a fittable parameter.
+  void SetValue(At position, const std::string& shown, const std::string& exact,
+                NumberBox::Mark mark);
+  /// Writes values, with the exact numbers behind them, ticks and bounds into the form.
+  void ReadInto(CultivationForm& form) const;
+  void Clear();
+  void SetLanguage(Language language);
+  /// Goes to the first box of the parameter's row that is empty or 0, or to its value; false where
+  /// `position` is none of the parameters.
+  bool FocusRow(At position);
+
+ signals:
+  void Edited();
+
+ private:
+  struct Row {
+    QCheckBox* tick = nullptr;
+    QLabel* name = nullptr;
+    NumberBox* value = nullptr;
+    NumberBox* lower = nullptr;
+    NumberBox* upper = nullptr;
+    QLabel* unit = nullptr;
+
+    std::array<QWidget*, 6> All() const;
+  };
+
+  void Build();
+  Row NewRow(std::size_t index);
+  void LayOut();
+  void Wire();
+
+  QGroupBox* frame_ = nullptr;
+  QLabel* lowerHeading_ = nullptr;
+  QLabel* upperHeading_ = nullptr;
+  std::array<Row, kFittable.size()> rows_;  // in the order of kFittable
+};
+
+}  // namespace velmora

@@ -1,0 +1,102 @@
+#include "app/cultivation/RunPanel.h"
+
+#include <QHBoxLayout>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTime>
+#include <QVBoxLayout>
+
+#include "app/cultivation/PanelParts.h"
+#include "app/widgets/Idiomas.h"
+
+namespace velmora {
+namespace {}  // namespace
+
+RunPanel::RunPanel(QWidget* parent) : QWidget(parent) {
+  Build();
+  LayOut();
+  Wire();
+  SetRunning(false);
+}
+
+void RunPanel::Build() {
+  save_ = new QPushButton(DrawnIcon(Symbol::Save), {}, this);
+  save_->setObjectName(QStringLiteral("cdmSalvar"));
+  start_ = new QPushButton(DrawnIcon(Symbol::Start), {}, this);
+  start_->setObjectName(QStringLiteral("cmdAjustar"));
+  stop_ = NewButton(QStringLiteral("Command1"), Symbol::Stop, this);
+  label_ = NewLabel(QStringLiteral("lblAjustePar"), {}, this);
+  label_->hide();
+  clock_ = NewLabel(QStringLiteral("lblTimer"), {}, this);
+  clock_->hide();
+  progress_ = new QProgressBar(this);
+  progress_->setObjectName(QStringLiteral("progresso"));
+  progress_->setFormat(QStringLiteral("%v / %m"));
+  progress_->hide();
+}
+
+void RunPanel::LayOut() {
+  auto* const buttons = new QHBoxLayout;
+  buttons->setSpacing(kSpacing);
+  buttons->addWidget(save_);
+  buttons->addWidget(start_);
+  buttons->addWidget(stop_);
+  buttons->addStretch();
+  auto* const course = new QHBoxLayout;
+  course->setSpacing(kSpacing);
+  course->addWidget(label_);
+  course->addWidget(clock_);
+  course->addWidget(progress_, 1);
+  course->addStretch();
+  auto* const all = new QVBoxLayout(this);
+  Tighten(*all);
+  all->addLayout(buttons);
+  all->addLayout(course);
+}
+
+void RunPanel::Wire() {
+  connect(save_, &QPushButton::clicked, this, &RunPanel::SaveAsked);
+  connect(start_, &QPushButton::clicked, this, &RunPanel::StartAsked);
+  connect(stop_, &QToolButton::clicked, this, &RunPanel::StopAsked);
+}
+
+void RunPanel::SetRunning(bool running) {
+  save_->setEnabled(!running);
+  start_->setEnabled(!running);
+  stop_->setEnabled(running);
+  progress_->setVisible(running);
+}
+
+void RunPanel::SetHeading(std::optional<TextId> heading) {
+  heading_ = heading;
+  label_->setVisible(heading.has_value());
+  clock_->setVisible(heading.has_value());
+  if (heading) label_->setText(Caption(*heading, language_));
+}
+
+void RunPanel::SetSimulates(bool simulates) {
+  simulates_ = simulates;
+  Show();
+}
+
+void RunPanel::ShowSeconds(int seconds) {
+  clock_->setText(QTime(0, 0).addSecs(seconds).toString(QStringLiteral("HH:mm:ss")));
+}
+
+void RunPanel::ShowProgress(int generation, int limit) {
+  progress_->setRange(0, limit);
+  progress_->setValue(generation);
+}
+
+void RunPanel::SetLanguage(Language language) {
+  language_ = language;
+  Show();
+}
+
+void RunPanel::Show() {
+  save_->setText(Caption(TextId::Save, language_));
+  start_->setText(Caption(simulates_ ? TextId::Simulate : TextId::Estimate, language_));
+  if (heading_) label_->setText(Caption(*heading_, language_));
+}
+
+}  // namespace velmora

@@ -1,0 +1,54 @@
+// Saving, starting, stopping; the clock and the progress of a run.
+#pragma once
+
+#include <QWidget>
+#include <optional>
+
+#include "language/Texts.h"
+
+class QLabel;
+class QProgressBar;
+class QPushButton;
+class QToolButton;
+
+namespace velmora {
+
+class RunPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit RunPanel(QWidget* parent = nullptr);
+
+  /// While a search runs only the stop command works here.
+  void SetRunning(bool running);
+  /// The heading beside the clock, which is hidden with it where there is none.
+  void SetHeading(std::optional<TextId> heading);
+  /// Whether the start command simulates instead of estimating.
+  void SetSimulates(bool simulates);
+  void ShowSeconds(int seconds);
+  void ShowProgress(int generation, int limit);
+  void SetLanguage(Language language);
+
+ signals:
+  void SaveAsked();
+  void StartAsked();
+  void StopAsked();
+
+ private:
+  void Build();
+  void LayOut();
+  void Wire();
+  void Show();
+
+  Language language_ = Language::Portuguese;
+  std::optional<TextId> heading_;
+  bool simulates_ = false;
+  QPushButton* save_ = nullptr;
+  QPushButton* start_ = nullptr;
+  QToolButton* stop_ = nullptr;
+  QLabel* label_ = nullptr;
+  QLabel* clock_ = nullptr;
+  QProgressBar* progress_ = nullptr;
+};
+
+}  // namespace velmora

@@ -1,0 +1,105 @@
+// The batch-cultivation window: conditions, model, fit set-up, run and results.
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+#include "app/widgets/Dialogs.h"
+#include "cultivation/CultivationForm.h"
+#include "data/FileFault.h"
+#include "session/Session.h"
+
+namespace velmora {
+
+class ChartsPanel;
+class ExperimentPanel;
+class FormEntry;
+class RunDisplay;
+
+class frmCultBatelada : public QWidget {
+  Q_OBJECT
+
+ public:
+  frmCultBatelada(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
+
+  /// Puts the computed curves on the clipboard as text.
+  void ExportarDados();
+  /// Saves the conditions to a file that the user chooses.
+  void SalvarArqCondBat();
+  /// Opens a conditions file that the user chooses; only then are stored conditions cleared, and
+  /// the boxes emptied where none are stored.
+  void AbrirCondBat();
+  /// Clears the stored conditions of the experiment at `place`.
+  void LimpaVet(int place);
+  /// Empties every box.
+  void LimpaCaixaTexto();
+  int NumExperimentos() const;
+  /// Takes over what changed in the experiment list, and redraws the three plots.
+  void ExperimentsChanged();
+  void GraficoSub();
+  /// Shows the legend, or hides it.
+  void LegendaSub();
+
+  /// Whether a search is running; StopRun ends it at its next generation without a question.
+  bool Running() const;
+  void StopRun();
+
+ signals:
+  /// Conditions, curves or results changed.
+  void SessionChanged();
+  /// The user goes back to the experiments window.
+  void BackToExperiments();
+  /// The plot `chart` ("picCx", "picCs", "picCp") was right-clicked.
+  void ChartMenu(const QString& chart, const QPoint& globalPosition);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  void BuildPanels();
+  void LayOut();
+  void Wire();
+  void ShowAtStart();
+
+  Answer Tell(const Message& message, Buttons buttons = Buttons::Ok, const QString& detail = {});
+  void Refuse(const Refusal& refusal);
+  void TellFault(const std::optional<FileFault>& fault);
+
+  // The experiment shown.
+  bool IsSaved(int place) const;
+  bool ShownIsCurrent(int place) const;
+  /// Whether unsaved entries still belong to the experiment, which is at `place` now: what they
+  /// began with is the same.
+  bool KeepsEntries(int place) const;
+  void TakePlace(int place);
+  /// Shows the experiment at `place`, 0 for none: its stored conditions, or what they may begin
+  /// with.
+  void MostrarCondCult(int place);
+  void ShowStored(const ConditionsRecord& record);
+  void ShowSuggested(const Experiment& experiment);
+  void ShowStanding();
+  void Step(int step);
+  void SalvarCondCult();
+
+  // The run.
+  void Ajustar();
+
+  Session& session_;
+  Dialogs& dialogs_;
+  ExperimentPanel* experiment_ = nullptr;
+  FormEntry* entry_ = nullptr;
+  RunDisplay* run_ = nullptr;
+  ChartsPanel* charts_ = nullptr;
+  int place_ = 0;
+  Experiment shown_;                   // the experiment at that place, as it was when it was shown
+  bool shownSaved_ = false;            // whether its conditions were saved then
+  std::vector<std::int16_t> numbers_;  // of the experiments in the list
+};
+
+}  // namespace velmora

@@ -1,0 +1,141 @@
+#include "app/experiments/ActionsPanel.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QToolButton>
+#include <limits>
+
+#include "app/experiments/WholeNumberBox.h"
+
+namespace velmora {
+namespace {
+
+using enum ExperimentAction;
+
+constexpr int kIconSize = 24;      // px
+constexpr int kNextStepSize = 32;  // px
+constexpr int kPlaceDigits = 5;
+constexpr int kGroupSpacing = 18;  // px, between groups of buttons
+
+struct ButtonRow {
+  ExperimentAction action;
+  const char* name;
+};
+constexpr std::array<ButtonRow, 8> kButtons = {{{Insert, "cmdInserir"},
+                                                {Save, "cmdSalvar"},
+                                                {Clear, "cmdLimparTexto"},
+                                                {ViewGraphs, "cmdGrafico"},
+                                                {GridLines, "cdmLinhasGrade"},
+                                                {Legend, "cdmLegenda"},
+                                                {Delete, "cmdExcluir"},
+                                                {NextStep, "cdmNextEtapa"}}};
+
+const QString kNextStepLook = QStringLiteral(
+    "QToolButton { background: #2e8b57; border: 1px solid #226b42; border-radius: 5px; "
+    "padding: 2px 14px; } QToolButton:hover { background: #37a368; } "
+    "QToolButton:pressed { background: #226b42; } QToolButton:focus { border: 2px solid black; }");
+
+}  // namespace
+
+ActionsPanel::ActionsPanel(QWidget* parent) : QWidget(parent), place_(new QLineEdit(this)) {
+  BuildButtons();
+  LayOut();
+  Wire();
+  EndDeleting();
+}
+
+void ActionsPanel::BuildButtons() {
+  for (const ButtonRow& row : kButtons) {
+    auto* const button = new QToolButton(this);
+    button->setObjectName(QLatin1StringView(row.name));
+    button->setIcon(IconOf(row.action, palette()));
+    button->setIconSize(QSize(kIconSize, kIconSize));
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->setAutoRaise(row.action != NextStep);
+    buttons_[static_cast<std::size_t>(row.action)] = button;
+  }
+  Button(GridLines).setCheckable(true);
+  Button(Legend).setCheckable(true);
+  Button(NextStep).setIconSize(QSize(kNextStepSize, kIconSize));
+  Button(NextStep).setStyleSheet(kNextStepLook);
+}
+
+QToolButton& ActionsPanel::Button(ExperimentAction action) const {
+  return *buttons_[static_cast<std::size_t>(action)];
+}
+
+void ActionsPanel::LayOut() {
+  auto* const layout = new QHBoxLayout(this);
+  layout->setContentsMargins({});
+  for (const ExperimentAction action : {Insert, Save, Clear}) layout->addWidget(&Button(action));
+  layout->addSpacing(kGroupSpacing);
+  layout->addLayout(DeletionRow());
+  layout->addSpacing(kGroupSpacing);
+  for (const ExperimentAction action : {ViewGraphs, GridLines, Legend})
+    layout->addWidget(&Button(action));
+  layout->addStretch(1);
+  auto* const nextStep = new QLabel(this);
+  nextStep->setObjectName(QStringLiteral("lblProxEtapa"));
+  layout->addWidget(nextStep);
+  layout->addWidget(&Button(NextStep));
+}
+
+QBoxLayout* ActionsPanel::DeletionRow() {
+  auto* const row = new QHBoxLayout;
+  auto* const question = new QLabel(this);
+  question->setObjectName(QStringLiteral("lblDesejaExcluir"));
+  row->addWidget(question);
+  for (std::size_t i = 0; i < deleting_.size(); ++i) {
+    deleting_[i] = new QRadioButton(this);
+    deleting_[i]->setObjectName(QStringLiteral("Option1(%1)").arg(i));
+    row->addWidget(deleting_[i]);
+  }
+  place_->setObjectName(QStringLiteral("txtExcluir"));
+  place_->setFixedWidth(fontMetrics().horizontalAdvance(QString(kPlaceDigits + 2, u'0')));
+  question->setBuddy(place_);
+  row->addWidget(place_);
+  row->addWidget(&Button(Delete));
+  return row;
+}
+
+void ActionsPanel::Wire() {
+  using Place = std::numeric_limits<std::int16_t>;
+  LimitToWholeNumbers(*place_, Place::min(), Place::max());
+  for (const ButtonRow& row : kButtons)
+    connect(&Button(row.action), &QToolButton::clicked, this,
+            [this, action = row.action] { emit Wanted(action); });
+  connect(place_, &QLineEdit::returnPressed, this, [this] { emit Wanted(Delete); });
+  for (QRadioButton* const option : deleting_)
+    connect(option, &QRadioButton::clicked, this, &ActionsPanel::ShowDeleting);
+}
+
+void ActionsPanel::ShowDeleting() {
+  const bool wanted = deleting_[1]->isChecked();
+  place_->setEnabled(wanted);
+  Button(Delete).setEnabled(wanted);
+  if (wanted) GoToPlace();
+}
+
+void ActionsPanel::SetShown(bool gridLines, bool legend) {
+  Button(GridLines).setChecked(gridLines);
+  Button(Legend).setChecked(legend);
+}
+
+int ActionsPanel::PlaceToDelete() const {
+  return place_->text().toInt();
+}
+
+void ActionsPanel::GoToPlace() {
+  place_->setFocus();
+  place_->selectAll();
+}
+
+void ActionsPanel::EndDeleting() {
+  deleting_[0]->setChecked(true);
+  place_->clear();
+  ShowDeleting();
+}
+
+}  // namespace velmora

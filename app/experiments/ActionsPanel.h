@@ -1,0 +1,46 @@
+// The buttons of the experiments window, and the place to be deleted.
+#pragma once
+
+#include <QWidget>
+#include <array>
+
+#include "app/experiments/ExperimentIcons.h"
+
+class QBoxLayout;
+class QLineEdit;
+class QRadioButton;
+class QToolButton;
+
+namespace velmora {
+
+class ActionsPanel : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ActionsPanel(QWidget* parent = nullptr);
+
+  /// Shows whether the plots have grid lines and whether the legend is shown.
+  void SetShown(bool gridLines, bool legend);
+  /// The typed place; 0 where the box holds no number.
+  int PlaceToDelete() const;
+  void GoToPlace();
+  /// Takes back the wish to delete an experiment.
+  void EndDeleting();
+
+ signals:
+  void Wanted(velmora::ExperimentAction action);
+
+ private:
+  void BuildButtons();
+  void LayOut();
+  void Wire();
+  QBoxLayout* DeletionRow();
+  QToolButton& Button(ExperimentAction action) const;
+  void ShowDeleting();
+
+  std::array<QToolButton*, 8> buttons_{};
+  std::array<QRadioButton*, 2> deleting_{};  // Option1: no, yes
+  QLineEdit* place_;
+};
+
+}  // namespace velmora

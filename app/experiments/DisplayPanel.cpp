@@ -1,0 +1,188 @@
+#include "app/experiments/DisplayPanel.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QToolButton>
+
+#include "app/charts/Markers.h"
+#include "app/widgets/Idiomas.h"
+#include "data/ExperimentEntry.h"
+
+namespace velmora {
+namespace {
+
+// Text ids of the captions that no control of the caption table has.
+
+constexpr int kSample = 16;  // px, height of what a chooser shows
+constexpr QSize kLineSample(34, kSample);
+constexpr int kCaptionWidth = 64;  // px; longer captions take two lines
+constexpr int kNumberWidth = 88;   // px, of the first column with the place
+constexpr std::int16_t kLineStyles = 3;
+enum Column { kPlace, kNumber, kMarker, kColour, kLine, kVisible };
+
+QString Member(const char* array, int place) {
+  return QStringLiteral("%1(%2)").arg(QLatin1StringView(array)).arg(place);
+}
+
+/// An empty chooser of pictures.
+QComboBox* Chooser(const char* array, int place, const QSize& sample, QWidget* parent) {
+  auto* const chooser = new QComboBox(parent);
+  chooser->setObjectName(Member(array, place));
+  chooser->setIconSize(sample);
+  return chooser;
+}
+
+void AddPicture(QComboBox& chooser, const QPixmap& picture, std::string_view name) {
+  const QString spoken = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
+  chooser.addItem(QIcon(picture), QString());
+  chooser.setItemData(chooser.count() - 1, spoken, Qt::AccessibleTextRole);
+}
+
+QLabel* CaptionLabel(QWidget* parent) {
+  auto* const label = new QLabel(parent);
+  label->setWordWrap(true);
+  label->setFixedWidth(kCaptionWidth);
+  label->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
+  return label;
+}
+
+}  // namespace
+
+DisplayPanel::DisplayPanel(QWidget* parent)
+    : QWidget(parent), numberCaption_(CaptionLabel(this)), markerCaption_(CaptionLabel(this)) {
+  for (int place = 1; place <= kRows; ++place) BuildRow(place);
+  LayOut();
+  Wire();
+  for (int place = 1; place <= kRows; ++place) SetDisplay(place, UsualDisplay(place));
+}
+
+void DisplayPanel::BuildRow(int place) {
+  Row& row = At(place);
+  const QSize square(kSample, kSample);
+  row.number = new QToolButton(this);
+  row.number->setObjectName(Member("cmdMostrar", place));
+  row.number->setCheckable(true);
+  row.number->setFocusPolicy(Qt::StrongFocus);
+  row.marker = Chooser("IcmbEstiloLinha", place, square, this);
+  for (const std::string_view marker : kMarkers)
+    AddPicture(*row.marker, MarkerPixmap(marker, kSample), marker);
+  row.colour = Chooser("IcmbCor", place, square, this);
+  for (std::int32_t colour = 1; const Colour& each : kColours)
+    AddPicture(*row.colour, ColourPixmap(colour++, kSample), each.name);
+  row.line = Chooser("IcmbLinha", place, kLineSample, this);
+  for (std::int16_t line = 1; line <= kLineStyles; ++line)
+    AddPicture(*row.line, LinePixmap(line, kLineSample), std::to_string(line));
+  row.visible = new QCheckBox(this);
+  row.visible->setObjectName(Member("Check1", place));
+}
+
+void DisplayPanel::LayOut() {
+  auto* const layout = new QGridLayout(this);
+  layout->setContentsMargins({});
+  layout->setVerticalSpacing(3);
+  LayOutCaptions(*layout);
+  for (int place = 1; place <= kRows; ++place) {
+    const Row& row = At(place);
+    row.number->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    layout->addWidget(new QLabel(QStringLiteral("%1.").arg(place), this), place, kPlace,
+                      Qt::AlignRight);
+    layout->addWidget(row.number, place, kNumber);
+    layout->addWidget(row.marker, place, kMarker);
+    layout->addWidget(row.colour, place, kColour);
+    layout->addWidget(row.line, place, kLine);
+    layout->addWidget(row.visible, place, kVisible, Qt::AlignCenter);
+  }
+}
+
+void DisplayPanel::LayOutCaptions(QGridLayout& layout) {
+  numberCaption_->setFixedWidth(kNumberWidth);
+  layout.addWidget(numberCaption_, 0, kPlace, 1, 2);
+  layout.addWidget(markerCaption_, 0, kMarker);
+  for (int place = 1; place <= kRows; ++place) {
+    const Row& row = At(place);
+    const std::pair<const char*, QWidget*> captioned[] = {
+        {"Label10", row.colour}, {"Label9", row.line}, {"Label11", row.visible}};
+    int column = kColour;
+    for (const auto& [name, control] : captioned) {
+      QLabel* const caption = CaptionLabel(this);
+      caption->setObjectName(Member(name, place));
+      caption->setBuddy(control);
+      // A column is captioned once, above it; the captions of the lower rows only name choosers.
+      caption->setVisible(place == 1);
+      if (place == 1) layout.addWidget(caption, 0, column);
+      ++column;
+    }
+  }
+}
+
+void DisplayPanel::Wire() {
+  for (int place = 1; place <= kRows; ++place) {
+    Row& row = At(place);
+    connect(row.number, &QToolButton::clicked, this, [this, place] { emit ShowWanted(place); });
+    connect(row.marker, &QComboBox::activated, this, [this, &row](int index) {
+      row.display.marker = kMarkers[static_cast<std::size_t>(index)];
+      emit Edited();
+    });
+    connect(row.colour, &QComboBox::activated, this, [this, &row](int index) {
+      row.display.colour = index + 1;
+      emit Edited();
+    });
+    connect(row.line, &QComboBox::activated, this, [this, &row](int index) {
+      row.display.line = static_cast<std::int16_t>(index + 1);
+      emit Edited();
+    });
+    connect(row.visible, &QCheckBox::clicked, this, [this, &row](bool checked) {
+      row.display.visible = checked;
+      emit Edited();
+    });
+  }
+}
+
+void DisplayPanel::SetLanguage(Language language) {
+  numberCaption_->setText(Caption(TextId::Experiments, language));
+  markerCaption_->setText(Caption(TextId::Symbol, language));
+  for (int place = 1; place <= kRows; ++place) {
+    const Row& row = At(place);
+    const auto caption = [this, place](const char* label) {
+      return findChild<QLabel*>(Member(label, place))->text() + QStringLiteral(" %1").arg(place);
+    };
+    row.number->setAccessibleName(numberCaption_->text() + QStringLiteral(" %1").arg(place));
+    row.number->setToolTip(row.number->accessibleName());
+    row.marker->setAccessibleName(markerCaption_->text() + QStringLiteral(" %1").arg(place));
+    row.colour->setAccessibleName(caption("Label10"));
+    row.line->setAccessibleName(caption("Label9"));
+    row.visible->setAccessibleName(caption("Label11"));
+  }
+}
+
+void DisplayPanel::SetExperiments(const std::vector<std::int16_t>& numbers, int shown) {
+  const int count = static_cast<int>(numbers.size());
+  for (int place = 1; place <= kRows; ++place) {
+    const Row& row = At(place);
+    const bool present = place <= count;
+    row.number->setText(present ? QString::number(numbers[static_cast<std::size_t>(place) - 1])
+                                : QString());
+    row.number->setEnabled(present);
+    row.number->setChecked(place == shown);
+    for (QWidget* const chooser :
+         std::initializer_list<QWidget*>{row.marker, row.colour, row.line, row.visible})
+      chooser->setEnabled(place <= count + 1);
+  }
+}
+
+void DisplayPanel::SetDisplay(int place, const DisplayEntry& display) {
+  Row& row = At(place);
+  row.display = display;
+  row.marker->setCurrentIndex(MarkerNumber(display.marker) - 1);
+  row.colour->setCurrentIndex(row.colour->count() < display.colour ? -1 : display.colour - 1);
+  row.line->setCurrentIndex(row.line->count() < display.line ? -1 : display.line - 1);
+  row.visible->setChecked(display.visible);
+}
+
+const DisplayEntry& DisplayPanel::Display(int place) const {
+  return At(place).display;
+}
+
+}  // namespace velmora

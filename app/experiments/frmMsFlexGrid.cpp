@@ -1,0 +1,347 @@
+#include "app/experiments/frmMsFlexGrid.h"
+
+#include <QEvent>
+#include <QFile>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "app/charts/LegendView.h"
+#include "app/experiments/ActionsPanel.h"
+#include "app/experiments/DisplayPanel.h"
+#include "app/experiments/EntryPanel.h"
+#include "app/experiments/ExperimentGridView.h"
+#include "app/experiments/PlotsPanel.h"
+#include "app/widgets/Idiomas.h"
+#include "data/ExperimentFile.h"
+#include "data/FileFault.h"
+#include "session/Session.h"
+
+namespace velmora {
+namespace {
+constexpr int kLegendWidth = 190;  // px; the heading fits on one line
+
+// The file dialogs' filters are the same in both languages.
+const QString kOpenFilter = QStringLiteral("ABR abr(*.abr)");
+const QString kSaveFilter = QStringLiteral("Arquivos Textos (*.abr)");
+const QString kSuffix = QStringLiteral("abr");
+
+std::string LocalPath(const QString& file) {
+  return QFile::encodeName(file).toStdString();
+}
+
+}  // namespace
+
+frmMsFlexGrid::frmMsFlexGrid(Session& session, Dialogs& dialogs, QWidget* parent)
+    : QWidget(parent), session_(session), dialogs_(dialogs) {
+  setObjectName(QStringLiteral("frmMsFlexGrid"));
+  BuildPanels();
+  LayOut();
+  Wire();
+  ShowAtStart();
+}
+
+void frmMsFlexGrid::BuildPanels() {
+  actions_ = new ActionsPanel(this);
+  entry_ = new EntryPanel(session_.separator, this);
+  displays_ = new DisplayPanel(this);
+  legend_ = new LegendView(ProgramFolder(), this);
+  legend_->setObjectName(QStringLiteral("picLegenda"));
+  plots_ = new PlotsPanel(this);
+}
+
+void frmMsFlexGrid::LayOut() {
+  auto* const graphs = new QGroupBox(this);
+  graphs->setObjectName(QStringLiteral("frmGrafico"));
+  auto* const plots = new QVBoxLayout(graphs);
+  plots->addWidget(plots_);
+  auto* const choosers = new QVBoxLayout;
+  choosers->addWidget(displays_);
+  choosers->addWidget(LegendCorner());
+  choosers->addStretch(1);
+  auto* const body = new QHBoxLayout;
+  body->addWidget(entry_, 2);
+  body->addLayout(choosers);
+  body->addWidget(graphs, 5);
+  auto* const layout = new QVBoxLayout(this);
+  layout->addWidget(actions_);
+  layout->addLayout(body, 1);
+}
+
+QWidget* frmMsFlexGrid::LegendCorner() {
+  auto* const corner = new QWidget(this);
+  auto* const row = new QHBoxLayout(corner);
+  row->setContentsMargins({});
+  legend_->setMinimumWidth(kLegendWidth);
+  row->addWidget(legend_);
+  row->addStretch(1);
+  return corner;
+}
+
+void frmMsFlexGrid::Wire() {
+  connect(actions_, &ActionsPanel::Wanted, this, &frmMsFlexGrid::Do);
+  connect(entry_, &EntryPanel::Refused, this,
+          [this](const Message& refusal) { dialogs_.Show(this, refusal); });
+  connect(displays_, &DisplayPanel::Edited, this, &frmMsFlexGrid::TakeDisplays);
+  connect(displays_, &DisplayPanel::ShowWanted, this, &frmMsFlexGrid::ShowPlace);
+  connect(plots_, &PlotsPanel::Activated, this, &frmMsFlexGrid::TellEmptyPlots);
+  connect(plots_, &PlotsPanel::MenuRequested, this, &frmMsFlexGrid::ChartMenu);
+}
+
+void frmMsFlexGrid::ShowAtStart() {
+  Idiomas(*this, session_.language);
+  if (session_.lists.Empty())
+    ShowNew();
+  else
+    Mostrar(1);
+  Redraw();
+}
+
+void frmMsFlexGrid::changeEvent(QEvent* event) {
+  QWidget::changeEvent(event);
+  if (event->type() != QEvent::LanguageChange) return;
+  displays_->SetLanguage(session_.language);
+  legend_->SetHeading(Caption(TextId::LegendHeading, session_.language));
+  entry_->Grid().setAccessibleName(Caption(TextId::ExperimentalData, session_.language));
+}
+
+void frmMsFlexGrid::Do(ExperimentAction action) {
+  switch (action) {
+    case ExperimentAction::Insert:
+      return Insert();
+    case ExperimentAction::Save:
+      return Save();
+    case ExperimentAction::Clear:
+      return Clear();
+    case ExperimentAction::ViewGraphs:
+      return GraficoSub();
+    case ExperimentAction::GridLines:
+      return ToggleGridLines();
+    case ExperimentAction::Legend:
+      return LegendaSub();
+    case ExperimentAction::Delete:
+      return Delete();
+    case ExperimentAction::NextStep:
+      return emit NextStep();
+  }
+}
+
+void frmMsFlexGrid::Insert() {
+  if (MayLeave()) ShowNew();
+}
+
+void frmMsFlexGrid::Save() {
+  EntryRead entry = entry_->Entry();
+  if (entry.refusal) {
+    dialogs_.Show(this, entry.refusal->message);
+    entry_->GoTo(*entry.refusal);
+    return;
+  }
+  const SaveQuestions ask = AskBeforeSaving(session_.lists, entry.experiment);
+  if (ask.replace && dialogs_.Show(this, *ask.replace, Buttons::YesNo) != Answer::Yes) return;
+  if (ask.refusal) {
+    dialogs_.Show(this, *ask.refusal);
+    return;
+  }
+  if (dialogs_.Show(this, ask.confirm, Buttons::OkCancel) != Answer::Ok) return;
+  Inserir_Experimento(std::move(entry.experiment));
+}
+
+void frmMsFlexGrid::Inserir_Experimento(Experiment experiment) {
+  const std::int16_t number = experiment.number;
+  const int known = session_.lists.PlaceOf(number);
+  const int place = known != 0 ? known : session_.lists.Count() + 1;
+  DisplayEntry display =
+      place <= DisplayPanel::kRows ? displays_->Display(place) : UsualDisplay(place);
+  if (!SaveExperiment(session_.lists, std::move(experiment), std::move(display))) {
+    dialogs_.Show(this, RefuseFullLists());
+    return;
+  }
+  Verficar_Valores();
+  Mostrar(place);
+  ListsChanged();
+}
+
+void frmMsFlexGrid::Verficar_Valores() {
+  const int rows = std::min(session_.lists.Count(), DisplayPanel::kRows);
+  for (int place = 1; place <= rows; ++place) {
+    DisplayEntry& display = session_.lists.Display(place);
+    display = displays_->Display(place);
+  }
+}
+
+void frmMsFlexGrid::ResetNextDisplays() {
+  for (int place = session_.lists.Count() + 1; place <= DisplayPanel::kRows; ++place)
+    displays_->SetDisplay(place, UsualDisplay(place));
+}
+
+void frmMsFlexGrid::Clear() {
+  entry_->Clear();
+  shown_ = 0;
+  ShowLists();
+  dialogs_.Show(this, {{TextId::ClickDelete}, TextId::Information, Icon::Information});
+}
+
+void frmMsFlexGrid::Delete() {
+  const int place = actions_->PlaceToDelete();
+  if (const std::optional<Message> refusal = DeleteExperiment(session_, place)) {
+    dialogs_.Show(this, *refusal);
+    actions_->GoToPlace();
+    return;
+  }
+  ResetNextDisplays();
+  actions_->EndDeleting();
+  ShowAfterDeleting(place);
+  ListsChanged();
+}
+
+void frmMsFlexGrid::ShowAfterDeleting(int place) {
+  const bool wasShown = shown_ == place;
+  if (shown_ > place) --shown_;
+  if (entry_->Unsaved() && !wasShown) return;
+  if (session_.lists.Empty())
+    ShowNew();
+  else
+    Mostrar(wasShown || shown_ == 0 ? std::min(place, session_.lists.Count()) : shown_);
+}
+
+void frmMsFlexGrid::Mostrar(int place) {
+  const Experiment& experiment = session_.lists.At(place);
+  entry_->SetEntry(HeaderOf(experiment, session_.separator),
+                   RowsOf(experiment, session_.separator));
+  shown_ = place;
+  ShowLists();
+}
+
+void frmMsFlexGrid::ShowNew() {
+  ExperimentHeader header;
+  if (const int number = NextFreeNumber(session_.lists); number != 0)
+    header.number = std::to_string(number);
+  entry_->SetEntry(header, std::vector<GridRow>(1));
+  shown_ = 0;
+  ShowLists();
+}
+
+void frmMsFlexGrid::ShowPlace(int place) {
+  if (MayLeave())
+    Mostrar(place);
+  else
+    ShowLists();
+}
+
+bool frmMsFlexGrid::MayLeave() {
+  if (!entry_->Unsaved()) return true;
+  return dialogs_.Show(this, {{TextId::AskToGiveUp}, TextId::ExperimentNotSaved, Icon::Question},
+                       Buttons::YesNo) == Answer::Yes;
+}
+
+void frmMsFlexGrid::TakeDisplays() {
+  Verficar_Valores();
+  ListsChanged();
+}
+
+void frmMsFlexGrid::OkSub() {
+  if (const std::optional<Message> refusal = RefuseEmptyLists(session_.lists)) {
+    dialogs_.Show(this, *refusal);
+    return;
+  }
+  const Message question = UnsavedQuestion();
+  if (entry_->Unsaved() && dialogs_.Show(this, question, Buttons::YesNo) != Answer::Yes) return;
+  const QString file = dialogs_.SaveFile(this, kSaveFilter, kSuffix);
+  if (file.isEmpty()) return;
+  if (const auto fault = WriteExperiments(session_.lists, LocalPath(file))) TellFault(*fault);
+}
+
+bool frmMsFlexGrid::cmdAbrirOkSub() {
+  if (!MayLeave()) return false;
+  const QString file = dialogs_.OpenFile(this, kOpenFilter);
+  if (file.isEmpty()) return false;
+  ExperimentLists lists;
+  const ExperimentsRead read = ReadExperiments(LocalPath(file), lists);
+  const bool opened = !read.fault || read.appended > 0;
+  if (opened) {
+    ReplaceExperiments(session_, std::move(lists));
+    ResetNextDisplays();
+    if (session_.lists.Empty())
+      ShowNew();
+    else
+      Mostrar(1);
+    ListsChanged();
+  }
+  if (read.fault) TellFault(*read.fault);
+  return opened;
+}
+
+void frmMsFlexGrid::TellFault(const FileFault& fault) {
+  dialogs_.Show(this, {{TextId::FileError}, TextId::Error, Icon::Critical}, Buttons::Ok,
+                QString::fromStdString(FaultDetail(fault, session_.language)));
+}
+
+void frmMsFlexGrid::GraficoSub() {
+  Redraw();
+  const std::vector<LegendRow> visible = LegendRows(session_.lists);
+  if (visible.empty())
+    dialogs_.Show(this, {{TextId::NoGraphSelected, "\n", TextId::CheckVisible},
+                         TextId::GraphNotSelected,
+                         Icon::Information});
+}
+
+void frmMsFlexGrid::TellEmptyPlots() {
+  if (session_.lists.Empty()) dialogs_.Show(this, Attention({TextId::NothingToPlot}));
+}
+
+void frmMsFlexGrid::ToggleGridLines() {
+  session_.gridLines = !session_.gridLines;
+  Redraw();
+  emit SessionChanged();
+}
+
+void frmMsFlexGrid::LegendaSub() {
+  legend_->setVisible(legend_->isHidden());
+  Redraw();
+}
+
+void frmMsFlexGrid::ListsChanged() {
+  ShowLists();
+  // Who listens may take the curves away that no longer stand for the list.
+  emit SessionChanged();
+  Redraw();
+}
+
+void frmMsFlexGrid::ShowLists() {
+  std::vector<std::int16_t> numbers;
+  for (const Experiment& experiment : session_.lists.Experiments())
+    numbers.push_back(experiment.number);
+  displays_->SetExperiments(numbers, shown_);
+  const int rows = std::min(session_.lists.Count(), DisplayPanel::kRows);
+  for (int place = 1; place <= rows; ++place)
+    displays_->SetDisplay(place, session_.lists.Display(place));
+}
+
+void frmMsFlexGrid::Redraw() {
+  const ModelCurves* const curves = session_.curvesPresent ? &session_.curves : nullptr;
+  plots_->SetContent(session_.lists, curves, session_.gridLines, session_.separator);
+  legend_->SetRows(LegendRows(session_.lists));
+  actions_->SetShown(session_.gridLines, !legend_->isHidden());
+}
+
+void frmMsFlexGrid::Sub_Copiar() {
+  entry_->Grid().Copiar();
+}
+
+void frmMsFlexGrid::Sub_Recortar() {
+  Sub_Copiar();
+  Sub_Limpar();
+}
+
+void frmMsFlexGrid::Sub_Colar() {
+  entry_->Grid().Colar();
+}
+
+void frmMsFlexGrid::Sub_Limpar() {
+  entry_->Grid().Apagar();
+}
+
+}  // namespace velmora

@@ -1,0 +1,105 @@
+// The experiments window: entry of measured points, display choosers, three plots.
+#pragma once
+
+#include <QPoint>
+#include <QString>
+#include <QWidget>
+
+#include "app/experiments/ExperimentIcons.h"
+#include "app/widgets/Dialogs.h"
+#include "data/FileFault.h"
+#include "session/Session.h"
+
+namespace velmora {
+
+class ActionsPanel;
+class DisplayPanel;
+class EntryPanel;
+class LegendView;
+class PlotsPanel;
+
+class frmMsFlexGrid : public QWidget {
+  Q_OBJECT
+
+ public:
+  frmMsFlexGrid(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
+
+  /// Saves the experiments to a file that the user chooses.
+  void OkSub();
+  /// Opens a file that the user chooses; only then are the experiments and conditions in the lists
+  /// removed. False where the user cancels, or where the file gives no experiment because of a
+  /// fault: then everything stays.
+  bool cmdAbrirOkSub();
+  /// Shows the legend, or hides it.
+  void LegendaSub();
+  /// Redraws the three plots; where no experiment is visible, says so.
+  void GraficoSub();
+
+  void Sub_Copiar();
+  void Sub_Recortar();
+  void Sub_Colar();
+  void Sub_Limpar();
+
+ signals:
+  /// The lists or what is drawn of them changed.
+  void SessionChanged();
+  /// The user goes on to the cultivation window.
+  void NextStep();
+  /// The plot `chart` ("picCx", "picCs", "picCp") was right-clicked.
+  void ChartMenu(const QString& chart, const QPoint& globalPosition);
+
+ protected:
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void BuildPanels();
+  void LayOut();
+  /// The legend, in the corner that the choosers leave free.
+  QWidget* LegendCorner();
+  void Wire();
+  void ShowAtStart();
+
+  void Do(ExperimentAction action);
+  /// Shows a new, empty experiment with the next free number.
+  void Insert();
+  void Save();
+  void Clear();
+  void Delete();
+  void ToggleGridLines();
+
+  /// Puts the experiment into both lists, with its row of choosers, and takes over the other rows.
+  void Inserir_Experimento(Experiment experiment);
+  /// Takes the rows of choosers over into the display list.
+  void Verficar_Valores();
+  /// Gives the rows of choosers behind the experiments their usual values.
+  void ResetNextDisplays();
+  /// Shows the experiment at `place`.
+  void Mostrar(int place);
+  void ShowNew();
+  /// After a deletion: what is being entered stays, unless it is what was deleted.
+  void ShowAfterDeleting(int place);
+
+  /// The user wants the experiment at `place` shown.
+  void ShowPlace(int place);
+  void TakeDisplays();
+  void TellEmptyPlots();
+  void TellFault(const FileFault& fault);
+  /// Whether nothing unsaved is shown, or the user gives it up.
+  bool MayLeave();
+
+  void ShowLists();
+  void Redraw();
+  /// Shows what changed in the lists, and tells everybody.
+  void ListsChanged();
+
+  Session& session_;
+  Dialogs& dialogs_;
+  EntryPanel* entry_ = nullptr;
+  DisplayPanel* displays_ = nullptr;
+  ActionsPanel* actions_ = nullptr;
+  PlotsPanel* plots_ = nullptr;
+  LegendView* legend_ = nullptr;
+  int shown_ = 0;  // the place that is shown; 0 for a new experiment
+};
+
+}  // namespace velmora

@@ -1,0 +1,329 @@
+#include "app/shell/MDIForm1.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QCloseEvent>
+#include <QLibraryInfo>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QScreen>
+
+#include "app/charts/LegendView.h"
+#include "app/charts/frmZoom.h"
+#include "app/cultivation/frmCultBatelada.h"
+#include "app/experiments/frmMsFlexGrid.h"
+#include "app/settings/frmParametros.h"
+#include "app/shell/ChildFrame.h"
+#include "app/shell/HelpDocument.h"
+#include "app/shell/MainMenu.h"
+#include "app/shell/frmSobre.h"
+#include "app/widgets/Idiomas.h"
+#include "session/Session.h"
+
+namespace velmora {
+namespace {
+
+constexpr const char* kProgramName = "Velmora";
+constexpr QSize kUsualSize(1280, 800);
+constexpr int kTitleBar = 60;  // pixels, at most
+
+/// Shows the small window, which lives until it is closed; an open one comes to the front.
+template <typename Window, typename... Arguments>
+void ShowSmallWindow(QPointer<Window>& window, Arguments&&... arguments) {
+  if (window.isNull()) {
+    window = new Window(arguments...);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+  }
+  window->show();
+  window->raise();
+  window->activateWindow();
+}
+
+}  // namespace
+
+MDIForm1::MDIForm1(Session& session, Dialogs& dialogs, QWidget* parent)
+    : QMainWindow(parent), session_(session), dialogs_(dialogs) {
+  setObjectName(QStringLiteral("MDIForm1"));
+  setWindowTitle(QLatin1StringView(kProgramName));
+  BuildPanels();
+  LayOut();
+  Wire();
+  ShowAtStart();
+}
+
+void MDIForm1::BuildPanels() {
+  area_ = new QMdiArea(this);
+  area_->setObjectName(QStringLiteral("mdiArea"));
+  area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+  menu_ = new MainMenu(*this);
+}
+
+void MDIForm1::LayOut() {
+  setCentralWidget(area_);
+  const QSize room = screen()->availableSize();
+  resize(kUsualSize.boundedTo(room));
+  // The usual size with its title bar would reach beyond a small screen.
+  if (room.width() <= kUsualSize.width() || room.height() <= kUsualSize.height() + kTitleBar)
+    setWindowState(Qt::WindowMaximized);
+}
+
+void MDIForm1::Wire() {
+  struct Command {
+    const char* item;
+    void (MDIForm1::*run)();
+  };
+  constexpr Command kCommands[] = {{"mnuNovo", &MDIForm1::ShowExperiments},
+                                   {"mnuAbrirExp", &MDIForm1::OpenExperiments},
+                                   {"mnuACondBat", &MDIForm1::OpenConditions},
+                                   {"mnuSalvarExp", &MDIForm1::SaveExperiments},
+                                   {"mnuSCondBat", &MDIForm1::SaveConditions},
+                                   {"mnuExcluir", &MDIForm1::ClearAll},
+                                   {"mnuExportarDados", &MDIForm1::ExportCurves},
+                                   {"mnuZoom", &MDIForm1::OpenZoom},
+                                   {"mnuCopiar", &MDIForm1::CopyChart},
+                                   {"mnuLegenda", &MDIForm1::ToggleLegend},
+                                   {"mnuLeg", &MDIForm1::ToggleLegend},
+                                   {"mnuLinhaGrade", &MDIForm1::ToggleGridLines},
+                                   {"mnuBatelada", &MDIForm1::ShowCultivation},
+                                   {"mnuParED", &MDIForm1::ShowSettings},
+                                   {"mnuSobre", &MDIForm1::ShowAbout},
+                                   {"mnuTopAjuda", &MDIForm1::ShowHelp}};
+  for (const Command& command : kCommands)
+    connect(&menu_->Item(command.item), &QAction::triggered, this,
+            [this, run = command.run] { (this->*run)(); });
+  connect(&menu_->Item("mnuSair"), &QAction::triggered, this, &MDIForm1::close);
+  connect(&menu_->Item("mnuPort"), &QAction::triggered, this,
+          [this] { SwitchLanguage(Language::Portuguese); });
+  connect(&menu_->Item("mnuIngles"), &QAction::triggered, this,
+          [this] { SwitchLanguage(Language::English); });
+  connect(menu_, &MainMenu::Opening, this, &MDIForm1::RefreshMenus);
+  connect(area_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* active) {
+    if (const auto* const frame = qobject_cast<ChildFrame*>(active))
+      session_.activeWindow = frame->Window().objectName().toStdString();
+  });
+}
+
+void MDIForm1::ShowAtStart() {
+  TranslateToolkit();
+  Idiomas(*this, session_.language);
+  LoadChildren();
+}
+
+void MDIForm1::LoadChildren() {
+  experiments_ = new frmMsFlexGrid(session_, dialogs_);
+  cultivation_ = new frmCultBatelada(session_, dialogs_);
+  experimentsFrame_ = Frame(experiments_);
+  cultivationFrame_ = Frame(cultivation_);
+  connect(experiments_, &frmMsFlexGrid::SessionChanged, cultivation_,
+          &frmCultBatelada::ExperimentsChanged);
+  connect(experiments_, &frmMsFlexGrid::SessionChanged, this, &MDIForm1::RefreshMenus);
+  connect(experiments_, &frmMsFlexGrid::NextStep, this, &MDIForm1::ShowCultivation);
+  connect(experiments_, &frmMsFlexGrid::ChartMenu, this, &MDIForm1::ShowChartMenu);
+  connect(cultivation_, &frmCultBatelada::SessionChanged, this, &MDIForm1::RefreshMenus);
+  connect(cultivation_, &frmCultBatelada::SessionChanged, this, &MDIForm1::RedrawExperiments);
+  connect(cultivation_, &frmCultBatelada::BackToExperiments, this, &MDIForm1::ShowExperiments);
+  connect(cultivation_, &frmCultBatelada::ChartMenu, this, &MDIForm1::ShowChartMenu);
+  ShowExperiments();
+  RefreshMenus();
+}
+
+ChildFrame* MDIForm1::Frame(QWidget* child) {
+  auto* const frame = new ChildFrame(child);
+  area_->addSubWindow(frame);
+  // addSubWindow sets it; only clearing the lists unloads a work window.
+  frame->setAttribute(Qt::WA_DeleteOnClose, false);
+  return frame;
+}
+
+void MDIForm1::UnloadChildren() {
+  for (ChildFrame* const frame : {experimentsFrame_, cultivationFrame_}) {
+    area_->removeSubWindow(frame);
+    delete frame;
+  }
+}
+
+void MDIForm1::Bring(ChildFrame* front, ChildFrame* back) {
+  back->PutAway();
+  area_->setActiveSubWindow(front);
+  front->BringUp();
+}
+
+void MDIForm1::ShowExperiments() {
+  Bring(experimentsFrame_, cultivationFrame_);
+}
+
+void MDIForm1::ShowCultivation() {
+  Bring(cultivationFrame_, experimentsFrame_);
+}
+
+void MDIForm1::OpenExperiments() {
+  const int count = session_.lists.Count();
+  if (count > 0 &&
+      !Confirmed(Attention({TextId::OpeningExperimentsDeletes, " ", std::to_string(count), " ",
+                            TextId::AskToReplaceExperiments},
+                           Icon::Question)))
+    return;
+  if (!experiments_->cmdAbrirOkSub()) return;
+  if (!session_.lists.Empty()) experiments_->GraficoSub();
+  ShowExperiments();
+  RefreshMenus();
+}
+
+void MDIForm1::OpenConditions() {
+  const int count = session_.conditions.SavedCount();
+  if (count > 0 &&
+      !Confirmed(Attention({TextId::OpeningConditionsDeletes, " ", std::to_string(count), " ",
+                            TextId::AskToReplaceConditions},
+                           Icon::Question)))
+    return;
+  cultivation_->AbrirCondBat();
+  RefreshMenus();
+}
+
+void MDIForm1::SaveExperiments() {
+  experiments_->OkSub();
+}
+
+void MDIForm1::SaveConditions() {
+  cultivation_->SalvarArqCondBat();
+}
+
+void MDIForm1::ClearAll() {
+  // The search that is going runs inside the window that would be unloaded.
+  if (RunGoing()) return;
+  ReplaceExperiments(session_, {});
+  UnloadChildren();
+  LoadChildren();
+}
+
+void MDIForm1::ExportCurves() {
+  cultivation_->ExportarDados();
+}
+
+void MDIForm1::OpenZoom() {
+  GraficoZoomSub(session_, dialogs_, this);
+}
+
+void MDIForm1::CopyChart() {
+  const QWidget* const window = CultivationActive() ? static_cast<QWidget*>(cultivation_)
+                                                    : static_cast<QWidget*>(experiments_);
+  auto* const chart = window->findChild<QWidget*>(QString::fromStdString(session_.clickedChart));
+  if (chart != nullptr) QApplication::clipboard()->setPixmap(chart->grab());
+}
+
+void MDIForm1::ToggleLegend() {
+  if (CultivationActive())
+    cultivation_->LegendaSub();
+  else
+    experiments_->LegendaSub();
+}
+
+void MDIForm1::ToggleGridLines() {
+  session_.gridLines = !session_.gridLines;
+  RefreshMenus();
+  cultivation_->GraficoSub();
+  if (CultivationActive())
+    RedrawExperiments();
+  else
+    experiments_->GraficoSub();
+}
+
+void MDIForm1::RedrawExperiments() {
+  // Without a visible experiment it would tell the user so, who asked for something else.
+  if (!LegendRows(session_.lists).empty()) experiments_->GraficoSub();
+}
+
+void MDIForm1::ShowChartMenu(const QString& chart, const QPoint& globalPosition) {
+  session_.clickedChart = chart.toStdString();
+  menu_->Menu("mnuPopup").popup(globalPosition);
+}
+
+void MDIForm1::ShowSettings() {
+  ShowSmallWindow(settingsWindow_, session_, dialogs_, this);
+}
+
+void MDIForm1::ShowAbout() {
+  ShowSmallWindow(aboutWindow_, session_, this);
+}
+
+void MDIForm1::ShowHelp() {
+  OpenHelpDocument(QCoreApplication::applicationDirPath(), session_.language);
+}
+
+void MDIForm1::SwitchLanguage(Language language) {
+  session_.language = language;
+  TranslateToolkit();
+  RefreshMenus();
+  QWidgetList loaded = QApplication::topLevelWidgets();
+  loaded << experiments_ << cultivation_;
+  Idiomas(*this, language);
+  for (QWidget* const window : loaded)
+    if (window != this) Idiomas(*window, language);
+}
+
+void MDIForm1::TranslateToolkit() {
+  QCoreApplication::removeTranslator(&toolkitTexts_);
+  const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
+  if (session_.language == Language::Portuguese &&
+      toolkitTexts_.load(QStringLiteral("qtbase_pt_BR"), folder))
+    QCoreApplication::installTranslator(&toolkitTexts_);
+}
+
+bool MDIForm1::CultivationActive() const {
+  return QString::fromStdString(session_.activeWindow) == cultivation_->objectName();
+}
+
+bool MDIForm1::RunGoing() const {
+  return cultivation_->Running();
+}
+
+bool MDIForm1::Confirmed(const Message& question) {
+  return dialogs_.Show(this, question, Buttons::YesNo) == Answer::Yes;
+}
+
+void MDIForm1::RefreshMenus() {
+  const bool experiments = !session_.lists.Empty();
+  const bool conditions = session_.conditions.SavedCount() > 0;
+  const bool idle = !RunGoing();
+  const std::pair<const char*, bool> enabled[] = {
+      {"mnuAbrirExp", idle},
+      {"mnuAbrirCond", experiments && idle},
+      {"mnuACondBat", experiments && idle},
+      {"mnuSalvarExp", experiments},
+      {"mnuSalvarCond", conditions},
+      {"mnuExcluir", (experiments || conditions) && idle},
+      {"mnuExportarDados", session_.curvesPresent},
+      {"mnuEditar", experiments}};
+  for (const auto& [item, on] : enabled) menu_->Item(item).setEnabled(on);
+  experiments_->setEnabled(idle);
+  menu_->Item("mnuLinhaGrade").setChecked(session_.gridLines);
+  menu_->Item("mnuPort").setChecked(session_.language == Language::Portuguese);
+  menu_->Item("mnuIngles").setChecked(session_.language == Language::English);
+}
+
+void MDIForm1::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  // A maximised child would write its own title behind the program's.
+  if (event->type() == QEvent::LanguageChange) menu_->SetLanguage(session_.language);
+  if (event->type() == QEvent::WindowTitleChange) setWindowTitle(QLatin1StringView(kProgramName));
+}
+
+void MDIForm1::showEvent(QShowEvent* event) {
+  QMainWindow::showEvent(event);
+  // Only now can a child become active; left alone, the area would choose the minimised one.
+  if (!event->spontaneous())
+    Bring(CultivationActive() ? cultivationFrame_ : experimentsFrame_,
+          CultivationActive() ? experimentsFrame_ : cultivationFrame_);
+}
+
+void MDIForm1::closeEvent(QCloseEvent* event) {
+  if (!Confirmed({{TextId::AskToQuit}, kProgramName, Icon::Question})) {
+    event->ignore();
+    return;
+  }
+  if (RunGoing()) cultivation_->StopRun();
+  event->accept();
+}
+
+}  // namespace velmora

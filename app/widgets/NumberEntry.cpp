@@ -1,0 +1,177 @@
+#include "app/widgets/NumberEntry.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
+#include <algorithm>
+#include <optional>
+
+#include "language/Numbers.h"
+
+namespace velmora {
+namespace {
+
+/// The box's text less what the next entry replaces.
+QString KeptText(const QLineEdit& box) {
+  QString text = box.text();
+  if (box.hasSelectedText()) text.remove(box.selectionStart(), box.selectedText().size());
+  return text;
+}
+
+/// `entry` as the key filter lets it through, key by key, into a box that holds `text`; nothing
+/// where it refuses a key.
+std::optional<QString> Filtered(QString text, const QString& entry, char separator) {
+  QString passed;
+  for (const char32_t key : entry.toUcs4()) {
+    const KeyOutcome outcome = Digitacao(text.toStdString(), key, separator);
+    if (outcome.key == 0) return std::nullopt;
+    const QString letter = QString::fromUcs4(&outcome.key, 1);
+    text += letter;
+    passed += letter;
+  }
+  return passed;
+}
+
+/// Whether the key types a letter; editing keys, Enter, Tab and Escape type control characters.
+bool TypesText(const QKeyEvent& key) {
+  const bool command =
+      key.modifiers().testFlag(Qt::ControlModifier) && !key.modifiers().testFlag(Qt::AltModifier);
+  return !command && !key.text().isEmpty() && key.text().front().category() != QChar::Other_Control;
+}
+
+/// Where a paste command takes its text from: Ctrl+Shift+Insert means the selection.
+QClipboard::Mode PasteSource(const QKeyEvent& key) {
+  const bool selection = key.key() == Qt::Key_Insert &&
+                         key.modifiers().testFlags(Qt::ControlModifier | Qt::ShiftModifier) &&
+                         QApplication::clipboard()->supportsSelection();
+  return selection ? QClipboard::Selection : QClipboard::Clipboard;
+}
+
+/// Whether the action of a box's menu is its paste command; it carries no name but its keys.
+bool IsPaste(const QAction& action) {
+  const QKeySequence keys(QKeySequence::Paste);
+  return action.text().endsWith(QLatin1Char('\t') + keys.toString(QKeySequence::NativeText));
+}
+
+/// One box's entry on its way through the filter. A handler returns whether it has dealt with the
+/// event; what it leaves, the box does by itself.
+class Entry {
+ public:
+  Entry(QLineEdit& box, char separator) : box_(box), separator_(separator) {}
+
+  bool Refused() const { return refused_; }
+
+  bool Handle(QEvent& event) {
+    switch (event.type()) {
+      case QEvent::KeyPress:
+        return Key(static_cast<QKeyEvent&>(event));
+      case QEvent::InputMethod:
+        return Composed(static_cast<QInputMethodEvent&>(event));
+      case QEvent::Drop:
+        return Dropped(static_cast<QDropEvent&>(event));
+      case QEvent::MouseButtonRelease:
+        return Released(static_cast<QMouseEvent&>(event));
+      case QEvent::ContextMenu:
+        return OpenMenu(static_cast<QContextMenuEvent&>(event));
+      default:
+        return false;
+    }
+  }
+
+ private:
+  bool Insert(const QString& entry) {
+    const std::optional<QString> passed = Filtered(KeptText(box_), entry, separator_);
+    refused_ = !passed;
+    if (passed && !passed->isEmpty()) box_.insert(*passed);
+    return true;
+  }
+
+  /// Types `text` in place of the selection; blanks and line ends around it, which come with a
+  /// spreadsheet's cell, are left out.
+  bool Paste(const QString& text) { return Insert(text.trimmed()); }
+
+  bool Key(const QKeyEvent& key) {
+    if (key.matches(QKeySequence::Paste))
+      return Paste(QApplication::clipboard()->text(PasteSource(key)));
+    return TypesText(key) && Insert(key.text());
+  }
+
+  bool Composed(QInputMethodEvent& event) {
+    if (event.commitString().isEmpty()) return false;
+    QString kept = KeptText(box_);
+    const int start = std::max(0, box_.cursorPosition() + event.replacementStart());
+    if (event.replacementLength() > 0) kept.remove(start, event.replacementLength());
+    const std::optional<QString> passed = Filtered(kept, event.commitString(), separator_);
+    refused_ = !passed;
+    if (passed)
+      event.setCommitString(*passed, event.replacementStart(), event.replacementLength());
+    else
+      event.setCommitString(QString());
+    return false;
+  }
+
+  bool Dropped(QDropEvent& event) {
+    const bool moved = event.source() == &box_;
+    if (moved || !event.mimeData()->hasText()) return false;
+    box_.setCursorPosition(box_.cursorPositionAt(event.position().toPoint()));
+    event.setDropAction(Qt::CopyAction);
+    event.accept();
+    return Paste(event.mimeData()->text());
+  }
+
+  bool Released(const QMouseEvent& event) {
+    if (event.button() != Qt::MiddleButton || !QApplication::clipboard()->supportsSelection())
+      return false;
+    box_.deselect();
+    return Paste(QApplication::clipboard()->text(QClipboard::Selection));
+  }
+
+  /// The box's own menu, whose paste command becomes the key's.
+  bool OpenMenu(const QContextMenuEvent& event) {
+    QMenu* const menu = box_.createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    for (QAction* const action : menu->actions()) {
+      if (!IsPaste(*action)) continue;
+      QObject::disconnect(action, &QAction::triggered, nullptr, nullptr);
+      QObject::connect(action, &QAction::triggered, &box_, [&box = box_] {
+        QKeyEvent paste(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier);
+        QApplication::sendEvent(&box, &paste);
+      });
+    }
+    menu->popup(event.globalPos());
+    return true;
+  }
+
+  QLineEdit& box_;
+  char separator_;
+  bool refused_ = false;
+};
+
+}  // namespace
+
+NumberEntry::NumberEntry(char separator, QObject* parent)
+    : QObject(parent), separator_(separator) {}
+
+void NumberEntry::Watch(QLineEdit& box) {
+  box.installEventFilter(this);
+}
+
+bool NumberEntry::eventFilter(QObject* watched, QEvent* event) {
+  auto* const box = qobject_cast<QLineEdit*>(watched);
+  if (box == nullptr || box->isReadOnly()) return false;
+  Entry entry(*box, separator_);
+  const bool dealtWith = entry.Handle(*event);
+  if (entry.Refused()) {
+    QApplication::beep();
+    emit Refused();
+  }
+  return dealtWith;
+}
+
+}  // namespace velmora

@@ -1,0 +1,32 @@
+#include "data/FileFault.h"
+
+namespace velmora {
+namespace {
+
+static_assert(TextOf(TextId::FileCannotOpen, FileReason::HoldsExperiments) ==
+              TextId::FileHoldsExperiments);
+static_assert(TextOf(TextId::FieldNone, FileField::FourthValue) == TextId::FieldStartValue);
+
+std::string FieldOf(const FileFault& fault, Language language) {
+  const std::string item = fault.item > 0 ? std::to_string(fault.item) : "";
+  std::string field = Filled(TextOf(TextId::FieldNone, fault.field), language, {item});
+  if (field.ends_with(' ')) field.pop_back();
+  return field;
+}
+
+}  // namespace
+
+std::string FaultReason(const FileFault& fault, Language language) {
+  std::string text = FieldOf(fault, language);
+  if (!text.empty()) text += ": ";
+  return text + Filled(TextOf(TextId::FileCannotOpen, fault.reason), language, {fault.detail});
+}
+
+std::string FaultDetail(const FileFault& fault, Language language) {
+  std::string text = fault.path + "\n";
+  if (fault.line > 0)
+    text += Filled(TextId::LineOfFile, language, {std::to_string(fault.line)}) + ", ";
+  return text + FaultReason(fault, language);
+}
+
+}  // namespace velmora

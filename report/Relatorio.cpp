@@ -1,0 +1,169 @@
+#include "report/Relatorio.h"
+
+#include <array>
+#include <string_view>
+
+#include "cultivation/OpenedConditions.h"
+#include "data/SafeSave.h"
+#include "kinetics/Modelos.h"
+#include "language/Numbers.h"
+
+namespace velmora {
+namespace {
+
+/// The conditions of an experiment, in the order in which a report lists them.
+struct ReportedCondition {
+  std::string_view label;
+  At position;
+};
+constexpr std::array<ReportedCondition, 29> kReported = {
+    {{"Cx0: ", At::Cx0},       {"Cs0: ", At::Cs0},      {"Cp0: ", At::Cp0},
+     {"T: ", At::T},           {"Yxs: ", At::Yxs},      {"Yps: ", At::YpsTyped},
+     {"Alfa: ", At::alpha},    {"Beta: ", At::beta},    {"Mimax: ", At::muMax},
+     {"Ks: ", At::Ks},         {"Kis: ", At::Kis},      {"Kp: ", At::Kip},
+     {"CxAst: ", At::CxAst},   {"CpAst: ", At::CpAst},  {"m: ", At::m},
+     {"n: ", At::n},           {"u: ", At::u},          {"v: ", At::v},
+     {"C: ", At::C},           {"B: ", At::B},          {"B1: ", At::B1},
+     {"B2: ", At::B2},         {"G: ", At::G},          {"H1: ", At::H1},
+     {"ms: ", At::ms},         {"Kd: ", At::Kd},        {"Kdp: ", At::Kdp},
+     {"CsAst1: ", At::CsAst1}, {"CsAst2: ", At::CsAst2}}};
+
+// Labels beside their values, four of them in a row. Alfa, computed as Yps/Yxs, comes with all the
+// digits of a double: its column has room for them.
+constexpr std::size_t kPairs = 4;
+constexpr std::array<int, 2 * kPairs> kWidths = {33, 58, 33, 58, 33, 96, 33, 58};
+
+class Report {
+ public:
+  explicit Report(const ReportContent& content) : content_(content) {}
+
+  rich::Document Document() {
+    AddHead();
+    for (std::size_t i = 0; i < content_.records.size(); ++i) AddConditions(i);
+    AddStart();
+    AddBounds();
+    AddResult();
+    AddPictures();
+    return std::move(document_);
+  }
+
+ private:
+  std::string Text(TextId id) const {
+    return std::string(velmora::Text(id, content_.style.language));
+  }
+  std::string Plain(double value) const { return PlainText(value, content_.style.separator); }
+  std::string Long(double value) const {
+    return Formatted(value, kTwoToThirteen, content_.style.separator);
+  }
+  void Add(std::string text, rich::Look look = rich::Look::Plain) {
+    document_.emplace_back(rich::Paragraph{std::move(text), look});
+  }
+
+  static std::string LabelOf(const FitVariable& variable) {
+    const int index = FittableIndex(variable.position);
+    return index < 0 ? "" : std::string(kFittable[static_cast<std::size_t>(index)].label) + " ";
+  }
+
+  void AddHead() {
+    Add(Text(TextId::ReportTitle), rich::Look::Title);
+    Add(Text(TextId::Version));
+    Add(Text(TextId::BatchCultivation));
+    Add(Text(TextId::NumberOfExperiments) + std::to_string(content_.records.size()));
+    AddModel();
+  }
+
+  /// A file may name no model, or another one than its switches mean.
+  void AddModel() {
+    if (content_.records.empty()) return;
+    std::vector<FittedParameter> fitted;
+    for (const auto& [position, lower, upper, start] : content_.variables)
+      fitted.push_back({upper, lower, static_cast<std::int16_t>(position), start});
+    const Model* const model = RecognisedModel(content_.records.front(), fitted);
+    if (model == nullptr) return;
+    Add(Text(TextId::ChosenModel) + " " + std::string(model->name));
+    Add(Equation(*model), rich::Look::Indented);
+  }
+
+  void AddConditions(std::size_t index) {
+    const ConditionsRecord& record = content_.records[index];
+    Add(Text(TextId::ConditionsOfExperiment) + std::to_string(record.number), rich::Look::Heading);
+    if (index < content_.descriptions.size() && !content_.descriptions[index].empty())
+      Add(content_.descriptions[index], rich::Look::Together);
+    rich::Table table{{kWidths.begin(), kWidths.end()}, {}};
+    for (std::size_t i = 0; i < kReported.size(); ++i) {
+      if (i % kPairs == 0) table.rows.emplace_back();
+      table.rows.back().emplace_back(kReported[i].label);
+      table.rows.back().push_back(Plain(record.row[kReported[i].position]));
+    }
+    table.rows.back().resize(table.widths.size());
+    document_.emplace_back(std::move(table));
+  }
+
+  void AddStart() {
+    Add(Text(TextId::InitialValues), rich::Look::Heading);
+    for (const FitVariable& variable : content_.variables)
+      Add(LabelOf(variable) + Plain(variable.start), rich::Look::Together);
+  }
+
+  void AddBounds() {
+    rich::Table table{{1, 1}, {}};
+    for (const FitVariable& variable : content_.variables)
+      table.rows.push_back(
+          {Text(TextId::UpperBoundOf) + LabelOf(variable) + Plain(variable.upper),
+           Text(TextId::LowerBoundOf) + LabelOf(variable) + Plain(variable.lower)});
+    document_.emplace_back(std::move(table));
+  }
+
+  void AddResult() {
+    Add(Text(TextId::EstimatedVariables), rich::Look::Heading);
+    for (std::size_t j = 0; j < content_.variables.size(); ++j) {
+      std::string line = LabelOf(content_.variables[j]) + Long(content_.best[j]);
+      if (!content_.deviations.empty()) line += " +/- " + Long(content_.deviations[j]);
+      Add(std::move(line), rich::Look::Together);
+    }
+    Add(Text(TextId::ReportedSum) + Plain(content_.sumOfSquaredErrors), rich::Look::Strong);
+  }
+
+  void AddPictures() {
+    for (const auto& [titleId, picture] : content_.pictures) {
+      Add(Text(titleId), rich::Look::Heading);
+      document_.emplace_back(picture);
+    }
+  }
+
+  const ReportContent& content_;
+  rich::Document document_;
+};
+
+}  // namespace
+
+ReportContent ReportOf(const std::vector<Experiment>& experiments,
+                       const CultivationConditions& conditions,
+                       const std::vector<FitVariable>& variables, const SearchResult& result,
+                       const Deviations& deviations, const TextStyle& style) {
+  ReportContent report;
+  report.style = style;
+  for (std::size_t i = 0; i < experiments.size(); ++i) {
+    report.records.push_back(conditions.At(static_cast<int>(i) + 1));
+    report.descriptions.push_back(experiments[i].description);
+  }
+  report.variables = variables;
+  report.best = result.best;
+  report.deviations = deviations.values;
+  report.sumOfSquaredErrors = result.score;
+  return report;
+}
+
+rich::Document ReportDocument(const ReportContent& content) {
+  return Report(content).Document();
+}
+
+std::string Relatorio(const ReportContent& content) {
+  return rich::Rtf(ReportDocument(content));
+}
+
+std::optional<FileFault> SaveReport(const ReportContent& content, const std::string& path) {
+  return SafeSave(path, Relatorio(content));
+}
+
+}  // namespace velmora

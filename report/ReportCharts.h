@@ -1,0 +1,36 @@
+// The charts of a report.
+#pragma once
+
+#include <vector>
+
+#include "charts/ChartCanvas.h"
+#include "charts/ChartContent.h"
+#include "charts/LegendRows.h"
+#include "report/Relatorio.h"
+
+namespace velmora {
+
+/// The size of a chart's picture, in pixels: some 240 an inch on a page's width, three pictures on
+/// a page.
+inline constexpr int kReportChartWidth = 1500;
+inline constexpr int kReportChartHeight = 700;
+
+struct ReportChart {
+  TextId titleId{};  // of its name
+  ChartContent content;
+};
+
+/// The plots of Cx, Cs and Cp with their curves. A plot that has nothing to show is left out.
+std::vector<ReportChart> ReportCharts(const ExperimentLists& lists, const ModelCurves& curves,
+                                      bool gridLines, char separator);
+
+/// Draws the chart with its markers and, below it, one row of a legend, on a canvas of the size
+/// above.
+void DrawReportChart(ChartCanvas& canvas, const ChartContent& content,
+                     const std::vector<LegendRow>& legend);
+
+/// The charts as PNG pictures, drawn without a display, with grid lines and decimal points. Throws
+/// `std::runtime_error` where the graphics library cannot draw.
+std::vector<ReportPicture> ChartPictures(const ExperimentLists& lists, const ModelCurves& curves);
+
+}  // namespace velmora

@@ -1,0 +1,348 @@
+// The experiments window, by keys and mouse.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+
+#include "app/charts/ChartView.h"
+#include "app/experiments/frmMsFlexGrid.h"
+#include "app/widgets/Idiomas.h"
+#include "data/ExperimentFile.h"
+#include "data/SafeSave.h"
+#include "tests/data/FileTesting.h"
+#include "tests/support/ScriptedDialogs.h"
+
+namespace velmora {
+namespace {
+
+Experiment Measured(std::int16_t number, double first) {
+  return {number, "", {0, 8}, {first, 2}, {30, 20}, {0, 4}, 8, true};
+}
+
+class ExperimentsWindow : public testing::Test {
+ protected:
+  ExperimentsWindow() { session_.language = Language::English; }
+
+  /// Opens the window over the lists as they are.
+  void Open() {
+    window_ = std::make_unique<frmMsFlexGrid>(session_, dialogs_);
+    QObject::connect(window_.get(), &frmMsFlexGrid::SessionChanged, window_.get(),
+                     [this] { ++changes_; });
+    window_->resize(1270, 700);
+    window_->show();
+    window_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  }
+  void OpenOver(std::initializer_list<Experiment> experiments) {
+    for (const Experiment& each : experiments) {
+      session_.lists.Append(each, {});
+      session_.conditions.At(session_.lists.Count()).number = each.number;
+    }
+    Open();
+  }
+
+  template <typename Widget = QWidget>
+  Widget& The(const char* name) {
+    return *window_->findChild<Widget*>(QString::fromUtf8(name));
+  }
+  QTableView& Grid() { return The<QTableView>("MSFlexGrid1"); }
+  QString Cell(int row, int column) { return Grid().model()->index(row, column).data().toString(); }
+  std::string Text(const char* box) { return The<QLineEdit>(box).text().toStdString(); }
+  void Click(const char* button) { QTest::mouseClick(&The(button), Qt::LeftButton); }
+  /// Keys go to whatever has the focus, as on a keyboard.
+  void Keys(const char* keys) {
+    QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(keys));
+  }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), key, modifiers);
+  }
+  void Fill(const char* box, const char* keys) {
+    The<QLineEdit>(box).setFocus();
+    The<QLineEdit>(box).selectAll();
+    Keys(keys);
+  }
+  void Paste(const std::string& text) {
+    QApplication::clipboard()->setText(QString::fromStdString(text));
+    Key(Qt::Key_V, Qt::ControlModifier);
+  }
+  void GoTo(int row, int column) {
+    Grid().setFocus();
+    Grid().setCurrentIndex(Grid().model()->index(row, column));
+  }
+  void Save(std::deque<Answer> answers) {
+    dialogs_.answers = std::move(answers);
+    Click("cmdSalvar");
+    EXPECT_TRUE(dialogs_.answers.empty());
+  }
+  /// The colour in the middle of where point `k` of the experiment at `place` is drawn.
+  QColor Drawn(const char* plot, std::size_t place, std::size_t k) {
+    auto& view = The<ChartView>(plot);
+    const ChartContent& content = view.Content();
+    const PlotPoint point = content.experiments.at(place - 1).points.at(k);
+    const QPointF at = ToPaper(content.scale, view.rect(), point);
+    return view.grab().toImage().pixelColor(at.toPoint());
+  }
+
+  Session session_;
+  ScriptedDialogs dialogs_{session_};
+  std::unique_ptr<frmMsFlexGrid> window_;
+  int changes_ = 0;
+};
+
+TEST_F(ExperimentsWindow, TakesATypedExperiment) {
+  Open();
+  Fill("txtComentario", " Glucose, 30 g/L");
+  Fill("txtTFinal", "8.5");
+  GoTo(0, 0);
+  Keys("0");
+  Key(Qt::Key_Tab);
+  Keys("30");
+  Key(Qt::Key_Right);
+  Keys(".");
+  EXPECT_EQ(Cell(0, 2).toStdString(), "0.") << "a separator alone gets its zero";
+  Keys("5");
+  Key(Qt::Key_Right);
+  Keys("1");
+  Key(Qt::Key_Right);
+  EXPECT_EQ(Grid().currentIndex().column(), 3) << "there is no column behind";
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Text("txtNumPontos"), "2");
+  Keys("4");
+  for (const char* text : {"2,5", "20", "8"}) {
+    Key(Qt::Key_Left);
+    Keys(text);
+  }
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Text("txtNumPontos"), "3") << "an empty row has been added";
+  Save({Answer::Ok});
+  ASSERT_EQ(session_.lists.Count(), 1);
+  const Experiment expected{1, "Glucose 30 g/L", {0, 8}, {0.5, 2.5}, {30, 20}, {1, 4}, 8.5, true};
+  EXPECT_EQ(session_.lists.At(1), expected);
+  EXPECT_EQ(Text("txtNumPontos"), "2");
+  EXPECT_EQ(changes_, 1);
+  EXPECT_EQ(Drawn("picCs", 1, 1), QColor(Qt::blue));
+}
+
+TEST_F(ExperimentsWindow, GivesTheOldTextBackOnEscape) {
+  OpenOver({Measured(1, 0.5)});
+  GoTo(0, 2);
+  Keys("77");
+  EXPECT_EQ(Cell(0, 2).toStdString(), "77");
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Cell(0, 2).toStdString(), "0.5");
+  Key(Qt::Key_Delete);
+  EXPECT_TRUE(Cell(0, 2).isEmpty());
+}
+
+TEST_F(ExperimentsWindow, CopiesCutsAndPastesBlocks) {
+  session_.separator = ',';
+  OpenOver({Measured(1, 0.5)});
+  QAction elsewhere;
+  elsewhere.setShortcut(QKeySequence::Cut);
+  QObject::connect(&elsewhere, &QAction::triggered, &elsewhere,
+                   [] { ADD_FAILURE() << "a menu took the grid's key"; });
+  window_->addAction(&elsewhere);
+  GoTo(0, 2);
+  Key(Qt::Key_Right, Qt::ShiftModifier);
+  Key(Qt::Key_X, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "0,5\t0\r\n");
+  EXPECT_TRUE(Cell(0, 2).isEmpty() && Cell(0, 3).isEmpty());
+  GoTo(1, 0);
+  Keys("9");
+  Paste("1,5\t2.5\r\n3\t4\r\n5\t6\r\n");
+  EXPECT_EQ(Text("txtNumPontos"), "4") << "a last line break is no row";
+  EXPECT_EQ(Cell(1, 0).toStdString(), "1,5");
+  EXPECT_EQ(Cell(3, 1).toStdString(), "6");
+  Paste("1\t2\t3\t4\t5");
+  EXPECT_EQ(dialogs_.LastTitle(), "Attention");
+  EXPECT_EQ(Cell(1, 0).toStdString(), "1,5") << "nothing of a block that is too wide";
+}
+
+TEST_F(ExperimentsWindow, HoldsTheMostPointsAndNotOneMore) {
+  Open();
+  std::string text;
+  for (int k = 0; k < 32767; ++k) text += std::to_string(k) + "\t1.5\t2.5\t3.5\n";
+  GoTo(0, 0);
+  Paste(text);
+  EXPECT_EQ(Text("txtNumPontos"), "32767");
+  Paste(text + "0\t0\t0\t0");
+  EXPECT_EQ(Cell(32766, 0).toStdString(), "32766");
+  Save({Answer::Ok});
+  EXPECT_EQ(session_.lists.At(1).time.back(), 32766);
+}
+
+TEST_F(ExperimentsWindow, RefusesACellThatIsNoNumber) {
+  OpenOver({Measured(1, 0.5)});
+  GoTo(1, 1);
+  Keys("1 000");
+  EXPECT_EQ(Grid().currentIndex().data(Qt::ForegroundRole).value<QColor>().red(), 0xD0);
+  GoTo(0, 0);
+  Save({});
+  EXPECT_EQ(dialogs_.LastTitle(), "Experiment not saved");
+  EXPECT_EQ(Grid().currentIndex(), Grid().model()->index(1, 1));
+  Key(Qt::Key_Delete);
+  Save({});
+  EXPECT_EQ(dialogs_.shown.size(), 2u) << "an empty cell is no zero";
+  EXPECT_EQ(session_.lists.At(1), Measured(1, 0.5));
+  EXPECT_EQ(changes_, 0);
+}
+
+TEST_F(ExperimentsWindow, AsksBeforeItReplaces) {
+  OpenOver({Measured(4, 0.5), Measured(2, 0.6)});
+  GoTo(0, 2);
+  Keys("1");
+  Save({Answer::No});
+  EXPECT_EQ(dialogs_.LastTitle(), "Experiment already added");
+  Save({Answer::Yes, Answer::Cancel});
+  EXPECT_EQ(dialogs_.LastText(), "Confirm these data for Experiment 4");
+  EXPECT_EQ(session_.lists.At(1).Cx[0], 0.5);
+  Save({Answer::Yes, Answer::Ok});
+  EXPECT_EQ(session_.lists.At(1).Cx[0], 1);
+  EXPECT_EQ(session_.lists.Count(), 2);
+  Click("cmdInserir");
+  EXPECT_EQ(Text("txtExp"), "5");
+  Save({});
+  EXPECT_EQ(dialogs_.LastTitle(), "Experiment empty");
+}
+
+TEST_F(ExperimentsWindow, DeletesByPlaceWithAllThatBelongsToIt) {
+  OpenOver({Measured(4, 0.5), Measured(2, 0.6), Measured(9, 0.7)});
+  session_.lists.Display(3).colour = 5;
+  session_.curves[2].Cx[0] = 7;
+  The<QRadioButton>("Option1(1)").click();
+  for (const char* place : {"0", "-1", "4"}) {
+    Fill("txtExcluir", place);
+    Click("cmdExcluir");
+    EXPECT_EQ(dialogs_.LastTitle(), "Delete experiment");
+    EXPECT_TRUE(The("txtExcluir").hasFocus());
+  }
+  EXPECT_EQ(session_.lists.Count(), 3);
+  Fill("txtExcluir", "2");
+  Click("cmdExcluir");
+  ASSERT_EQ(session_.lists.Count(), 2);
+  EXPECT_EQ(session_.lists.At(2).number, 9);
+  EXPECT_EQ(session_.lists.Display(2).colour, 5);
+  EXPECT_EQ(session_.conditions.At(2).number, 9);
+  EXPECT_EQ(session_.curves[1].Cx[0], 7);
+  EXPECT_EQ(Text("txtExp"), "4");
+}
+
+TEST_F(ExperimentsWindow, ClearsTheEntryAndNotTheList) {
+  OpenOver({Measured(4, 0.5)});
+  Click("cmdLimparTexto");
+  EXPECT_EQ(dialogs_.LastTitle(), "Information");
+  EXPECT_EQ(Text("txtExp") + Text("txtNumPontos") + Text("txtTFinal"), "");
+  EXPECT_TRUE(Cell(0, 0).isEmpty());
+  EXPECT_EQ(session_.lists.Count(), 1);
+}
+
+TEST_F(ExperimentsWindow, KeepsTheRowsBehindALowerNumberUntilSaving) {
+  OpenOver({Measured(4, 0.5)});
+  Fill("txtNumPontos", "1");
+  EXPECT_EQ(Grid().model()->rowCount(), 1);
+  Fill("txtNumPontos", "2");
+  EXPECT_EQ(Cell(1, 0).toStdString(), "8");
+  Fill("txtNumPontos", "1");
+  Save({Answer::Yes, Answer::Ok});
+  EXPECT_EQ(session_.lists.At(1).Points(), 1);
+  Fill("txtNumPontos", "2");
+  EXPECT_TRUE(Cell(1, 0).isEmpty());
+}
+
+TEST_F(ExperimentsWindow, AsksBeforeUnsavedDataGo) {
+  OpenOver({Measured(4, 0.5), Measured(2, 0.6)});
+  Click("cmdMostrar(2)");
+  EXPECT_EQ(Text("txtExp"), "2");
+  GoTo(0, 2);
+  Keys("9");
+  for (const char* button : {"cmdMostrar(1)", "cmdInserir"}) {
+    dialogs_.answers = {Answer::No};
+    Click(button);
+    EXPECT_EQ(dialogs_.LastTitle(), "Experiment not saved");
+    EXPECT_EQ(Cell(0, 2).toStdString(), "9");
+  }
+  dialogs_.answers = {Answer::Yes};
+  Click("cmdInserir");
+  EXPECT_EQ(Text("txtExp"), "5");
+}
+
+TEST_F(ExperimentsWindow, DrawsWhatTheChoosersSay) {
+  OpenOver({Measured(4, 0.5), Measured(2, 1)});
+  The("IcmbCor(2)").setFocus();
+  Key(Qt::Key_Down);
+  EXPECT_EQ(session_.lists.Display(2).colour, 2);
+  EXPECT_EQ(Drawn("picCx", 2, 0), QColor(Qt::red));
+  Click("Check1(1)");
+  EXPECT_FALSE(session_.lists.Display(1).visible);
+  EXPECT_TRUE(The<ChartView>("picCx").Content().experiments.at(0).points.empty());
+  Click("Check1(2)");
+  EXPECT_TRUE(dialogs_.shown.empty());
+  Click("cmdGrafico");
+  EXPECT_EQ(dialogs_.LastTitle(), "Graph not selected");
+}
+
+TEST_F(ExperimentsWindow, OpensAndSavesTheSameBytes) {
+  const TemporaryFolder folder;
+  ExperimentLists saved;
+  saved.Append(Measured(4, 0.5), {"Triang3", 6, 3, false});
+  saved.Append(Measured(2, 1.0 / 3), {"odd", 9, 8, true});
+  ASSERT_FALSE(WriteExperiments(saved, folder / "a.abr"));
+  OpenOver({Measured(7, 0.1)});
+  session_.curvesPresent = true;
+  dialogs_.files = {QString(), QString::fromStdString(folder / "none.abr")};
+  for (std::size_t attempt = 0; attempt < 2; ++attempt) {
+    EXPECT_FALSE(window_->cmdAbrirOkSub());
+    EXPECT_EQ(dialogs_.shown.size(), attempt) << "cancelling tells nothing";
+    EXPECT_EQ(session_.lists.At(1).number, 7) << "nothing to open, nothing lost";
+    EXPECT_EQ(session_.conditions.At(1).number, 7);
+  }
+  EXPECT_EQ(dialogs_.LastText(), "Error opening the file.");
+  EXPECT_TRUE(dialogs_.details.back().contains(QStringLiteral("none.abr")));
+  dialogs_.files = {QString::fromStdString(folder / "a.abr"),
+                    QString::fromStdString(folder / "b.abr")};
+  EXPECT_TRUE(window_->cmdAbrirOkSub());
+  EXPECT_EQ(Text("txtExp"), "4");
+  EXPECT_FALSE(session_.curvesPresent);
+  EXPECT_EQ(session_.conditions.At(1).number, 0);
+  EXPECT_EQ(The<QComboBox>("IcmbEstiloLinha(1)").currentIndex(), 6);
+  window_->OkSub();
+  EXPECT_EQ(BytesOf(folder / "b.abr"), BytesOf(folder / "a.abr"));
+
+  const std::string bytes = BytesOf(folder / "a.abr");
+  ASSERT_FALSE(SafeSave(folder / "cut.abr", bytes.substr(0, bytes.size() - 6)));
+  dialogs_.files = {QString::fromStdString(folder / "cut.abr")};
+  EXPECT_TRUE(window_->cmdAbrirOkSub());
+  EXPECT_EQ(session_.lists.Count(), 1) << "what stands before the fault stays";
+  EXPECT_TRUE(dialogs_.details.back().contains(QStringLiteral("Line 23")));
+}
+
+TEST_F(ExperimentsWindow, TellsWhatAnEmptyListCannotDo) {
+  Open();
+  window_->OkSub();
+  EXPECT_EQ(dialogs_.LastText(), "No experiment was added or it is not saved.");
+  Click("picCp");
+  EXPECT_EQ(dialogs_.LastTitle(), "Attention");
+  session_.language = Language::Portuguese;
+  Idiomas(*window_, session_.language);
+  Click("picCs");
+  EXPECT_EQ(dialogs_.LastTitle(), "Atenção");
+  EXPECT_EQ(The("IcmbCor(3)").accessibleName().toStdString(), "Cor do símbolo 3");
+}
+
+TEST_F(ExperimentsWindow, KeepsTheDescriptionFitForItsFile) {
+  Open();
+  Fill("txtComentario", ",a");
+  Paste("\nlote 2, \u03B2-glucan");
+  EXPECT_EQ(Text("txtComentario"), "a lote 2; -glucan");
+}
+
+}  // namespace
+}  // namespace velmora

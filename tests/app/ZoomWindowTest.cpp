@@ -1,0 +1,275 @@
+// The enlarged chart and its dialogs, by keys and mouse; pictures read at computed points.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QImage>
+#include <QLabel>
+#include <QPainter>
+#include <QPointer>
+#include <QPrinter>
+#include <QTest>
+#include <QTimer>
+#include <QToolButton>
+
+#include "app/charts/ChartView.h"
+#include "app/charts/frmZoom.h"
+#include "app/widgets/Idiomas.h"
+#include "charts/IntervalCheck.h"
+#include "language/Numbers.h"
+#include "tests/data/FileTesting.h"
+#include "tests/support/ScriptedDialogs.h"
+
+namespace velmora {
+namespace {
+
+/// A printer that is a file; without a name there is none.
+struct FileDesk : PrintDesk {
+  explicit FileDesk(QString name) : file(std::move(name)) {}
+  bool HasPrinter() const override { return !file.isEmpty(); }
+  bool Choose(QPrinter& printer, QWidget*) override {
+    printer.setOutputFileName(file);
+    return true;
+  }
+  QString file;
+};
+
+/// Two experiments, hours 2 to 8 in blue and 4 to 10 in red, open on their Cs in a window.
+class Zoom : public testing::Test {
+ protected:
+  void SetUp() override {
+    session.separator = ',';
+    session.language = Language::English;
+    session.gridLines = false;
+    session.lists.Append({1, "", {2, 8}, {1, 2}, {60, 30}, {0, 0}, 8, true},
+                         {"Triang1", 1, 1, true});
+    session.lists.Append({2, "", {4, 10}, {1, 2}, {50, 20}, {0, 0}, 10, true},
+                         {"QuadVazio", 2, 1, true});
+    Open({});
+  }
+
+  void Open(const QString& printer) {
+    window = std::make_unique<frmZoom>(session, dialogs, PlotVariable::Cs, nullptr,
+                                       std::make_unique<FileDesk>(printer));
+    window->show();
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+  }
+
+  template <typename Kind = QWidget>
+  Kind* Child(const char* name) {
+    return window->findChild<Kind*>(QString::fromUtf8(name));
+  }
+  void Click(const char* name) { QTest::mouseClick(Child(name), Qt::LeftButton); }
+  ChartView& Chart() { return *Child<ChartView>("picZoom"); }
+
+  /// Clicks the button; in the dialog that it opens types the texts, Tab between them, and ends
+  /// with `key`. What is still open after that is cancelled.
+  void FillIn(const char* button, const QStringList& texts, Qt::Key key = Qt::Key_Return) {
+    QTimer::singleShot(0, window.get(), [texts, key] {
+      QPointer<QWidget> dialog = QApplication::activeModalWidget();
+      ASSERT_TRUE(dialog != nullptr && QTest::qWaitForWindowActive(dialog));
+      for (const QString& text : texts) {
+        if (&text != &texts.front()) QTest::keyClick(dialog->focusWidget(), Qt::Key_Tab);
+        QTest::keyClicks(dialog->focusWidget(), text);
+      }
+      QTest::keyClick(dialog->focusWidget(), key);
+      if (dialog->isVisible()) QTest::keyClick(dialog, Qt::Key_Escape);
+    });
+    Click(button);
+  }
+
+  QPoint Place(double time, double Cs) {
+    return ToPaper(Chart().Content().scale, Chart().rect(), {time, Cs}).toPoint();
+  }
+  QImage Copied() {
+    Click("cmdCopiar");
+    return QApplication::clipboard()->image();
+  }
+  QString Path(const char* name) { return QString::fromStdString(folder / name); }
+
+  Session session;
+  ScriptedDialogs dialogs{session};
+  std::unique_ptr<frmZoom> window;
+  TemporaryFolder folder;
+};
+
+TEST_F(Zoom, TitleAndGridLinesComeAndGoTwice) {
+  const QImage bare = Copied();
+  FillIn("cmdInsTitulo", {u"x"_qs}, Qt::Key_Escape);
+  EXPECT_EQ(Copied(), bare);
+  for (int time = 0; time < 2; ++time) {
+    FillIn("cmdInsTitulo", {u"Batelada 3"_qs});
+    EXPECT_EQ(Chart().Content().title, "Batelada 3");
+    EXPECT_NE(Copied(), bare);
+    Click("cmdInsTitulo");
+    EXPECT_EQ(Copied(), bare);
+    Click("cmdInsLinhas");
+    EXPECT_NE(Copied(), bare);
+    EXPECT_FALSE(session.gridLines) << "the window's grid lines are its own";
+    Click("cmdInsLinhas");
+    EXPECT_EQ(Copied(), bare);
+  }
+}
+
+TEST_F(Zoom, LegendIsDraggedAndCopiedAsShown) {
+  const QImage bare = Copied();
+  Click("cmdInsLegenda");
+  QWidget* const legend = Child("picLegenda");
+  QTest::mousePress(legend, Qt::LeftButton, {}, {3, 3});
+  QTest::mouseMove(legend, QPoint(3, 3) - QPoint(200, -150));
+  QTest::mouseRelease(legend, Qt::LeftButton, {}, {3, 3});
+  QWidget* const swatch = Child("Image2(1)");
+  const QPoint at = swatch->mapTo(&Chart(), swatch->rect().center());
+  EXPECT_EQ(Copied().pixelColor(at), QColor(Qt::red));
+  window->resize(420, 320);
+  QTest::qWait(0);
+  EXPECT_TRUE(Chart().rect().contains(legend->geometry()));
+  window->resize(900, 600);
+  Click("cmdInsLegenda");
+  EXPECT_EQ(Copied(), bare);
+}
+
+TEST(IntervalCheck, RefusesInItsOrder) {
+  constexpr auto kMinimum = IntervalBox::Minimum, kMaximum = IntervalBox::Maximum;
+  struct Row {
+    TypedInterval typed;
+    std::optional<TextId> text;  // none where it passes
+    IntervalBox failed = kMinimum;
+  };
+  for (const Row& row : {Row{{1, 11}, TextId::TimeTooLarge, kMaximum},
+                         {{12, 10.5}, TextId::TimeTooLarge, kMaximum},
+                         {{1, 0.5}, TextId::TimeTooSmall},
+                         {{6, 5}, TextId::MinimumAboveMaximum},
+                         {{std::nullopt, 11}, TextId::CheckBounds},
+                         {{1, std::nullopt}, TextId::CheckBounds, kMaximum},
+                         {{2, 10}, std::nullopt},
+                         {{5, 5}, std::nullopt}}) {
+    const CheckedInterval checked = CheckInterval(row.typed, {2, 10});
+    EXPECT_EQ(checked.failed, row.failed);
+    ASSERT_EQ(checked.refusal.has_value(), row.text.has_value());
+    if (row.text) {
+      EXPECT_EQ(checked.refusal->pieces.front(), *row.text);
+    }
+  }
+}
+
+TEST_F(Zoom, RangeIsRefusedOrDrawn) {
+  const QImage whole = Copied();
+  FillIn("cmdInsInterv", {u"2"_qs, u"10.5"_qs});
+  EXPECT_EQ(dialogs.LastText(), Text(TextId::TimeTooLarge, Language::English));
+  EXPECT_EQ(Copied(), whole) << "a refused range changes nothing";
+  FillIn("cmdInsInterv", {u"3,5"_qs, u"8"_qs});
+  EXPECT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_EQ(Chart().Content().scale.origin, 3.5);
+  EXPECT_EQ(Copied().pixelColor(Place(8, 30)), QColor(Qt::blue));
+  FillIn("cmdInsInterv", {u"5"_qs, u"6"_qs});  // between all points
+  EXPECT_NE(Copied(), whole);
+  FillIn("cmdInsInterv", {u"8"_qs, u"8"_qs});
+  EXPECT_EQ(Copied().pixelColor(Place(8, 30)), QColor(Qt::blue));
+}
+
+TEST_F(Zoom, CoordinatesFollowThePressedLeftButtonOnly) {
+  const auto shown = [&] {
+    return (Child<QLabel>("lblX")->text() + u'|' + Child<QLabel>("lblY")->text()).toStdString();
+  };
+  QTest::mouseMove(&Chart(), Place(3, 20));
+  EXPECT_EQ(shown(), "|");
+  QTest::mousePress(&Chart(), Qt::LeftButton, {}, Place(3, 20));
+  QTest::mouseMove(&Chart(), Place(6, 40));
+  const PlotPoint at = FromPaper(Chart().Content().scale, Chart().rect(), Place(6, 40));
+  EXPECT_EQ(shown(), Formatted(at.x, {0, 4}, ',') + " h|" + Formatted(at.y, {0, 4}, ',') + " g/L");
+  QTest::mouseRelease(&Chart(), Qt::LeftButton, {}, Place(6, 40));
+  const std::string last = shown();
+  QTest::mouseMove(&Chart(), Place(2, 10));
+  EXPECT_EQ(shown(), last);
+}
+
+TEST_F(Zoom, SavesABitmapOrSaysWhyNot) {
+  dialogs.files = {QString(), u""_qs, Path(" .bmp"), Path("missing/chart.bmp"), Path("chart.bmp")};
+  Click("cmdSalvar");
+  EXPECT_EQ(dialogs.filters.front(), u"Arquivos Textos (*.bmp)"_qs);
+  EXPECT_TRUE(dialogs.shown.empty()) << "cancelled";
+  Click("cmdSalvar");
+  Click("cmdSalvar");
+  ASSERT_EQ(dialogs.shown.size(), 2U);
+  for (const auto& [message, buttons] : dialogs.shown)
+    EXPECT_EQ(message, (Message{{TextId::InvalidName}, TextId::Attention, Icon::Exclamation}));
+  Click("cmdSalvar");
+  EXPECT_EQ(dialogs.LastText(), Text(TextId::FileError, Language::English));
+  EXPECT_TRUE(dialogs.details.back().contains(u"missing/chart.bmp"_qs));
+  EXPECT_EQ(folder.Entries(), 0);
+  Click("cmdSalvar");
+  const QImage saved(Path("chart.bmp"), "BMP");
+  EXPECT_EQ(saved.size(), Chart().size() * Chart().devicePixelRatio());
+  EXPECT_EQ(saved.pixelColor(Place(2, 60)), QColor(Qt::blue));
+  EXPECT_EQ(saved.pixelColor(Place(10, 20)), QColor(Qt::white)) << "an open square";
+  EXPECT_EQ(saved.pixelColor(Place(10, 20) + QPoint(4, 0)), QColor(Qt::red));
+}
+
+TEST_F(Zoom, PrintsOrOffersAPdf) {
+  dialogs.answers = {Answer::No, Answer::Yes};
+  Click("cmdImprimir");
+  EXPECT_TRUE(dialogs.LastText().starts_with("No printer is set up")) << dialogs.LastText();
+  dialogs.files = {Path("sheet.pdf")};
+  Click("cmdImprimir");
+  EXPECT_TRUE(BytesOf(folder / "sheet.pdf").starts_with("%PDF"));
+  Open(Path("printed.pdf"));
+  Click("cmdImprimir");
+  EXPECT_TRUE(BytesOf(folder / "printed.pdf").starts_with("%PDF"));
+  EXPECT_EQ(dialogs.shown.size(), 2U) << "a printed page needs no message";
+  Open(Path("missing/printed.pdf"));
+  dialogs.answers = {Answer::No};
+  Click("cmdImprimir");
+  EXPECT_TRUE(dialogs.LastText().starts_with("The chosen printer cannot")) << dialogs.LastText();
+}
+
+TEST_F(Zoom, PageKeepsProportionsWithTheLegendBelow) {
+  ChartPage page{Chart().Content(), 2, u"Legend"_qs, {}, {{7, "QuadCheio", 2}}};
+  page.chart.experiments[1].points.clear();  // red is the legend's alone
+  QImage sheet(800, 800, QImage::Format_RGB32);
+  sheet.fill(Qt::white);
+  QPainter painter(&sheet);
+  PaintPage(painter, page);
+  painter.end();
+  const QPoint blue = ToPaper(page.chart.scale, QRectF(0, 0, 800, 400), {2, 60}).toPoint();
+  EXPECT_EQ(sheet.pixelColor(blue), QColor(Qt::blue));
+  int firstRed = 0;
+  const auto red = [&](int i) { return sheet.pixel(i % 800, i / 800) == 0xFFFF0000; };
+  while (firstRed < 800 * 800 && !red(firstRed)) ++firstRed;
+  EXPECT_TRUE(firstRed / 800 > 400 && firstRed / 800 < 460) << firstRed / 800;
+}
+
+TEST_F(Zoom, KeysLeadThroughItAndLanguagesChangeIt) {
+  Child("cmdInsTitulo")->setFocus();
+  for (const char* next : {"cmdInsLegenda", "cmdInsLinhas", "cmdInsInterv", "cmdCopiar",
+                           "cmdSalvar", "cmdImprimir", "cmdFechar"}) {
+    QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(window->focusWidget()->objectName(), QString::fromUtf8(next));
+  }
+  Idiomas(*window, Language::Portuguese);
+  EXPECT_EQ(Child<QLabel>("lblLegenda")->text(), u"Legenda"_qs);
+  EXPECT_EQ(Child("cmdFechar")->accessibleName(), u"Fechar janela"_qs);
+  QTest::keyClick(window.get(), Qt::Key_Escape);
+  EXPECT_FALSE(window->isVisible());
+}
+
+TEST_F(Zoom, OpensTheClickedChartOrSaysThatItCannotBeSized) {
+  QWidget owner;
+  session.clickedChart = "picCp";  // all zero, which still has a time axis
+  GraficoZoomSub(session, dialogs, &owner);
+  QPointer<frmZoom> opened = owner.findChild<frmZoom*>();
+  ASSERT_NE(opened, nullptr);
+  session.lists.Clear();  // the window keeps what it shows
+  QTest::mouseClick(opened->findChild<QToolButton*>(u"cmdInsLinhas"_qs), Qt::LeftButton);
+  EXPECT_EQ(opened->findChild<ChartView*>()->Content().variable, PlotVariable::Cp);
+  QTest::mouseClick(opened->findChild<QToolButton*>(u"cmdFechar"_qs), Qt::LeftButton);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(opened, nullptr);
+  GraficoZoomSub(session, dialogs, &owner);
+  EXPECT_EQ(dialogs.LastText(), "Erro ao dimensionar imagem. Abra novamente a janela de Zoom.");
+  EXPECT_EQ(owner.findChild<frmZoom*>(), nullptr);
+}
+
+}  // namespace
+}  // namespace velmora
