@@ -17,24 +17,10 @@ constexpr std::string_view kFittableForm = "NAME=VALUE";
 constexpr std::string_view kConditionForm = "NAME=VALUE / PLACE:NAME=VALUE";
 constexpr std::string_view kRangeForm = "NAME=START:LOWER:UPPER";
 
-/// The values of a conditions row that are not fitted.
-struct NamedPosition {
-  std::string_view name;
-  At position;
-};
-constexpr auto kNamed = std::to_array<NamedPosition>({{"Cx0", At::Cx0},
-                                                      {"Cs0", At::Cs0},
-                                                      {"Cp0", At::Cp0},
-                                                      {"T", At::T},
-                                                      {"Yxs", At::Yxs},
-                                                      {"Yps", At::YpsTyped},
-                                                      {"Alfa", At::alpha},
-                                                      {"Beta", At::beta},
-                                                      {"ms", At::ms},
-                                                      {"Kd", At::Kd},
-                                                      {"Kdp", At::Kdp},
-                                                      {"CsAst1", At::CsAst1},
-                                                      {"CsAst2", At::CsAst2}});
+/// The values of a conditions row that are not fitted, in the order in which they are listed.
+constexpr std::array kConditions = {At::Cx0,      At::Cs0,    At::Cp0,   At::T,  At::Yxs,
+                                    At::YpsTyped, At::alpha,  At::beta,  At::ms, At::Kd,
+                                    At::Kdp,      At::CsAst1, At::CsAst2};
 
 [[noreturn]] void FailUsage(const std::string& line) {
   throw Failure{ExitCode::Usage, line};
@@ -47,9 +33,9 @@ std::optional<At> FittablePosition(std::string_view name) {
 }
 
 std::optional<At> ConditionPosition(std::string_view name) {
-  const auto at = std::find_if(kNamed.begin(), kNamed.end(),
-                               [=](const NamedPosition& named) { return named.name == name; });
-  return at == kNamed.end() ? FittablePosition(name) : at->position;
+  const auto at = std::find_if(kConditions.begin(), kConditions.end(),
+                               [=](At position) { return ParameterAt(position).name == name; });
+  return at == kConditions.end() ? FittablePosition(name) : *at;
 }
 
 /// Splits `text` at the first `mark`; the second part is nothing where there is none.
@@ -78,13 +64,13 @@ int TakePlace(std::string_view& name, const std::string& text, int experiments,
 
 std::string FittableNames() {
   std::string names;
-  for (const FittableParameter& parameter : kFittable) Join(names, parameter.name, " ");
+  for (const Parameter& parameter : kFittable) Join(names, parameter.name, " ");
   return names;
 }
 
 std::string ConditionNames() {
   std::string names;
-  for (const NamedPosition& named : kNamed) Join(names, named.name, " ");
+  for (const At position : kConditions) Join(names, ParameterAt(position).name, " ");
   Join(names, FittableNames(), " ");
   return names;
 }
@@ -114,15 +100,16 @@ Assignment ConditionAssignment(const std::string& text, int experiments, const W
   return {std::string(name), *position, number, place, text};
 }
 
-FittedRange RangeOf(const std::string& text, const Wording& say) {
+FitVariable RangeOf(const std::string& text, const Wording& say) {
   const auto [name, values] = Split(text, '=');
   const auto [start, bounds] = Split(values.value_or(""), ':');
   const auto [lower, upper] = Split(bounds.value_or(""), ':');
   if (!values || !bounds || !upper) FailUsage(say(TextId::Malformed, {kFit, text, kRangeForm}));
-  const int index = FittableIndex(name);
-  if (index < 0) FailUsage(say(TextId::UnknownName, {kFit, name, FittableNames()}));
-  const FittedRange range{static_cast<std::size_t>(index), NumberOf(kFit, start, say),
-                          NumberOf(kFit, lower, say), NumberOf(kFit, *upper, say)};
+  const std::optional<At> position = FittablePosition(name);
+  if (!position) FailUsage(say(TextId::UnknownName, {kFit, name, FittableNames()}));
+  const double first = NumberOf(kFit, start, say);
+  const FitVariable range{*position, NumberOf(kFit, lower, say), NumberOf(kFit, *upper, say),
+                          first};
   if (range.start < 0 || range.lower < 0 || range.upper < 0)
     FailUsage(say(TextId::Negative, {kFit, text}));
   return range;

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/Wording.h"
+#include "estimation/FitProblem.h"
 #include "kinetics/KineticParameters.h"
 
 namespace velmora::cli {
@@ -20,14 +21,6 @@ struct Assignment {
   std::string text;  // as given
 };
 
-/// NAME=START:LOWER:UPPER.
-struct FittedRange {
-  std::size_t index = 0;  // in kFittable
-  double start = 0;
-  double lower = 0;
-  double upper = 0;
-};
-
 /// The ten names that may be fitted, joined by blanks; and all that --set of `conditions` takes.
 std::string FittableNames();
 std::string ConditionNames();
@@ -38,6 +31,7 @@ double NumberOf(std::string_view option, std::string_view text, const Wording& s
 Assignment FittableAssignment(const std::string& text, const Wording& say);
 /// --set with any name of a conditions value, for places 0..`experiments`; not negative.
 Assignment ConditionAssignment(const std::string& text, int experiments, const Wording& say);
-FittedRange RangeOf(const std::string& text, const Wording& say);
+/// --fit NAME=START:LOWER:UPPER; nothing negative.
+FitVariable RangeOf(const std::string& text, const Wording& say);
 
 }  // namespace velmora::cli

@@ -43,11 +43,10 @@ std::string RecordLine(int place, const ConditionsRead& read, const Wording& say
 
 std::string FittedLines(const CultivationConditions& conditions, const Wording& say) {
   std::string text;
-  for (const FittedParameter& row : WithValuesOf(conditions.At(1).row, conditions.fitted)) {
-    const int index = FittableIndex(static_cast<At>(row.code));
-    text += say(TextId::FittedLine,
-                {kFittable[static_cast<std::size_t>(index)].name, ShortestText(row.value),
-                 ShortestText(row.lower), ShortestText(row.upper)}) +
+  for (const auto& [position, lower, upper, start] :
+       StartingFrom(conditions.At(1).row, conditions.fitted)) {
+    text += say(TextId::FittedLine, {ParameterAt(position).name, ShortestText(start),
+                                     ShortestText(lower), ShortestText(upper)}) +
             "\n";
   }
   return text.empty() ? say(TextId::NoParameterFitted) + "\n" : text;

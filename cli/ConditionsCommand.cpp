@@ -36,16 +36,17 @@ void RequireUse(const Plan& plan, const Assignment& assignment, const Wording& s
     throw Failure{ExitCode::Refused, say(TextId::BetaNotOffered, {assignment.name})};
 }
 
-void TickFitRow(const FittedRange& range, Plan& plan, const Wording& say) {
-  const auto& [position, name, label] = kFittable[range.index];
+void TickFitRow(const FitVariable& range, Plan& plan, const Wording& say) {
+  const At position = range.position;
+  const std::string_view name = ParameterAt(position).name;
   cli::RequireUse(plan.model, position, say);
   const auto isSet = [at = position](const Assignment& a) { return a.position == at; };
   if (std::any_of(plan.assignments.begin(), plan.assignments.end(), isSet))
     throw Failure{ExitCode::Usage, say(TextId::SetAndFitted, {name})};
-  FitRow& row = plan.form.fit[range.index];
+  FitRow& row = plan.form.fit[static_cast<std::size_t>(FittableIndex(position))];
   if (row.ticked) throw Failure{ExitCode::Usage, say(TextId::FittedTwice, {name})};
-  row = {true, PlainText(range.lower, '.'), PlainText(range.upper, '.')};
-  plan.form.At(position) = PlainText(range.start, '.');
+  row = {true, Entry::Of(range.lower, '.'), Entry::Of(range.upper, '.')};
+  plan.form.At(position) = Entry::Of(range.start, '.');
 }
 
 Plan PlanOf(const ConditionsOptions& options, int experiments, const Wording& say) {
@@ -68,14 +69,14 @@ Plan PlanOf(const ConditionsOptions& options, int experiments, const Wording& sa
 CultivationForm FormAt(int place, const Experiment& experiment, const Plan& plan,
                        const Wording& say) {
   CultivationForm form = plan.form;
-  for (const auto& [position, text] : SuggestedTexts(experiment, '.')) form.At(position) = text;
+  for (const auto& [position, entry] : SuggestedEntries(experiment, '.')) form.At(position) = entry;
   for (const Assignment& assignment : plan.assignments)
     if (assignment.place == 0 || assignment.place == place)
-      form.At(assignment.position) = PlainText(assignment.value, '.');
+      form.At(assignment.position) = Entry::Of(assignment.value, '.');
   for (const At initial : {At::Cx0, At::Cs0, At::Cp0})
-    if (form.At(initial).empty()) throw Failure{ExitCode::Refused, say(TextId::NoPoints)};
-  for (const FittableParameter& parameter : kFittable)
-    if (Uses(plan.model, parameter.position) && form.At(parameter.position).empty())
+    if (form.At(initial).text.empty()) throw Failure{ExitCode::Refused, say(TextId::NoPoints)};
+  for (const Parameter& parameter : kFittable)
+    if (Uses(plan.model, parameter.position) && form.At(parameter.position).text.empty())
       throw Failure{ExitCode::Refused,
                     say(TextId::ValueMissing, {plan.model.name, parameter.name})};
   return form;
@@ -114,8 +115,8 @@ ExitCode Run(const ConditionsOptions& options, const Console& console) {
   CultivationConditions conditions;
   for (int place = 1; place <= lists.Count(); ++place)
     SaveConditions(place, lists.At(place), plan, say, conditions);
-  if (const auto refusal = RefuseBounds(VariablesOf(conditions.fitted)))
-    throw Failure{ExitCode::Refused, say.Of(*refusal)};
+  if (!BoundsAreOrdered(conditions.fitted))
+    throw Failure{ExitCode::Refused, say.Of(BoundsRefusal())};
   if (const auto fault = WriteConditions(conditions, lists.Count(), true, options.output))
     throw Failure{ExitCode::File, say.Of(*fault)};
   console.Print(say(TextId::Written, {options.output, std::to_string(lists.Count())}) + "\n");

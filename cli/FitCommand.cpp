@@ -24,10 +24,9 @@ namespace {
 /// A fit that has ended, with all that its results are printed from.
 struct Fit {
   const Inputs& inputs;
-  const std::vector<FitVariable>& variables;
+  const FitProblem& problem;
   const SearchResult& result;
   const Deviations& deviations;
-  ModelCurves curves;
 };
 
 EstimationSettings SettingsOf(const FitOptions& options, const Wording& say) {
@@ -43,25 +42,27 @@ EstimationSettings SettingsOf(const FitOptions& options, const Wording& say) {
     if (const auto& text = options.settings[i])
       typed.*kSettingOptions[i].typed = NumberOf(kSettingOptions[i].option, *text, say);
   const CheckedSettings checked = CheckSettings(typed);
-  if (!checked.refusal) return checked.settings;
-  const auto& failed = kSettingOptions[static_cast<std::size_t>(checked.failed - 1)];
-  throw Failure{ExitCode::Refused, std::string(failed.option) + ": " + say.Of(*checked.refusal)};
+  if (!checked.refused) return checked.settings;
+  throw Failure{ExitCode::Refused, std::string(kSettingOptions[*checked.refused].option) + ": " +
+                                       say.Of(SettingsRefusal())};
 }
 
-/// The fitted parameters, once all that a fit asks for is in place. Conditions that are a
-/// simulation's, or none, hold no fitted parameters: that is said before these are asked for.
-std::vector<FitVariable> CheckedVariables(Inputs& inputs, const Wording& say) {
+/// What is fitted, once all that a fit asks for is in place. Conditions that are a simulation's, or
+/// none, hold no fitted parameters: that is said before these are asked for.
+FitProblem CheckedProblem(Inputs& inputs, const Wording& say) {
   const ConditionsRecord& first = inputs.conditions.At(1);
   const Method method = MethodNamed(first.options.method);
   if (method == Method::Manual) throw Failure{ExitCode::Refused, say(TextId::SimulationOnly)};
   if (inputs.conditions.SavedCount() == 0) RequireCultivation(inputs, say);
-  inputs.conditions.fitted = WithValuesOf(first.row, inputs.conditions.fitted);
-  const CheckedFit checked = ChecarVarAjustadas(inputs.conditions.fitted);
-  if (checked.refusal) throw Failure{ExitCode::Refused, say.Of(checked.refusal->message)};
+  inputs.conditions.fitted = StartingFrom(first.row, inputs.conditions.fitted);
+  if (const auto refusal = ChecarVarAjustadas(inputs.conditions.fitted))
+    throw Failure{ExitCode::Refused, say.Of(refusal->message)};
   RequireCultivation(inputs, say);
   if (method != Method::ED)
     throw Failure{ExitCode::Refused, std::string(Text(TextId::NoMethod, say.In()))};
-  return checked.variables;
+  if (!BoundsAreOrdered(inputs.conditions.fitted))
+    throw Failure{ExitCode::Refused, say.Of(BoundsRefusal())};
+  return ProblemOf(inputs.lists.Experiments(), inputs.conditions);
 }
 
 ProgressForm FormOf(const FitOptions& options) {
@@ -70,31 +71,34 @@ ProgressForm FormOf(const FitOptions& options) {
   return isatty(STDERR_FILENO) != 0 ? ProgressForm::Line : ProgressForm::None;
 }
 
-SearchResult SearchOrFail(Objective& objective, const std::vector<FitVariable>& variables,
-                          const EstimationSettings& settings, ProgressForm form,
-                          const Inputs& inputs, const Console& console) {
+std::string WordedFault(const ArithmeticFault& fault, const Inputs& inputs, const Wording& say) {
+  return std::string(Text(TextId::NotCompleted, say.In())) + Describe(fault, inputs, say);
+}
+
+/// A fault before any vector was scored leaves nothing to print.
+SearchResult SearchOrFail(const FitProblem& problem, const EstimationSettings& settings,
+                          ProgressForm form, const Inputs& inputs, const Console& console) {
   SearchResult result;
   try {
-    FitProgress progress(variables, form, console);
-    result = Search(objective, variables, settings, progress);
+    FitProgress progress(problem.variables, form, console);
+    result = Search(problem, settings, progress);
   } catch (const std::bad_alloc&) {
     throw Failure{ExitCode::Refused, console.say(TextId::OutOfMemoryInFit)};
   }
-  if (result.refusal) throw Failure{ExitCode::Refused, console.say.Of(*result.refusal)};
-  if (result.fault)
-    throw Failure{ExitCode::Arithmetic, std::string(Text(TextId::NotCompleted, console.say.In())) +
-                                            Describe(*result.fault, inputs, console.say)};
+  if (!result.HasResult())
+    throw Failure{ExitCode::Arithmetic, WordedFault(*result.fault, inputs, console.say)};
   return result;
 }
 
 std::string_view NameOf(SearchEnd end) {
   if (end == SearchEnd::Converged) return "converged";
+  if (end == SearchEnd::Fault) return "fault";
   return end == SearchEnd::Stopped ? "stopped" : "generation limit";
 }
 
 std::string ParameterJson(const Fit& fit, std::size_t j) {
-  const FitVariable& variable = fit.variables[j];
-  const auto& parameter = kFittable[static_cast<std::size_t>(FittableIndex(variable.position))];
+  const FitVariable& variable = fit.problem.variables[j];
+  const Parameter& parameter = ParameterAt(variable.position);
   const bool known = !fit.deviations.fault;
   return json::Object({{"name", json::Text(parameter.name)},
                        {"label", json::Text(parameter.label)},
@@ -108,7 +112,7 @@ std::string ParameterJson(const Fit& fit, std::size_t j) {
 
 std::string JsonOf(const Fit& fit) {
   std::vector<std::string> parameters;
-  for (std::size_t j = 0; j < fit.variables.size(); ++j)
+  for (std::size_t j = 0; j < fit.problem.variables.size(); ++j)
     parameters.push_back(ParameterJson(fit, j));
   const int observations = fit.deviations.observations;
   return json::Object({{"parameters", json::Array(parameters)},
@@ -132,12 +136,13 @@ std::string TextOf(const Fit& fit, const Wording& say) {
   text += "\n";
   text += say(TextId::Generations, {std::to_string(fit.result.generations)}) + "\n";
   text += std::string(kFunctionCalls) + std::to_string(fit.result.functionCalls) + "\n";
-  return text + FinalText(fit.variables, fit.result, fit.deviations, {say.In(), '.'});
+  return text + FinalText(fit.problem, fit.result, fit.deviations, {say.In(), '.'});
 }
 
 std::vector<ReportPicture> PicturesOf(const Fit& fit, const Console& console) {
   try {
-    return ChartPictures(fit.inputs.lists, fit.curves);
+    const SimulatedFit best = Objective(fit.problem).Simulate(fit.result.best);
+    return ChartPictures(fit.inputs.lists, best.Curves());
   } catch (const std::runtime_error& failure) {
     console.Complain(console.say(TextId::NoCharts, {failure.what()}));
     return {};
@@ -146,16 +151,15 @@ std::vector<ReportPicture> PicturesOf(const Fit& fit, const Console& console) {
 
 std::optional<FileFault> WriteReport(const Fit& fit, const std::string& path,
                                      const Console& console) {
-  ReportContent report =
-      ReportOf(fit.inputs.lists.Experiments(), fit.inputs.conditions, fit.variables, fit.result,
-               fit.deviations, {console.say.In(), '.'});
+  ReportContent report = ReportOf(fit.problem, fit.inputs.conditions, fit.result, fit.deviations,
+                                  {console.say.In(), '.'});
   report.pictures = PicturesOf(fit, console);
   return SaveReport(report, path);
 }
 
 ExitCode CodeOf(const Fit& fit) {
   if (fit.result.end == SearchEnd::Stopped) return ExitCode::Stopped;
-  return fit.deviations.fault ? ExitCode::Arithmetic : ExitCode::Done;
+  return fit.result.fault || fit.deviations.fault ? ExitCode::Arithmetic : ExitCode::Done;
 }
 
 }  // namespace
@@ -166,18 +170,14 @@ ExitCode Run(const FitOptions& options, const Console& console) {
       RequireOtherFile(input, *options.report, console.say);
   const EstimationSettings settings = SettingsOf(options, console.say);
   Inputs inputs = LoadInputs(options.inputs, console.say);
-  const std::vector<FitVariable> variables = CheckedVariables(inputs, console.say);
-  if (const auto refusal = RefuseBounds(variables))
-    throw Failure{ExitCode::Refused, console.say.Of(*refusal)};
-
-  Objective objective(ProblemOf(inputs.lists.Experiments(), inputs.conditions));
+  const FitProblem problem = CheckedProblem(inputs, console.say);
   WarnOfUnscaled(inputs.lists, console);
-  const SearchResult result =
-      SearchOrFail(objective, variables, settings, FormOf(options), inputs, console);
-  const Deviations deviations = ComputeDeviations(objective, result.best);
+  const SearchResult result = SearchOrFail(problem, settings, FormOf(options), inputs, console);
+  if (result.fault) console.Complain(WordedFault(*result.fault, inputs, console.say));
+  const Deviations deviations = ComputeDeviations(problem, result.best);
   if (deviations.fault) console.Complain(console.say.Of(InversionMessage()));
 
-  const Fit fit{inputs, variables, result, deviations, objective.Curves()};
+  const Fit fit{inputs, problem, result, deviations};
   // A long search is not lost where only one of its two outputs can be written.
   std::optional<FileFault> unsaved;
   if (options.report) unsaved = WriteReport(fit, *options.report, console);

@@ -10,6 +10,7 @@
 #include "cli/FileKind.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/ConditionsSetUp.h"
+#include "cultivation/FitSetUp.h"
 #include "cultivation/OpenedConditions.h"
 #include "data/ExperimentFile.h"
 #include "kinetics/ModelCurves.h"
@@ -54,7 +55,7 @@ const Model& ModelNamed(const std::string& name, const Wording& say) {
 
 void RequireUse(const Model& model, At position, const Wording& say) {
   if (Uses(model, position)) return;
-  const std::string_view name = kFittable[static_cast<std::size_t>(FittableIndex(position))].name;
+  const std::string_view name = ParameterAt(position).name;
   throw Failure{ExitCode::Refused,
                 say(TextId::ModelLacks, {model.name, name, ParameterNames(model)})};
 }
@@ -65,8 +66,8 @@ Inputs LoadInputs(const InputOptions& options, const Wording& say) {
   inputs.lists = LoadExperiments(options.experiments, say);
   inputs.conditions = LoadConditions(options.conditions, say);
   if (inputs.model == nullptr) return inputs;
-  for (const FittedParameter& fitted : inputs.conditions.fitted)
-    RequireUse(*inputs.model, static_cast<At>(fitted.code), say);
+  for (const FitVariable& fitted : inputs.conditions.fitted)
+    RequireUse(*inputs.model, fitted.position, say);
   ReplaceModel(*inputs.model, inputs.conditions);
   return inputs;
 }
@@ -107,19 +108,17 @@ std::string Describe(const ArithmeticFault& fault, const Inputs& inputs, const W
   return text + ", t = " + Formatted(time, kFour, '.') + " h";
 }
 
-std::string ModelNames(const ConditionsRecord& record, const std::vector<FittedParameter>& fitted) {
+std::string ModelNames(const ConditionsRecord& record, const std::vector<FitVariable>& fitted) {
   if (const Model* model = RecognisedModel(record, fitted)) return std::string(model->name);
-  std::vector<At> positions;
-  for (const FittedParameter& row : fitted) positions.push_back(static_cast<At>(row.code));
   std::string names;
-  for (const Model* model : ModelsOf(VectorOf(record.row), positions))
+  for (const Model* model : ModelsOf(VectorOf(record.row), PositionsOf(fitted)))
     Join(names, model->name, kBetween);
   return names;
 }
 
 std::string ParameterNames(const Model& model) {
   std::string names;
-  for (const FittableParameter& parameter : kFittable)
+  for (const Parameter& parameter : kFittable)
     if (Uses(model, parameter.position)) Join(names, parameter.name, kBetween);
   return names;
 }

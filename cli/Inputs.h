@@ -53,7 +53,7 @@ std::string Describe(const ArithmeticFault& fault, const Inputs& inputs, const W
 
 /// The names of the models that a row's switches stand for, joined by ", ": the one that the
 /// option texts name where it is among them; empty where there is none.
-std::string ModelNames(const ConditionsRecord& record, const std::vector<FittedParameter>& fitted);
+std::string ModelNames(const ConditionsRecord& record, const std::vector<FitVariable>& fitted);
 
 /// The names of the fittable parameters that the model uses, joined by ", ".
 std::string ParameterNames(const Model& model);

@@ -20,33 +20,34 @@ void SetInEveryRow(const Assignment& assignment, Inputs& inputs, const Wording& 
     inputs.conditions.At(place).row[assignment.position] = assignment.value;
 }
 
-std::string JsonOf(double score, const Objective& objective, const ExperimentLists& lists) {
+std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists) {
   std::vector<std::string> experiments;
-  for (int place = 1; place <= objective.ExperimentCount(); ++place) {
-    const PerVariable<double>& share = objective.Share(place);
+  for (int place = 1; place <= lists.Count(); ++place) {
+    const PerVariable<double>& share =
+        fit.experiments.at(static_cast<std::size_t>(place) - 1).share;
     experiments.push_back(json::Object({{"place", json::Number(place)},
                                         {"number", json::Number(lists.At(place).number)},
                                         {"Cx", json::Number(share.Cx)},
                                         {"Cs", json::Number(share.Cs)},
                                         {"Cp", json::Number(share.Cp)}}));
   }
-  return json::Object({{"score", json::Number(score)}, {"experiments", json::Array(experiments)}}) +
+  return json::Object(
+             {{"score", json::Number(fit.score)}, {"experiments", json::Array(experiments)}}) +
          "\n";
 }
 
-std::string TableOf(double score, const Objective& objective, const ExperimentLists& lists,
-                    const Wording& say) {
+std::string TableOf(const SimulatedFit& fit, const ExperimentLists& lists, const Wording& say) {
   std::string text = Left(say(TextId::ExperimentColumn), kWidth);
   for (const std::string_view heading : {"Cx", "Cs", "Cp"}) text += Right(heading, kWidth);
   text += Right(say(TextId::Sum), kWidth) + "\n";
-  for (int place = 1; place <= objective.ExperimentCount(); ++place) {
-    const auto& [Cx, Cs, Cp] = objective.Share(place);
+  for (int place = 1; place <= lists.Count(); ++place) {
+    const auto& [Cx, Cs, Cp] = fit.experiments.at(static_cast<std::size_t>(place) - 1).share;
     text += Left(std::to_string(lists.At(place).number), kWidth);
     for (const double value : {Cx, Cs, Cp, Cx + Cs + Cp})
       text += Right(Formatted(value, kEight, '.'), kWidth);
     text += "\n";
   }
-  return text + say(TextId::Score) + " = " + ShortestText(score) + "\n";
+  return text + say(TextId::Score) + " = " + ShortestText(fit.score) + "\n";
 }
 
 }  // namespace
@@ -59,14 +60,12 @@ ExitCode Run(const ScoreOptions& options, const Console& console) {
   RequireCultivation(inputs, console.say);
   for (const Assignment& assignment : assignments) SetInEveryRow(assignment, inputs, console.say);
 
-  FitProblem problem = ProblemOf(inputs.lists.Experiments(), inputs.conditions);
-  problem.variables.clear();
-  Objective objective(problem);
   WarnOfUnscaled(inputs.lists, console);
   try {
-    const double score = objective.Simulate({});
-    console.Print(options.json ? JsonOf(score, objective, inputs.lists)
-                               : TableOf(score, objective, inputs.lists, console.say));
+    const SimulatedFit fit =
+        Objective(ProblemOf(inputs.lists.Experiments(), inputs.conditions)).Simulate({});
+    console.Print(options.json ? JsonOf(fit, inputs.lists)
+                               : TableOf(fit, inputs.lists, console.say));
   } catch (const ArithmeticFault& fault) {
     throw Failure{ExitCode::Arithmetic, Describe(fault, inputs, console.say)};
   }

@@ -5,7 +5,6 @@
 
 #include "cli/Columns.h"
 #include "cli/Json.h"
-#include "cultivation/DataExport.h"
 #include "cultivation/Simulation.h"
 #include "language/Numbers.h"
 

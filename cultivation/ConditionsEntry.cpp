@@ -8,10 +8,6 @@
 namespace velmora {
 namespace {
 
-bool SameRow(const FitRow& left, const FitRow& right) {
-  return left.ticked == right.ticked && left.lower == right.lower && left.upper == right.upper;
-}
-
 int PlacesOf(const std::vector<Experiment>& experiments) {
   return std::min(static_cast<int>(experiments.size()), kMostExperiments);
 }
@@ -31,26 +27,10 @@ int RecordFor(std::int16_t number, int place, const CultivationConditions& condi
 
 }  // namespace
 
-std::array<std::string, 31> ExactTexts(const ConditionsRow& row, char separator) {
-  std::array<std::string, 31> texts = ShownTexts(row, separator);
-  for (int position = 1; position <= ConditionsRow::kCount; ++position) {
-    std::string& text = texts[static_cast<std::size_t>(position) - 1];
-    if (!text.empty()) text = PlainText(row[position], separator);
-  }
-  return texts;
-}
-
-std::string ShownText(At position, double value, char separator) {
-  ConditionsRow row;
-  row[position] = value;
-  return ShownTexts(row, separator)[static_cast<std::size_t>(position) - 1];
-}
-
-std::vector<std::pair<At, std::string>> SuggestedTexts(const Experiment& experiment,
-                                                       char separator) {
-  std::vector<std::pair<At, std::string>> texts;
+std::vector<std::pair<At, Entry>> SuggestedEntries(const Experiment& experiment, char separator) {
+  std::vector<std::pair<At, Entry>> entries;
   const auto suggest = [&](At position, double value) {
-    texts.emplace_back(position, PlainText(value, separator));
+    entries.emplace_back(position, Entry::Of(value, separator));
   };
   if (experiment.Points() > 0) {
     suggest(At::Cx0, experiment.Cx.front());
@@ -58,14 +38,13 @@ std::vector<std::pair<At, std::string>> SuggestedTexts(const Experiment& experim
     suggest(At::Cp0, experiment.Cp.front());
   }
   suggest(At::T, experiment.finalTime);
-  return texts;
+  return entries;
 }
 
 bool SameEntries(const CultivationForm& left, const CultivationForm& right) {
-  return left.texts == right.texts && left.method == right.method &&
+  return left.boxes == right.boxes && left.method == right.method &&
          left.production == right.production && left.yields == right.yields &&
-         left.dataSet == right.dataSet && left.model == right.model &&
-         std::equal(left.fit.begin(), left.fit.end(), right.fit.begin(), SameRow);
+         left.dataSet == right.dataSet && left.model == right.model && left.fit == right.fit;
 }
 
 bool RunPassesOver(const CultivationForm& form, int place, char separator,

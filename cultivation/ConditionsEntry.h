@@ -12,17 +12,9 @@
 
 namespace velmora {
 
-/// The numbers behind the boxes of a stored row, by position, without the rounding of what the
-/// boxes show; empty for the positions without a box.
-std::array<std::string, 31> ExactTexts(const ConditionsRow& row, char separator);
-
-/// The text that the box of `position` shows for `value`.
-std::string ShownText(At position, double value, char separator);
-
 /// The boxes that an experiment without saved conditions begins with: the concentrations of its
 /// first measured point, and its final time.
-std::vector<std::pair<At, std::string>> SuggestedTexts(const Experiment& experiment,
-                                                       char separator);
+std::vector<std::pair<At, Entry>> SuggestedEntries(const Experiment& experiment, char separator);
 
 /// Whether two forms state the same. Whether the model is confirmed does not count.
 bool SameEntries(const CultivationForm& left, const CultivationForm& right);

@@ -37,15 +37,15 @@ ConditionsRecord ReadRecord(FieldReader& in) {
   return record;
 }
 
-std::vector<FittedParameter> ReadFitted(FieldReader& in) {
+std::vector<FitVariable> ReadFitted(FieldReader& in) {
   const int count = in.Whole<std::int16_t>(FileField::FittedCount, kFittedCount);
-  std::vector<FittedParameter> fitted;
+  std::vector<FitVariable> fitted;
   for (int j = 1; j <= count && in.Good(); ++j) {
-    FittedParameter& row = fitted.emplace_back();
+    FitVariable& row = fitted.emplace_back();
     row.upper = in.Number(FileField::UpperBound, j);
     row.lower = in.Number(FileField::LowerBound, j);
-    row.code = in.Whole<std::int16_t>(FileField::ParameterCode, kFittableCodes, j);
-    row.value = in.Number(FileField::FourthValue, j);
+    row.position = At{in.Whole<std::int16_t>(FileField::ParameterCode, kFittableCodes, j)};
+    row.start = in.Number(FileField::FourthValue, j);
   }
   return fitted;
 }
@@ -58,10 +58,10 @@ void AppendRecord(std::string& text, const ConditionsRecord& record) {
 }
 
 /// The fitted-parameter table is one for the whole fit; every experiment's block repeats it.
-void AppendFitted(std::string& text, const std::vector<FittedParameter>& fitted) {
+void AppendFitted(std::string& text, const std::vector<FitVariable>& fitted) {
   AppendLine(text, ShortestText(static_cast<double>(fitted.size())));
-  for (const FittedParameter& row : fitted)
-    for (const double value : {row.upper, row.lower, static_cast<double>(row.code), row.value})
+  for (const auto& [position, lower, upper, start] : fitted)
+    for (const double value : {upper, lower, static_cast<double>(position), start})
       AppendLine(text, ShortestText(value));
 }
 

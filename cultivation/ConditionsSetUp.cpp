@@ -24,11 +24,6 @@ constexpr std::array<PositiveValue, 5> kPositive = {{{At::Cx0, TextId::Cx0NotPos
                                                      {At::Yxs, TextId::YxsNotPositive},
                                                      {At::YpsTyped, TextId::YpsNotPositive}}};
 
-bool HasBox(At position) {
-  const bool isSwitch = position >= At::C && position <= At::H1;
-  return !isSwitch && position != At::Yps && position != At::Fp;
-}
-
 std::optional<Refusal> RefuseChoices(const CultivationForm& form, int place, char separator) {
   if (place == 0) return Refusal{Attention({TextId::NoExperimentSelected}), std::nullopt};
   if (auto refusal = RefuseFitRows(VarAjustadas(form, separator))) return refusal;
@@ -48,8 +43,8 @@ std::optional<Refusal> RefuseChoices(const CultivationForm& form, int place, cha
 std::optional<Refusal> ReadValues(const CultivationForm& form, char separator, ConditionsRow& row) {
   for (int position = 1; position <= ConditionsRow::kCount; ++position) {
     const At at = static_cast<At>(position);
-    if (!HasBox(at)) continue;
-    const auto value = ReadBox(form.At(at), separator);
+    if (!IsEntered(at)) continue;
+    const auto value = form.At(at).Number(separator);
     const auto positive = std::find_if(kPositive.begin(), kPositive.end(),
                                        [at](const PositiveValue& p) { return p.position == at; });
     const bool mustBePositive = positive != kPositive.end();
@@ -72,16 +67,15 @@ std::optional<Refusal> RefuseYields(const CultivationForm& form, const Condition
 }
 
 /// A computed alpha as its box shows it.
-std::string ShownAlfa(const ConditionsRow& row, char separator) {
-  return PlainText(RoundHalfEven(row[At::alpha], kAlfaDecimals), separator);
+Entry ShownAlfa(const ConditionsRow& row, char separator) {
+  return {PlainText(RoundHalfEven(row[At::alpha], kAlfaDecimals), separator), row[At::alpha]};
 }
 
-/// Sets alpha as production and yields decide it; the text to show for it, if it was decided.
-std::optional<std::string> DecideAlfa(const CultivationForm& form, char separator,
-                                      ConditionsRow& row) {
+/// Sets alpha as production and yields decide it; what to show for it, if it was decided.
+std::optional<Entry> DecideAlfa(const CultivationForm& form, char separator, ConditionsRow& row) {
   if (form.production == Production::PNAC) {
     row[At::alpha] = 0;
-    return "0";
+    return Entry("0", 0);
   }
   if (form.yields == Yields::Stoichiometric) return std::nullopt;
   row[At::alpha] = AlfaOfYields(row);
@@ -175,37 +169,29 @@ Saved SalvarCondCult(const CultivationForm& form, int place, std::int16_t number
   return saved;
 }
 
-std::array<std::string, 31> ShownTexts(const ConditionsRow& row, char separator) {
-  std::array<std::string, 31> texts;
-  for (int position = 1; position <= ConditionsRow::kCount; ++position) {
-    const At at = static_cast<At>(position);
-    if (!HasBox(at)) continue;
-    std::string& text = texts[static_cast<std::size_t>(position) - 1];
-    if (at >= At::muMax && at <= At::Kip)
-      text = Formatted(row[at], kTwoToFour, separator);
-    else if (at >= At::CxAst && at <= At::v)
-      text = Formatted(row[at], kOneToFour, separator);
-    else
-      text = PlainText(row[at], separator);
-  }
-  return texts;
+Entry Shown(At position, double value, char separator) {
+  if (position >= At::muMax && position <= At::Kip)
+    return {Formatted(value, kTwoToFour, separator), value};
+  if (position >= At::CxAst && position <= At::v)
+    return {Formatted(value, kOneToFour, separator), value};
+  return Entry::Of(value, separator);
 }
 
-CultivationForm FormOf(const ConditionsRecord& record, const std::vector<FittedParameter>& fitted,
+CultivationForm FormOf(const ConditionsRecord& record, const std::vector<FitVariable>& fitted,
                        char separator) {
   CultivationForm form;
-  form.texts = ShownTexts(record.row, separator);
+  for (const Parameter& parameter : kParameters)
+    if (IsEntered(parameter.position))
+      form.At(parameter.position) =
+          Shown(parameter.position, record.row[parameter.position], separator);
   form.method = MethodNamed(record.options.method);
   form.production = ProductionNamed(record.options.production);
   form.yields = record.row[At::Fp] == 0 ? Yields::Global : Yields::Stoichiometric;
   if (form.yields == Yields::Global) form.At(At::alpha) = ShownAlfa(record.row, separator);
   form.model = record.options.model;
-  for (const FittedParameter& row : fitted) {
-    const int index = FittableIndex(static_cast<At>(row.code));
-    if (index < 0) continue;
-    form.fit[static_cast<std::size_t>(index)] = {true, PlainText(row.lower, separator),
-                                                 PlainText(row.upper, separator)};
-  }
+  for (const auto& [position, lower, upper, start] : fitted)
+    form.fit[static_cast<std::size_t>(FittableIndex(position))] = {
+        true, Entry::Of(lower, separator), Entry::Of(upper, separator)};
   return form;
 }
 

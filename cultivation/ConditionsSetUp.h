@@ -10,11 +10,11 @@
 
 namespace velmora {
 
-/// What saving came to: the refusal, with nothing stored; or the text to show in the box of alpha,
+/// What saving came to: the refusal, with nothing stored; or what to show in the box of alpha,
 /// where the yields or the production decide it.
 struct Saved {
   std::optional<Refusal> refusal;
-  std::optional<std::string> shownAlfa;
+  std::optional<Entry> shownAlfa;
 };
 
 /// Checks the form and stores the conditions of the experiment at `place` (0: none is selected,
@@ -26,14 +26,13 @@ struct Saved {
 Saved SalvarCondCult(const CultivationForm& form, int place, std::int16_t number, char separator,
                      CultivationConditions& conditions);
 
-/// The texts of the boxes for a stored row, by position (index position - 1): plain number text for
-/// positions 1-7, 24-28 and 31, "0.00##" for 8-11, "0.0###" for 12-17, empty for those without a
-/// box.
-std::array<std::string, 31> ShownTexts(const ConditionsRow& row, char separator);
+/// What the box of `position` shows for `value`: plain number text, "0.00##" for positions 8-11,
+/// "0.0###" for 12-17.
+Entry Shown(At position, double value, char separator);
 
-/// The form that shows a stored record with the fit's table: its texts, options and fit rows
+/// The form that shows a stored record with the fit's table: its boxes, options and fit rows
 /// (`MostrarCondCult`). The model is taken from the option text, unconfirmed.
-CultivationForm FormOf(const ConditionsRecord& record, const std::vector<FittedParameter>& fitted,
+CultivationForm FormOf(const ConditionsRecord& record, const std::vector<FitVariable>& fitted,
                        char separator);
 
 /// What a run is refused for, in order: no experiment, a number of experiments other than that of

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "estimation/FitProblem.h"
 #include "kinetics/KineticParameters.h"
 
 namespace velmora {
@@ -32,15 +33,6 @@ struct OptionTexts {
 };
 inline constexpr int kOptionTexts = 5;
 
-/// One row of the fitted-parameter table.
-struct FittedParameter {
-  double upper = 0;
-  double lower = 0;
-  std::int16_t code = 0;  // position 8..17 in the kinetic parameter vector
-  double value = 0;       // the value when the fit was set up, where the search starts
-  friend bool operator==(const FittedParameter&, const FittedParameter&) = default;
-};
-
 /// What is stored for the experiment at one place of the experiment list.
 struct ConditionsRecord {
   bool saved = false;
@@ -65,7 +57,9 @@ class CultivationConditions {
   /// Removes the record at `place`; the records of later places move down by one.
   void Remove(int place);
 
-  std::vector<FittedParameter> fitted;  // at most kMostFitted rows, in table order
+  /// The fitted-parameter table: at most kMostFitted rows, in table order, each with the value from
+  /// which the search starts.
+  std::vector<FitVariable> fitted;
 
   friend bool operator==(const CultivationConditions&, const CultivationConditions&) = default;
 

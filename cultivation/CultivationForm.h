@@ -1,4 +1,4 @@
-// What the user states of one experiment before it is saved: texts as typed, and choices.
+// What the user states of one experiment before it is saved: what stands in the boxes, and choices.
 #pragma once
 
 #include <array>
@@ -6,10 +6,11 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
-#include "kinetics/KineticParameters.h"
 #include "kinetics/Modelos.h"
 #include "language/Message.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 
@@ -23,18 +24,41 @@ std::string_view NameOf(Production production);
 Method MethodNamed(std::string_view name);
 Production ProductionNamed(std::string_view name);
 
-/// One row of the fit table: whether the parameter is fitted, and its bounds as typed.
+/// A number box: the text that stands in it, and the number behind a text that was not typed, which
+/// may show that number shortened.
+struct Entry {
+  Entry() = default;
+  Entry(const char* typed) : text(typed) {}             // NOLINT(google-explicit-constructor)
+  Entry(std::string typed) : text(std::move(typed)) {}  // NOLINT(google-explicit-constructor)
+  Entry(std::string shown, double number) : text(std::move(shown)), exact(number) {}
+  /// The number itself in its shortest text.
+  static Entry Of(double value, char separator) { return {PlainText(value, separator), value}; }
+
+  std::string text;
+  std::optional<double> exact;
+
+  /// The number that the box stands for; nothing where its text is none.
+  std::optional<double> Number(char separator) const {
+    return exact ? exact : ReadBox(text, separator);
+  }
+
+  friend bool operator==(const Entry&, const Entry&) = default;
+};
+
+/// One row of the fit table: whether the parameter is fitted, and its bounds.
 struct FitRow {
   bool ticked = false;
-  std::string lower;
-  std::string upper;
+  Entry lower;
+  Entry upper;
+
+  friend bool operator==(const FitRow&, const FitRow&) = default;
 };
 
 /// The cultivation window's boxes and options for one experiment.
 struct CultivationForm {
-  /// The text of the box of each conditions position 1..31 (index position - 1); positions without
-  /// a box (18-23, 29, 30) stay empty. Position 31 is the typed Yps.
-  std::array<std::string, 31> texts;
+  /// The box of each conditions position 1..31 (index position - 1); positions without a box stay
+  /// empty. Position 31 is the typed Yps.
+  std::array<Entry, 31> boxes;
   std::array<FitRow, kFittable.size()> fit;  // in the order of kFittable
   Method method = Method::None;
   Production production = Production::None;
@@ -43,9 +67,9 @@ struct CultivationForm {
   std::string model;
   bool modelConfirmed = false;
 
-  std::string& At(velmora::At position) { return texts[static_cast<std::size_t>(position) - 1]; }
-  const std::string& At(velmora::At position) const {
-    return texts[static_cast<std::size_t>(position) - 1];
+  Entry& At(velmora::At position) { return boxes[static_cast<std::size_t>(position) - 1]; }
+  const Entry& At(velmora::At position) const {
+    return boxes[static_cast<std::size_t>(position) - 1];
   }
 };
 

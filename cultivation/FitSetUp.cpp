@@ -5,61 +5,70 @@
 namespace velmora {
 namespace {
 
-std::optional<Message> RefuseRow(const FittedParameter& row) {
-  if (row.value == 0 || row.lower == 0 || row.upper == 0)
+std::optional<Message> RefuseRow(const FitVariable& row) {
+  if (row.start == 0 || row.lower == 0 || row.upper == 0)
     return Attention(
         {TextId::PossibleErrors, "\n", TextId::FitEntryMissing, "\n", TextId::BoundIsZero});
-  if (row.value < row.lower || row.value > row.upper)
+  if (row.start < row.lower || row.start > row.upper)
     return Attention({TextId::FitEntryOutOfBounds});
   return std::nullopt;
 }
 
 }  // namespace
 
-std::vector<FittedParameter> VarAjustadas(const CultivationForm& form, char separator) {
-  const auto number = [=](const std::string& text) { return ReadBox(text, separator).value_or(0); };
-  std::vector<FittedParameter> table;
+std::vector<FitVariable> VarAjustadas(const CultivationForm& form, char separator) {
+  const auto number = [=](const Entry& box) { return box.Number(separator).value_or(0); };
+  std::vector<FitVariable> table;
   for (std::size_t row = 0; row < kFittable.size(); ++row) {
     const auto& [ticked, lower, upper] = form.fit[row];
     const At position = kFittable[row].position;
     if (ticked)
-      table.push_back({number(upper), number(lower), static_cast<std::int16_t>(position),
-                       number(form.At(position))});
+      table.push_back({position, number(lower), number(upper), number(form.At(position))});
   }
   return table;
 }
 
-std::vector<FittedParameter> WithValuesOf(const ConditionsRow& row,
-                                          std::vector<FittedParameter> table) {
-  for (FittedParameter& fitted : table) fitted.value = row[fitted.code];
+std::vector<FitVariable> StartingFrom(const ConditionsRow& row, std::vector<FitVariable> table) {
+  for (FitVariable& fitted : table) fitted.start = row[fitted.position];
   return table;
 }
 
-std::optional<Refusal> RefuseFitRows(std::span<const FittedParameter> table) {
-  for (const FittedParameter& row : table)
-    if (auto message = RefuseRow(row)) return Refusal{*message, static_cast<At>(row.code)};
+std::vector<At> PositionsOf(std::span<const FitVariable> table) {
+  std::vector<At> positions;
+  for (const FitVariable& fitted : table) positions.push_back(fitted.position);
+  return positions;
+}
+
+std::optional<Refusal> RefuseFitRows(std::span<const FitVariable> table) {
+  for (const FitVariable& row : table)
+    if (auto message = RefuseRow(row)) return Refusal{*message, row.position};
   return std::nullopt;
 }
 
-CheckedFit ChecarVarAjustadas(std::span<const FittedParameter> table) {
-  CheckedFit checked{VariablesOf(table), RefuseFitRows(table)};
-  if (!checked.refusal && table.empty())
-    checked.refusal =
-        Refusal{{{"Escolha pelo menos um parâmetro para ajustar"}, "Aviso", Icon::Information},
-                std::nullopt};
-  return checked;
+std::optional<Refusal> ChecarVarAjustadas(std::span<const FitVariable> table) {
+  if (auto refusal = RefuseFitRows(table)) return refusal;
+  if (!table.empty()) return std::nullopt;
+  return Refusal{{{"Escolha pelo menos um parâmetro para ajustar"}, "Aviso", Icon::Information},
+                 std::nullopt};
 }
 
-std::vector<FitVariable> VariablesOf(std::span<const FittedParameter> table) {
-  std::vector<FitVariable> variables;
-  for (const FittedParameter& row : table)
-    variables.push_back({static_cast<At>(row.code), row.lower, row.upper, row.value});
-  return variables;
+Message SettingsRefusal() {
+  return Attention({TextId::OutOfBounds}, Icon::Critical);
+}
+
+Message BoundsRefusal() {
+  return Attention({TextId::CheckBounds});
+}
+
+Message InversionMessage() {
+  return {{"                Overflow!", "\n", "\n", TextId::ChangeParameters},
+          "ERRO 8002!",
+          Icon::Critical};
 }
 
 FitProblem ProblemOf(const std::vector<Experiment>& experiments,
                      const CultivationConditions& conditions) {
-  FitProblem problem{experiments, {}, VariablesOf(conditions.fitted)};
+  FitProblem problem{experiments, {}, conditions.fitted};
   for (int place = 1; place <= static_cast<int>(experiments.size()); ++place)
     problem.rows.push_back(VectorOf(conditions.At(place).row));
   return problem;

@@ -12,28 +12,28 @@
 
 namespace velmora {
 
-/// The fitted-parameter table of the form's ticked rows, in table order; shows no message. A text
-/// that is no number counts as 0.
-std::vector<FittedParameter> VarAjustadas(const CultivationForm& form, char separator);
+/// The fitted-parameter table of the form's ticked rows, in table order; shows no message. A box
+/// that holds no number counts as 0.
+std::vector<FitVariable> VarAjustadas(const CultivationForm& form, char separator);
 
-/// The table with the values of a conditions row as the fourth values: where a stored fit starts.
-std::vector<FittedParameter> WithValuesOf(const ConditionsRow& row,
-                                          std::vector<FittedParameter> table);
+/// The table with the values of a conditions row as start values: where a stored fit starts.
+std::vector<FitVariable> StartingFrom(const ConditionsRow& row, std::vector<FitVariable> table);
+
+/// The positions of the fitted parameters.
+std::vector<At> PositionsOf(std::span<const FitVariable> table);
 
 /// The refusal of the first row whose value or bound is 0 (a bound of 0 is refused also below), or
 /// whose value lies outside its bounds.
-std::optional<Refusal> RefuseFitRows(std::span<const FittedParameter> table);
+std::optional<Refusal> RefuseFitRows(std::span<const FitVariable> table);
 
-/// The fitted parameters of a usable choice, in table order, or the refusal. There must be at least
-/// one.
-struct CheckedFit {
-  std::vector<FitVariable> variables;
-  std::optional<Refusal> refusal;
-};
-CheckedFit ChecarVarAjustadas(std::span<const FittedParameter> table);
+/// The refusal of a choice that cannot be fitted: `RefuseFitRows`, and no parameter at all.
+std::optional<Refusal> ChecarVarAjustadas(std::span<const FitVariable> table);
 
-/// The search's variables from the fitted-parameter table.
-std::vector<FitVariable> VariablesOf(std::span<const FittedParameter> table);
+/// What the user is told where settings, or the bounds of a search, do not pass, and where the
+/// deviations cannot be computed.
+Message SettingsRefusal();
+Message BoundsRefusal();
+Message InversionMessage();
 
 /// The problem of fitting `conditions` to `experiments`, which must be as many as the conditions
 /// saved, at most 9.

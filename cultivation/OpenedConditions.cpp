@@ -8,12 +8,6 @@
 namespace velmora {
 namespace {
 
-std::vector<At> PositionsOf(const std::vector<FittedParameter>& fitted) {
-  std::vector<At> positions;
-  for (const FittedParameter& row : fitted) positions.push_back(static_cast<At>(row.code));
-  return positions;
-}
-
 bool HoldsSwitchesOf(const Model& model, const ConditionsRow& row) {
   KineticParameters asSet = VectorOf(row);
   SetModelSwitches(model, asSet);
@@ -22,14 +16,14 @@ bool HoldsSwitchesOf(const Model& model, const ConditionsRow& row) {
 
 /// Whether the fit can be set up as the file has it: parameters of a model that the row allows,
 /// inside their bounds.
-bool FitMatches(const ConditionsRecord& record, const std::vector<FittedParameter>& fitted) {
+bool FitMatches(const ConditionsRecord& record, const std::vector<FitVariable>& fitted) {
   const Model* const model = RecognisedModel(record, fitted);
   const std::vector<At> positions = PositionsOf(fitted);
   const bool known = model != nullptr
                          ? std::all_of(positions.begin(), positions.end(),
                                        [&](At position) { return Uses(*model, position); })
                          : !ModelsOf(VectorOf(record.row), positions).empty();
-  return known && !RefuseFitRows(WithValuesOf(record.row, fitted));
+  return known && !RefuseFitRows(StartingFrom(record.row, fitted));
 }
 
 void AddNumber(std::string& numbers, std::int16_t number) {
@@ -44,7 +38,7 @@ Message Told(TextId before, const std::string& numbers, TextId after) {
 }  // namespace
 
 const Model* RecognisedModel(const ConditionsRecord& record,
-                             const std::vector<FittedParameter>& fitted) {
+                             const std::vector<FitVariable>& fitted) {
   const Model* const named = FindModel(record.options.model);
   if (named != nullptr && HoldsSwitchesOf(*named, record.row)) return named;
   const std::vector<const Model*> models = ModelsOf(VectorOf(record.row), PositionsOf(fitted));

@@ -16,7 +16,7 @@ namespace velmora {
 /// its switches; otherwise the only one that switches and fitted parameters allow. Null where they
 /// allow none or several: the user then has to confirm one.
 const Model* RecognisedModel(const ConditionsRecord& record,
-                             const std::vector<FittedParameter>& fitted);
+                             const std::vector<FitVariable>& fitted);
 
 /// The conditions to take over, with what the user is told of them; or the refusal, with nothing to
 /// take over.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "kinetics/Runge_Kutta.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 
@@ -27,6 +28,22 @@ void EndCurveAt(const ArithmeticFault& fault, ModelCurve& curve) {
   for (ModelCurve::Series* series : {&curve.time, &curve.Cx, &curve.Cs, &curve.Cp})
     std::fill(series->begin() + static_cast<std::ptrdiff_t>(first), series->end(),
               first == 0 ? 0 : (*series)[first - 1]);
+}
+
+std::string ExportarDados(const ModelCurves& curves, int experiments, char separator) {
+  constexpr std::string_view kHeader = "t(h)    Cx(g/L) Cs(g/L) Cp(g/L)\r\n";
+  const auto number = [=](double value) { return Formatted(value, kFour, separator); };
+  std::string text;
+  for (int place = 1; place <= experiments; ++place) {
+    const ModelCurve& curve = curves.at(static_cast<std::size_t>(place) - 1);
+    text += "Experimento: " + std::to_string(place) + "\r\n";
+    text += kHeader;
+    for (std::size_t j = 0; j < curve.time.size(); ++j)
+      text += number(curve.time[j]) + "\t" + number(curve.Cx[j]) + "\t" + number(curve.Cs[j]) +
+              "\t" + number(curve.Cp[j]) + "\r\n";
+    text += "\r\n";
+  }
+  return text;
 }
 
 }  // namespace velmora

@@ -1,6 +1,7 @@
-// The simulation of a cultivation with the values as they stand ("Manual").
+// The simulation of a cultivation with the values as they stand ("Manual"), and curves as text.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "cultivation/CultivationConditions.h"
@@ -17,5 +18,10 @@ std::vector<ArithmeticFault> Manual(const CultivationConditions& conditions, int
 /// Ends a curve where its simulation failed: the points from the fault on repeat the last one
 /// before it, so that the line stops there.
 void EndCurveAt(const ArithmeticFault& fault, ModelCurve& curve);
+
+/// For each place 1..`experiments` (at most 9): "Experimento: " and the place, a header line, one
+/// line for each of the 100 points with four decimals and the locale's `separator`, an empty line.
+/// Lines end in CR LF.
+std::string ExportarDados(const ModelCurves& curves, int experiments, char separator);
 
 }  // namespace velmora

@@ -18,23 +18,20 @@ double Finite(double value) {
 }
 
 /// The simulated values of all experiments in one column: for each experiment Cx, Cs, Cp.
-std::vector<double> SimulatedColumn(const Objective& objective) {
+std::vector<double> SimulatedColumn(const SimulatedFit& fit) {
   std::vector<double> column;
-  column.reserve(static_cast<std::size_t>(objective.Observations()));
-  for (int place = 1; place <= objective.ExperimentCount(); ++place) {
-    const MeasuredSeries& simulated = objective.Simulated(place);
+  for (const auto& [curve, simulated, share] : fit.experiments)
     for (const auto* series : {&simulated.Cx, &simulated.Cs, &simulated.Cp})
       column.insert(column.end(), series->begin(), series->end());
-  }
   return column;
 }
 
-double ResidualSum(const Objective& objective) {
+double ResidualSum(const FitProblem& problem, const SimulatedFit& fit) {
   double sum = 0;
-  for (int place = 1; place <= objective.ExperimentCount(); ++place) {
-    const MeasuredSeries& measured = objective.Measured(place);
-    const MeasuredSeries& simulated = objective.Simulated(place);
-    for (std::size_t k = 0; k < measured.Cx.size(); ++k)
+  for (std::size_t e = 0; e < fit.experiments.size(); ++e) {
+    const Experiment& measured = problem.experiments[e];
+    const MeasuredSeries& simulated = fit.experiments[e].simulated;
+    for (std::size_t k = 0; k < measured.time.size(); ++k)
       sum += std::pow(measured.Cx[k] - simulated.Cx[k], 2) +
              std::pow(measured.Cs[k] - simulated.Cs[k], 2) +
              std::pow(measured.Cp[k] - simulated.Cp[k], 2);
@@ -43,17 +40,16 @@ double ResidualSum(const Objective& objective) {
 }
 
 /// Column j: the change of every simulated value with parameter j.
-std::vector<std::vector<double>> Sensitivities(Objective& objective, std::span<const double> best) {
-  objective.Simulate(best);
-  const std::vector<double> at = SimulatedColumn(objective);
+std::vector<std::vector<double>> Sensitivities(const Objective& objective,
+                                               const std::vector<double>& at,
+                                               std::span<const double> best) {
   std::vector<std::vector<double>> columns;
   std::vector<double> moved(best.begin(), best.end());
   for (std::size_t j = 0; j < best.size(); ++j) {
     const double step = best[j] == 0 ? kRelativeStep : std::fabs(best[j]) * kRelativeStep;
     moved[j] = best[j] + step;
-    objective.Simulate(moved);
+    std::vector<double> column = SimulatedColumn(objective.Simulate(moved));
     moved[j] = best[j];
-    std::vector<double> column = SimulatedColumn(objective);
     for (std::size_t k = 0; k < column.size(); ++k) column[k] = Finite((column[k] - at[k]) / step);
     columns.push_back(std::move(column));
   }
@@ -135,15 +131,16 @@ SquareMatrix Inverse(SquareMatrix matrix) {
   return inverse;
 }
 
-Deviations ComputeDeviations(Objective& objective, std::span<const double> best) {
+Deviations ComputeDeviations(const FitProblem& problem, std::span<const double> best) {
+  const Objective objective(problem);
   Deviations deviations;
   const int count = static_cast<int>(best.size());
   deviations.observations = objective.Observations();
   deviations.degreesOfFreedom = deviations.observations - count;
   try {
-    const SquareMatrix normal = NormalMatrix(Sensitivities(objective, best));
-    objective.Simulate(best);
-    deviations.residualSum = ResidualSum(objective);
+    const SimulatedFit fit = objective.Simulate(best);
+    const SquareMatrix normal = NormalMatrix(Sensitivities(objective, SimulatedColumn(fit), best));
+    deviations.residualSum = ResidualSum(problem, fit);
     const SquareMatrix inverse = Inverse(normal);
     for (int j = 0; j < count; ++j)
       deviations.values.push_back(
@@ -153,12 +150,6 @@ Deviations ComputeDeviations(Objective& objective, std::span<const double> best)
     deviations.fault = fault;
   }
   return deviations;
-}
-
-Message InversionMessage() {
-  return {{"                Overflow!", "\n", "\n", TextId::ChangeParameters},
-          "ERRO 8002!",
-          Icon::Critical};
 }
 
 }  // namespace velmora

@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "estimation/Objective.h"
-#include "language/Message.h"
 
 namespace velmora {
 
@@ -46,11 +45,8 @@ struct Deviations {
 };
 
 /// Linearised deviations at `best` (Bard 1974): dev(j) = sqrt(RSS inv(S'S)(j,j) / (n - D)) t, with
-/// the sensitivities S by forward differences of |p| x 0.001 (0.001 where p is 0). On return
-/// without a fault the objective holds the simulation of `best`.
-Deviations ComputeDeviations(Objective& objective, std::span<const double> best);
-
-/// What the user is shown where the deviations cannot be computed.
-Message InversionMessage();
+/// the sensitivities S by forward differences of |p| x 0.001 (0.001 where p is 0). `best` is as
+/// long as the problem's variables.
+Deviations ComputeDeviations(const FitProblem& problem, std::span<const double> best);
 
 }  // namespace velmora

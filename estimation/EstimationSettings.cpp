@@ -31,8 +31,7 @@ CheckedSettings CheckSettings(const TypedSettings& typed) {
   for (std::size_t i = 0; i < kChecks.size(); ++i) {
     const std::optional<double>& value = typed.*kChecks[i].typed;
     if (value && *value >= kChecks[i].least && *value <= kChecks[i].most) continue;
-    checked.refusal = Attention({TextId::OutOfBounds}, Icon::Critical);
-    checked.failed = static_cast<int>(i) + 1;
+    checked.refused = i;
     return checked;
   }
   checked.settings = {*typed.NPOP,

@@ -1,10 +1,9 @@
 // The settings of the differential-evolution search.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
-
-#include "language/Message.h"
 
 namespace velmora {
 
@@ -25,12 +24,11 @@ struct TypedSettings {
   std::optional<double> NPOP, ITER, PCROS, FACT, FACT1, EPS, IU;
 };
 
-/// The settings that were typed, or the refusal of the first that is out of its bounds (inclusive)
-/// or no number. `IU` becomes the nearest integer, halves to even.
+/// The settings that were typed, or the first that is out of its bounds (inclusive) or no number.
+/// `IU` becomes the nearest integer, halves to even.
 struct CheckedSettings {
   EstimationSettings settings;
-  std::optional<Message> refusal;
-  int failed = 0;  // which check failed, 1..7 in the order of TypedSettings; 0 where none did
+  std::optional<std::size_t> refused;  // its index in the order of `TypedSettings`
 };
 CheckedSettings CheckSettings(const TypedSettings& typed);
 

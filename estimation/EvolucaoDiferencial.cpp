@@ -6,15 +6,26 @@
 #include <cmath>
 #include <limits>
 #include <new>
+#include <utility>
+
+#include "estimation/UniformGenerator.h"
 
 namespace velmora {
 namespace {
 
 constexpr double kHalf = 0.5;
-constexpr double kSecondFormProbability =
-    0.1;  // of a Gaussian mutation, of an exponential crossover
+// Of a Gaussian mutation, and of an exponential crossover.
+constexpr double kSecondFormProbability = 0.1;
 constexpr double kReinitialiseProbability = 0.9;  // in a generation that ends a cycle
 constexpr int kReinitialiseCycle = 50;            // generations
+constexpr int kIndexOffset = 1;                   // members and components are counted from 1
+constexpr std::size_t kDrawnMembers = 4;          // for a mutant
+constexpr int kReportEvery = 1;                   // generations
+
+// A component outside its bounds is brought back inside before it is scored.
+constexpr bool kRepairsBounds = true;
+
+constexpr int kScoredTogether = 64;  // members of a population that is scored whole
 
 constexpr double kMostCounted = std::numeric_limits<int>::max();
 
@@ -27,94 +38,113 @@ int Members(double NPOP) {
 /// One search: the population table and the best vector found.
 class Evolution {
  public:
-  Evolution(Objective& objective, std::span<const FitVariable> variables,
-            const EstimationSettings& settings)
-      : objective_(objective),
-        variables_(variables),
+  Evolution(const FitProblem& problem, const EstimationSettings& settings, Objective::Room room)
+      : objective_(problem),
+        variables_(problem.variables),
         settings_(settings),
+        room_(std::move(room)),
         random_(settings.IU),
         members_(Members(settings.NPOP)),
-        population_(static_cast<std::size_t>(members_) * variables.size()),
+        population_(static_cast<std::size_t>(members_) * variables_.size()),
         scores_(static_cast<std::size_t>(members_)),
-        mutant_(variables.size()),
-        trial_(variables.size()),
-        best_(variables.size()) {}
+        mutant_(variables_.size()),
+        trial_(variables_.size()) {}
 
-  void Run(SearchObserver& observer, SearchResult& result);
+  SearchResult Run(SearchObserver& observer);
 
  private:
-  std::span<double> Member(int i) {
-    return std::span(population_).subspan(static_cast<std::size_t>(i - 1) * Size(), Size());
+  std::span<double> MembersFrom(int i, int count) {
+    return std::span(population_)
+        .subspan(static_cast<std::size_t>(i - kIndexOffset) * Size(),
+                 static_cast<std::size_t>(count) * Size());
   }
-  double& Score(int i) { return scores_[static_cast<std::size_t>(i - 1)]; }
+  std::span<double> Member(int i) { return MembersFrom(i, 1); }
+  double& Score(int i) { return scores_[static_cast<std::size_t>(i - kIndexOffset)]; }
   std::size_t Size() const { return variables_.size(); }
 
   double ScoreStart();
-  void DrawMember(int i);
-  void ScoreMember(int i);
   void Populate();
+  SearchEnd Evolve(SearchObserver& observer);
+  void DrawMember(int i);
+  void ScoreMembers(int first, int last);
   void ReinitialisePartly();
-  std::array<int, 4> DrawFour(int target);
-  void Mutate(const std::array<int, 4>& drawn);
+  std::array<int, kDrawnMembers> DrawFour(int target);
+  void Mutate(const std::array<int, kDrawnMembers>& drawn);
   void CrossOver(int target);
   void BinomialCrossOver();
   void ExponentialCrossOver();
   void EvaluateAndSelect(int target);
   void KeepIfBest(std::span<const double> x, double score);
-  bool Converged() const { return std::fabs(previousScore_ - bestScore_) < settings_.EPS; }
+  bool Converged() const { return std::fabs(previousScore_ - result_.score) < settings_.EPS; }
 
-  Objective& objective_;
-  std::span<const FitVariable> variables_;
-  const EstimationSettings& settings_;
+  void RepairBounds(std::span<double> x);
+  double EvaluateCandidate(std::span<double> x);
+  double CountedEvaluate(std::span<double> x);
+  void CountCall();
+
+  const Objective objective_;
+  const std::vector<FitVariable> variables_;
+  const EstimationSettings settings_;
+  Objective::Room room_;
   UniformGenerator random_;
   int members_;
   std::vector<double> population_;  // row = member, column = fitted parameter
   std::vector<double> scores_;
   std::vector<double> mutant_;
   std::vector<double> trial_;
-  std::vector<double> best_;
-  double bestScore_ = 0;
+  SearchResult result_;
   double previousScore_ = 0;
+  int generation_ = 0;
   int cycle_ = 0;
 };
 
-void Evolution::Run(SearchObserver& observer, SearchResult& result) {
-  result.startScore = ScoreStart();
-  Populate();
-  result.end = SearchEnd::GenerationLimit;
-  const int limit = static_cast<int>(std::min(settings_.ITER, kMostCounted));
-  for (int generation = 1; generation <= limit; ++generation) {
-    if (observer.StopRequested()) {
-      result.end = SearchEnd::Stopped;
-      break;
-    }
-    ReinitialisePartly();
-    for (int target = 1; target <= members_; ++target) {
-      Mutate(DrawFour(target));
-      CrossOver(target);
-      EvaluateAndSelect(target);
-    }
-    result.generations = generation;
-    observer.Report({generation, best_, bestScore_, objective_.FunctionCalls(), objective_});
-    if (Converged()) {
-      result.end = SearchEnd::Converged;
-      break;
-    }
-    previousScore_ = bestScore_;
+SearchResult Evolution::Run(SearchObserver& observer) {
+  try {
+    result_.startScore = ScoreStart();
+    Populate();
+    result_.end = Evolve(observer);
+  } catch (const ArithmeticFault& fault) {
+    result_.end = SearchEnd::Fault;
+    result_.fault = fault;
   }
-  result.best = best_;
-  result.functionCalls = objective_.FunctionCalls();
-  result.score = objective_.EvaluateCandidate(result.best, random_);
+  return std::move(result_);
 }
 
 double Evolution::ScoreStart() {
   std::transform(variables_.begin(), variables_.end(), trial_.begin(),
                  [](const FitVariable& variable) { return variable.start; });
-  const double score = objective_.EvaluateCandidate(trial_, random_);
+  const double score = EvaluateCandidate(trial_);
   // A start outside the bounds costs draws; the search itself always begins with those of the seed.
   random_ = UniformGenerator(settings_.IU);
-  objective_.ResetFunctionCalls();
   return score;
+}
+
+/// The best score before the first generation is that of the population: a first generation that
+/// gains nothing on it has converged, as every later one.
+void Evolution::Populate() {
+  for (int i = kIndexOffset; i <= members_; ++i) DrawMember(i);
+  ScoreMembers(kIndexOffset, members_);
+  previousScore_ = result_.score;
+}
+
+SearchEnd Evolution::Evolve(SearchObserver& observer) {
+  const int limit = static_cast<int>(std::min(settings_.ITER, kMostCounted));
+  for (generation_ = 1; generation_ <= limit; ++generation_) {
+    if (observer.StopRequested()) return SearchEnd::Stopped;
+    ReinitialisePartly();
+    for (int target = kIndexOffset; target <= members_; ++target) {
+      Mutate(DrawFour(target));
+      CrossOver(target);
+      EvaluateAndSelect(target);
+    }
+    result_.generations = generation_;
+    if (generation_ % kReportEvery == 0)
+      observer.Report({generation_, result_.best, result_.score, result_.functionCalls,
+                       objective_.Observations()});
+    if (Converged()) return SearchEnd::Converged;
+    previousScore_ = result_.score;
+  }
+  return SearchEnd::GenerationLimit;
 }
 
 void Evolution::DrawMember(int i) {
@@ -123,18 +153,22 @@ void Evolution::DrawMember(int i) {
     x[j] = variables_[j].lower + random_.Draw() * (variables_[j].upper - variables_[j].lower);
 }
 
-void Evolution::ScoreMember(int i) {
-  Score(i) = objective_.CountedEvaluate(Member(i), random_);
-  KeepIfBest(Member(i), Score(i));
-}
-
-void Evolution::Populate() {
-  for (int i = 1; i <= members_; ++i) DrawMember(i);
-  for (int i = 1; i <= members_; ++i) {
-    if (i == 1) bestScore_ = std::numeric_limits<double>::infinity();
-    ScoreMember(i);
+/// What is drawn does not depend on scores, so that many members are scored in one call.
+void Evolution::ScoreMembers(int first, int last) {
+  std::array<CandidateScore, kScoredTogether> scores;
+  for (int block = first; block <= last; block += kScoredTogether) {
+    const int count = std::min(kScoredTogether, last - block + 1);
+    for (int i = block; i < block + count; ++i) RepairBounds(Member(i));
+    objective_.Score(MembersFrom(block, count),
+                     std::span(scores).first(static_cast<std::size_t>(count)), room_);
+    for (int i = block; i < block + count; ++i) {
+      const CandidateScore& scored = scores[static_cast<std::size_t>(i - block)];
+      CountCall();
+      if (scored.fault) throw *scored.fault;
+      Score(i) = scored.score;
+      KeepIfBest(Member(i), scored.score);
+    }
   }
-  previousScore_ = bestScore_;
 }
 
 void Evolution::ReinitialisePartly() {
@@ -143,11 +177,11 @@ void Evolution::ReinitialisePartly() {
   cycle_ = (cycle_ + 1) % kReinitialiseCycle;
   if (cycle_ != 0) return;
   for (int i = kept + 1; i <= members_; ++i) DrawMember(i);
-  for (int i = kept + 1; i <= members_; ++i) ScoreMember(i);
+  ScoreMembers(kept + 1, members_);
 }
 
-std::array<int, 4> Evolution::DrawFour(int target) {
-  std::array<int, 4> drawn{};
+std::array<int, kDrawnMembers> Evolution::DrawFour(int target) {
+  std::array<int, kDrawnMembers> drawn{};
   for (std::size_t k = 0; k < drawn.size(); ++k) {
     const auto before = drawn.begin() + static_cast<std::ptrdiff_t>(k);
     do {
@@ -157,7 +191,7 @@ std::array<int, 4> Evolution::DrawFour(int target) {
   return drawn;
 }
 
-void Evolution::Mutate(const std::array<int, 4>& drawn) {
+void Evolution::Mutate(const std::array<int, kDrawnMembers>& drawn) {
   const std::span<const double> x1 = Member(drawn[0]), x2 = Member(drawn[1]);
   const std::span<const double> x3 = Member(drawn[2]), x4 = Member(drawn[3]);
   const bool gaussian = random_.Draw() < kSecondFormProbability;
@@ -183,7 +217,8 @@ void Evolution::BinomialCrossOver() {
 }
 
 void Evolution::ExponentialCrossOver() {
-  std::size_t n = static_cast<std::size_t>(random_.DrawIndex(static_cast<int>(Size()))) - 1;
+  std::size_t n =
+      static_cast<std::size_t>(random_.DrawIndex(static_cast<int>(Size()))) - kIndexOffset;
   std::size_t taken = 0;
   do {
     trial_[n] = mutant_[n];
@@ -193,7 +228,7 @@ void Evolution::ExponentialCrossOver() {
 }
 
 void Evolution::EvaluateAndSelect(int target) {
-  const double score = objective_.CountedEvaluate(trial_, random_);
+  const double score = CountedEvaluate(trial_);
   if (score < Score(target)) {
     std::copy(trial_.begin(), trial_.end(), Member(target).begin());
     Score(target) = score;
@@ -202,34 +237,53 @@ void Evolution::EvaluateAndSelect(int target) {
 }
 
 void Evolution::KeepIfBest(std::span<const double> x, double score) {
-  if (!(score < bestScore_)) return;
-  std::copy(x.begin(), x.end(), best_.begin());
-  bestScore_ = score;
+  if (result_.HasResult() && !(score < result_.score)) return;
+  result_.best.assign(x.begin(), x.end());
+  result_.score = score;
+  result_.bestGeneration = generation_;
+}
+
+void Evolution::RepairBounds(std::span<double> x) {
+  if constexpr (!kRepairsBounds) return;
+  for (std::size_t j = 0; j < x.size(); ++j) {
+    const auto& [position, lower, upper, start] = variables_[j];
+    if (x[j] < lower || x[j] > upper) x[j] = lower + random_.Draw() * (upper - lower);
+  }
+}
+
+/// The score of candidate `x`, which is first brought inside the bounds; throws its fault.
+double Evolution::EvaluateCandidate(std::span<double> x) {
+  RepairBounds(x);
+  CandidateScore scored;
+  objective_.Score(x, std::span(&scored, 1), room_);
+  if (scored.fault) throw *scored.fault;
+  return scored.score;
+}
+
+double Evolution::CountedEvaluate(std::span<double> x) {
+  CountCall();
+  return EvaluateCandidate(x);
+}
+
+void Evolution::CountCall() {
+  if (result_.functionCalls == std::numeric_limits<std::int32_t>::max())
+    throw ArithmeticFault{FaultKind::Overflow, FaultTerm::EvaluationCounter};
+  ++result_.functionCalls;
 }
 
 }  // namespace
 
-std::optional<Message> RefuseBounds(std::span<const FitVariable> variables) {
-  const bool ordered = std::all_of(variables.begin(), variables.end(), [](const FitVariable& v) {
+bool BoundsAreOrdered(std::span<const FitVariable> variables) {
+  return std::all_of(variables.begin(), variables.end(), [](const FitVariable& v) {
     return std::isfinite(v.lower) && std::isfinite(v.upper) && v.lower < v.upper;
   });
-  if (ordered) return std::nullopt;
-  return Attention({TextId::CheckBounds});
 }
 
-SearchResult Search(Objective& objective, std::span<const FitVariable> variables,
-                    const EstimationSettings& settings, SearchObserver& observer) {
+SearchResult Search(const FitProblem& problem, EstimationSettings settings,
+                    SearchObserver& observer, Objective::Room room) {
   assert(settings.NPOP >= 10);
-  SearchResult result;
-  result.refusal = RefuseBounds(variables);
-  if (result.refusal) return result;
-  try {
-    Evolution(objective, variables, settings).Run(observer, result);
-  } catch (const ArithmeticFault& fault) {
-    result.end = SearchEnd::Fault;
-    result.fault = fault;
-  }
-  return result;
+  if (!BoundsAreOrdered(problem.variables)) return {};
+  return Evolution(problem, settings, std::move(room)).Run(observer);
 }
 
 }  // namespace velmora

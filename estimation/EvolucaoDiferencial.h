@@ -8,17 +8,16 @@
 
 #include "estimation/EstimationSettings.h"
 #include "estimation/Objective.h"
-#include "language/Message.h"
 
 namespace velmora {
 
-/// Where a search stands after a generation. The spans hold until the observer returns.
+/// Where a search stands after a generation. The span holds until the observer returns.
 struct Generation {
   int number;                    // from 1
   std::span<const double> best;  // in the order of the fitted parameters
   double score;                  // of the best vector
   std::int32_t functionCalls;
-  const Objective& objective;  // scored last: the generation's last trial, not the best vector
+  int observations;  // measured values
 };
 
 /// Hears of every generation, and may end the search between two of them.
@@ -34,25 +33,29 @@ enum class SearchEnd : std::uint8_t {
   Converged,        // a generation moved the best score by less than EPS
   GenerationLimit,  // ITER generations
   Stopped,          // by the observer
-  Refused,          // the bounds do not pass; there is no result
-  Fault,            // an arithmetic fault in a simulation; there is no result
+  Refused,          // a lower bound is not below its upper one; nothing was searched
+  Fault,            // an arithmetic fault in a simulation
 };
 
+/// What a search came to. After a fault it holds the best vector found before it, if any.
 struct SearchResult {
   SearchEnd end = SearchEnd::Refused;
-  std::optional<Message> refusal;
   std::optional<ArithmeticFault> fault;
-  std::vector<double> best;
-  double score = 0;       // the sum of squared errors of `best`
-  double startScore = 0;  // of the start values
+  std::vector<double> best;  // empty where there is no result
+  double score = 0;          // the sum of squared errors of `best`
+  int bestGeneration = 0;    // in which it was found; 0: the initial population
+  double startScore = 0;     // of the start values; 0 where these met the fault
   std::int32_t functionCalls = 0;
-  int generations = 0;
+  int generations = 0;  // that ended
+
+  bool HasResult() const { return !best.empty(); }
 };
 
-/// The refusal of bounds of which a lower one is not below its upper one, if any.
-std::optional<Message> RefuseBounds(std::span<const FitVariable> variables);
+/// Whether every lower bound is finite and below its finite upper bound.
+bool BoundsAreOrdered(std::span<const FitVariable> variables);
 
-/// Minimises the objective inside the bounds by differential evolution (Storn and Price 1997).
+/// Minimises the problem's score inside the bounds by differential evolution (Storn and Price
+/// 1997).
 ///
 /// The generator is seeded with IU, so that the same problem and settings give the same result. For
 /// each trial it draws, in this order: four members, each until it differs from the target and from
@@ -66,9 +69,10 @@ std::optional<Message> RefuseBounds(std::span<const FitVariable> variables);
 /// Every 50th generation, with probability 0.9, the members in the upper half of the population's
 /// places are replaced by random vectors; these are scored at once.
 ///
-/// On return the objective holds the simulation of the best vector. Settings must have passed
-/// `CheckSettings`; throws std::bad_alloc where there is no room for NPOP members.
-SearchResult Search(Objective& objective, std::span<const FitVariable> variables,
-                    const EstimationSettings& settings, SearchObserver& observer);
+/// All that the search simulates is counted in `room`, where the caller may have begun the count.
+/// Settings must have passed `CheckSettings`; throws std::bad_alloc where there is no room for NPOP
+/// members.
+SearchResult Search(const FitProblem& problem, EstimationSettings settings,
+                    SearchObserver& observer, Objective::Room room = Objective::Room());
 
 }  // namespace velmora

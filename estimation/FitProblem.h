@@ -1,8 +1,6 @@
 // What is fitted to what.
 #pragma once
 
-#include <array>
-#include <span>
 #include <vector>
 
 #include "data/Experiment.h"
@@ -17,6 +15,8 @@ struct FitVariable {
   double lower = 0;
   double upper = 0;
   double start = 0;
+
+  friend bool operator==(const FitVariable&, const FitVariable&) = default;
 };
 
 /// Measured experiments, the parameter vector of each, and the fitted parameters in table order.

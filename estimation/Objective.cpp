@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 
 namespace velmora {
 namespace {
+
+// How often a candidate's experiments are summed; the last sum is its score. The simulation is
+// deterministic, so that once is enough.
+constexpr int kScoringPasses = 1;
 
 double Square(double value) {
   return value * value;
@@ -16,11 +19,6 @@ std::vector<double> Divided(const std::vector<double>& values, double scale) {
   std::transform(values.begin(), values.end(), quotients.begin(),
                  [scale](double value) { return value / scale; });
   return quotients;
-}
-
-MeasuredSeries SeriesOf(std::size_t points) {
-  const std::vector<double> empty(points);
-  return {empty, empty, empty};
 }
 
 /// The straight line between two neighbouring model points, at one measured time.
@@ -43,7 +41,55 @@ class Interpolation {
   double width_;
 };
 
+/// Calls `visit(k, values)` with the model's values, g/L, at each measured time. The segment is the
+/// one that ends at the first model point not before that time; outside the curve its first or
+/// last segment is carried on.
+template <class Visit>
+void InterpolateModelAtMeasurements(const ModelCurve& curve, const std::vector<double>& time,
+                                    Visit&& visit) {
+  const std::size_t last = curve.time.size() - 1;
+  std::size_t upper = 1;
+  for (std::size_t k = 0; k < time.size(); ++k) {
+    // Where the times ascend, the segment is at or beyond that of the point before.
+    if (k > 0 && time[k] < time[k - 1]) upper = 1;
+    while (upper < last && curve.time[upper] < time[k]) ++upper;
+    const Interpolation at(curve, upper, time[k]);
+    visit(k, PerVariable<double>{at.Of(curve.Cx), at.Of(curve.Cs), at.Of(curve.Cp)});
+  }
+}
+
+/// A visitor of experiments that keeps nothing.
+struct ScoreOnly {
+  void Curve(std::size_t, const ModelCurve&) {}
+  void Point(std::size_t, bool, const PerVariable<double>&, const PerVariable<double>&) {}
+};
+
+/// A visitor of experiments that keeps all.
+struct Recording {
+  std::vector<SimulatedExperiment>& experiments;
+
+  void Curve(std::size_t e, const ModelCurve& curve) { experiments[e].curve = curve; }
+
+  void Point(std::size_t e, bool scored, const PerVariable<double>& model,
+             const PerVariable<double>& errors) {
+    SimulatedExperiment& experiment = experiments[e];
+    experiment.simulated.Cx.push_back(model.Cx);
+    experiment.simulated.Cs.push_back(model.Cs);
+    experiment.simulated.Cp.push_back(model.Cp);
+    if (!scored) return;
+    experiment.share.Cx += errors.Cx;
+    experiment.share.Cs += errors.Cs;
+    experiment.share.Cp += errors.Cp;
+  }
+};
+
 }  // namespace
+
+ModelCurves SimulatedFit::Curves() const {
+  ModelCurves curves{};
+  for (std::size_t i = 0; i < experiments.size(); ++i) curves.at(i) = experiments[i].curve;
+  return curves;
+}
 
 double Objective::NormalisationScale(std::span<const double> values) {
   double scale = 0;
@@ -52,115 +98,95 @@ double Objective::NormalisationScale(std::span<const double> values) {
   return scale;
 }
 
-double Objective::Scale(std::span<const double> values) {
-  const double scale = NormalisationScale(values);
-  if (scale != 0) return scale;
-  ++unscaledVariables_;
-  return 1;
+PerVariable<double> Objective::Scales(const Experiment& experiment) {
+  const auto scaleOf = [this](const std::vector<double>& values) {
+    const double scale = NormalisationScale(values);
+    if (scale != 0) return scale;
+    ++unscaledVariables_;
+    return 1.0;
+  };
+  return {scaleOf(experiment.Cx), scaleOf(experiment.Cs), scaleOf(experiment.Cp)};
 }
 
 Objective::Objective(const FitProblem& problem) : variables_(problem.variables) {
-  experiments_.resize(problem.experiments.size());
-  for (std::size_t e = 0; e < experiments_.size(); ++e) {
+  for (std::size_t e = 0; e < problem.experiments.size(); ++e) {
     const Experiment& record = problem.experiments[e];
-    Scored& experiment = experiments_[e];
-    experiment.time = record.time;
-    experiment.measured = {record.Cx, record.Cs, record.Cp};
-    experiment.scale.Cx = Scale(record.Cx);
-    experiment.scale.Cs = Scale(record.Cs);
-    experiment.scale.Cp = Scale(record.Cp);
-    experiment.normalised = {Divided(record.Cx, experiment.scale.Cx),
-                             Divided(record.Cs, experiment.scale.Cs),
-                             Divided(record.Cp, experiment.scale.Cp)};
-    experiment.parameters = problem.rows.at(e);
-    experiment.simulated = SeriesOf(experiment.time.size());
-    experiment.simulatedNormalised = experiment.simulated;
+    const PerVariable<double> scale = Scales(record);
+    experiments_.push_back(
+        {record.time,
+         {Divided(record.Cx, scale.Cx), Divided(record.Cs, scale.Cs), Divided(record.Cp, scale.Cp)},
+         scale,
+         problem.rows.at(e)});
   }
-}
-
-ModelCurves Objective::Curves() const {
-  ModelCurves curves{};
-  for (std::size_t i = 0; i < experiments_.size(); ++i) curves.at(i) = experiments_[i].curve;
-  return curves;
 }
 
 int Objective::Observations() const {
   std::size_t values = 0;
-  for (const Scored& experiment : experiments_) values += 3 * experiment.time.size();
+  for (const Measured& experiment : experiments_) values += 3 * experiment.time.size();
   return static_cast<int>(values);
 }
 
-double Objective::EvaluateCandidate(std::span<double> x, UniformGenerator& random) {
-  RepairBounds(x, random);
-  return Simulate(x);
+void Objective::Integrate(std::span<const double> x, const Measured& experiment, Room& room) const {
+  room.parameters_ = experiment.parameters;
+  for (std::size_t i = 0; i < x.size(); ++i) room.parameters_[variables_[i].position] = x[i];
+  room.integrator_.Integrate(room.parameters_, room.curve_);
 }
 
-double Objective::CountedEvaluate(std::span<double> x, UniformGenerator& random) {
-  if (functionCalls_ == std::numeric_limits<std::int32_t>::max())
-    throw ArithmeticFault{FaultKind::Overflow, FaultTerm::EvaluationCounter};
-  ++functionCalls_;
-  return EvaluateCandidate(x, random);
-}
-
-void Objective::RepairBounds(std::span<double> x, UniformGenerator& random) const {
-  for (std::size_t i = 0; i < x.size(); ++i) {
-    const auto& [position, lower, upper, start] = variables_[i];
-    if (x[i] < lower || x[i] > upper) x[i] = lower + random.Draw() * (upper - lower);
-  }
-}
-
-double Objective::Simulate(std::span<const double> x) {
-  error_ = 0;
+/// Hands each experiment's curve to `visitor`, then the model's values at each measured point with
+/// the squared normalised errors. Returns the sum of the errors, to which an experiment's last
+/// point adds nothing: it is simulated and reported all the same.
+template <class Visitor>
+double Objective::SumOverExperiments(std::span<const double> x, Room& room,
+                                     Visitor&& visitor) const {
+  double sum = 0;
   for (std::size_t e = 0; e < experiments_.size(); ++e) {
+    const auto& [time, normalised, scale, parameters] = experiments_[e];
     try {
-      ExperimentError(x, experiments_[e]);
-      if (!std::isfinite(error_)) throw ArithmeticFault{FaultKind::Overflow, FaultTerm::Score};
+      Integrate(x, experiments_[e], room);
+      visitor.Curve(e, room.curve_);
+      InterpolateModelAtMeasurements(
+          room.curve_, time, [&](std::size_t k, const PerVariable<double>& model) {
+            const PerVariable<double> errors{Square(normalised.Cx[k] - model.Cx / scale.Cx),
+                                             Square(normalised.Cs[k] - model.Cs / scale.Cs),
+                                             Square(normalised.Cp[k] - model.Cp / scale.Cp)};
+            const bool scored = k + 1 < time.size();
+            visitor.Point(e, scored, model, errors);
+            if (scored) sum += errors.Cx + errors.Cs + errors.Cp;
+          });
+      if (!std::isfinite(sum)) throw ArithmeticFault{FaultKind::Overflow, FaultTerm::Score};
     } catch (ArithmeticFault& fault) {
       fault.place = static_cast<int>(e) + 1;
       throw;
     }
   }
-  return error_;
+  return sum;
 }
 
-void Objective::ExperimentError(std::span<const double> x, Scored& experiment) {
-  for (std::size_t i = 0; i < x.size(); ++i) experiment.parameters[variables_[i].position] = x[i];
-  integrator_.Integrate(experiment.parameters, experiment.curve);
-  InterpolateModelAtMeasurements(experiment);
+double Objective::ScoreOf(std::span<const double> x, Room& room) const {
+  double score = 0;
+  for (int pass = 0; pass < kScoringPasses; ++pass)
+    score = SumOverExperiments(x, room, ScoreOnly{});
+  return score;
+}
 
-  const MeasuredSeries& measured = experiment.normalised;
-  const MeasuredSeries& model = experiment.simulatedNormalised;
-  experiment.share = {};
-  // The last measured point is left out of the sum; it is simulated and reported all the same.
-  for (std::size_t k = 0; k + 1 < experiment.time.size(); ++k) {
-    const double Cx = Square(measured.Cx[k] - model.Cx[k]);
-    const double Cs = Square(measured.Cs[k] - model.Cs[k]);
-    const double Cp = Square(measured.Cp[k] - model.Cp[k]);
-    experiment.share.Cx += Cx;
-    experiment.share.Cs += Cs;
-    experiment.share.Cp += Cp;
-    error_ += Cx + Cs + Cp;
+void Objective::Score(std::span<const double> candidates, std::span<CandidateScore> scores,
+                      Room& room) const {
+  const std::size_t size = variables_.size();
+  for (std::size_t i = 0; i < scores.size(); ++i) {
+    try {
+      scores[i] = {ScoreOf(candidates.subspan(i * size, size), room), std::nullopt};
+    } catch (const ArithmeticFault& fault) {
+      scores[i] = {0, fault};
+    }
   }
 }
 
-void Objective::InterpolateModelAtMeasurements(Scored& experiment) {
-  const ModelCurve::Series& grid = experiment.curve.time;
-  const std::size_t last = grid.size() - 1;
-  std::size_t upper = 1;
-  for (std::size_t k = 0; k < experiment.time.size(); ++k) {
-    const double time = experiment.time[k];
-    // The first model point not before the measured time; where the times ascend it is at or beyond
-    // that of the point before. Outside the curve its first or last segment is carried on.
-    if (k > 0 && time < experiment.time[k - 1]) upper = 1;
-    while (upper < last && grid[upper] < time) ++upper;
-    const Interpolation at(experiment.curve, upper, time);
-    experiment.simulated.Cx[k] = at.Of(experiment.curve.Cx);
-    experiment.simulated.Cs[k] = at.Of(experiment.curve.Cs);
-    experiment.simulated.Cp[k] = at.Of(experiment.curve.Cp);
-    experiment.simulatedNormalised.Cx[k] = experiment.simulated.Cx[k] / experiment.scale.Cx;
-    experiment.simulatedNormalised.Cs[k] = experiment.simulated.Cs[k] / experiment.scale.Cs;
-    experiment.simulatedNormalised.Cp[k] = experiment.simulated.Cp[k] / experiment.scale.Cp;
-  }
+SimulatedFit Objective::Simulate(std::span<const double> x) const {
+  Room room;
+  SimulatedFit fit;
+  fit.experiments.resize(experiments_.size());
+  fit.score = SumOverExperiments(x, room, Recording{fit.experiments});
+  return fit;
 }
 
 }  // namespace velmora

@@ -1,13 +1,12 @@
 // The score of a candidate: the sum of squared errors between model and normalised data.
 #pragma once
 
-#include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include "estimation/FitProblem.h"
-#include "estimation/UniformGenerator.h"
 #include "kinetics/ModelCurves.h"
 #include "kinetics/Runge_Kutta.h"
 
@@ -24,11 +23,45 @@ struct PerVariable {
 /// Values at the measured points of one experiment; each series holds one value for each point.
 using MeasuredSeries = PerVariable<std::vector<double>>;
 
-/// Scores candidates against all experiments at once. All room is taken when the object is made; a
-/// score allocates nothing. An arithmetic fault leaves a score as an `ArithmeticFault` with the
-/// experiment's place.
+/// A candidate's score, or the fault for which it has none.
+struct CandidateScore {
+  double score = 0;
+  std::optional<ArithmeticFault> fault;
+};
+
+/// What a candidate comes to in one experiment.
+struct SimulatedExperiment {
+  ModelCurve curve;
+  MeasuredSeries simulated;   // at the measured times, g/L
+  PerVariable<double> share;  // of the score
+};
+
+/// What a candidate comes to in all experiments, by place.
+struct SimulatedFit {
+  double score = 0;
+  std::vector<SimulatedExperiment> experiments;
+
+  /// The curves of all experiments, by place; there are at most nine.
+  ModelCurves Curves() const;
+};
+
+/// Scores candidates against all experiments at once. It does not change once it is made.
 class Objective {
  public:
+  /// The room in which candidates are scored, taken once, and the count of the rate evaluations
+  /// made in it: more than 2,147,483,647 are a fault.
+  class Room {
+   public:
+    /// Begins with a count of `evaluations`.
+    explicit Room(std::int32_t evaluations = 0) { integrator_.SetEvaluations(evaluations); }
+
+   private:
+    friend class Objective;
+    Runge_Kutta integrator_;
+    KineticParameters parameters_;
+    ModelCurve curve_;
+  };
+
   /// Copies and normalises the measured data. The problem's rows must be as many as its
   /// experiments.
   explicit Objective(const FitProblem& problem);
@@ -39,58 +72,36 @@ class Objective {
   /// How many variables have no positive value. Each is scored with scale 1, and the user is told
   /// so once for each.
   int UnscaledVariables() const { return unscaledVariables_; }
-
-  /// The score of candidate `x` (D values). A component outside its bounds is first redrawn inside
-  /// them, so that the caller's vector changes.
-  double EvaluateCandidate(std::span<double> x, UniformGenerator& random);
-
-  /// As `EvaluateCandidate`, and counts the call.
-  double CountedEvaluate(std::span<double> x, UniformGenerator& random);
-  std::int32_t FunctionCalls() const { return functionCalls_; }
-  void ResetFunctionCalls() { functionCalls_ = 0; }
-
-  /// Simulates every experiment with `x` as it stands, without repair, and scores it.
-  double Simulate(std::span<const double> x);
-
-  /// What the last score came to for the experiment at `place` 1..count: each variable's part of
-  /// the sum, its values at the measured times in g/L, and its curve.
-  const PerVariable<double>& Share(int place) const { return At(place).share; }
-  const MeasuredSeries& Simulated(int place) const { return At(place).simulated; }
-  const ModelCurve& Curve(int place) const { return At(place).curve; }
-  /// The curves of all experiments, by place.
-  ModelCurves Curves() const;
-
-  int ExperimentCount() const { return static_cast<int>(experiments_.size()); }
-  /// The measured values, g/L.
-  const MeasuredSeries& Measured(int place) const { return At(place).measured; }
   /// The count of measured values of the three variables at all points.
   int Observations() const;
 
+  /// Scores as many candidates as `scores` has room for; candidate i is row i of `candidates`, with
+  /// one component for each fitted parameter, and is scored as it stands. A fault ends its own
+  /// candidate alone and names the experiment's place. Allocates nothing.
+  void Score(std::span<const double> candidates, std::span<CandidateScore> scores,
+             Room& room) const;
+
+  /// Simulates every experiment with candidate `x`; throws an `ArithmeticFault` with the
+  /// experiment's place. An empty `x` leaves the problem's rows as they are. Counts its own rate
+  /// evaluations.
+  SimulatedFit Simulate(std::span<const double> x) const;
+
  private:
-  struct Scored {
+  struct Measured {
     std::vector<double> time;
-    MeasuredSeries measured;
     MeasuredSeries normalised;
     PerVariable<double> scale;
     KineticParameters parameters;
-    ModelCurve curve;
-    MeasuredSeries simulated;            // g/L
-    MeasuredSeries simulatedNormalised;  // divided by scale
-    PerVariable<double> share;
   };
 
-  const Scored& At(int place) const { return experiments_.at(static_cast<std::size_t>(place - 1)); }
-  double Scale(std::span<const double> values);
-  void RepairBounds(std::span<double> x, UniformGenerator& random) const;
-  /// Simulates one experiment and adds its squared errors to the accumulator.
-  void ExperimentError(std::span<const double> x, Scored& experiment);
-  static void InterpolateModelAtMeasurements(Scored& experiment);
+  PerVariable<double> Scales(const Experiment& experiment);
+  double ScoreOf(std::span<const double> x, Room& room) const;
+  void Integrate(std::span<const double> x, const Measured& experiment, Room& room) const;
+  template <class Visitor>
+  double SumOverExperiments(std::span<const double> x, Room& room, Visitor&& visitor) const;
 
-  std::vector<Scored> experiments_;
+  std::vector<Measured> experiments_;
   std::vector<FitVariable> variables_;
-  Runge_Kutta integrator_;
-  double error_ = 0;  // accumulates the squared errors of one score
-  std::int32_t functionCalls_ = 0;
   int unscaledVariables_ = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "estimation/ResultTexts.h"
 
-#include "kinetics/Modelos.h"
+#include "kinetics/Parameters.h"
+#include "language/FaultWords.h"
 #include "language/Numbers.h"
 
 namespace velmora {
@@ -21,10 +22,8 @@ std::string ValueLine(TextId id, double value, TextStyle style) {
 }
 
 std::string ParameterLine(const FitVariable& variable, double value, TextStyle style) {
-  const int index = FittableIndex(variable.position);
-  const std::string label =
-      index < 0 ? std::string() : std::string(kFittable[static_cast<std::size_t>(index)].label);
-  return label + " " + Formatted(value, kTwoToThirteen, style.separator);
+  return std::string(ParameterAt(variable.position).label) + " " +
+         Formatted(value, kTwoToThirteen, style.separator);
 }
 
 std::string ErrorLines(double sum, int observations, TextStyle style) {
@@ -32,11 +31,20 @@ std::string ErrorLines(double sum, int observations, TextStyle style) {
          ValueLine(TextId::SquareError, SquareError(sum, observations), style);
 }
 
-std::string EndLines(SearchEnd end, Language language) {
-  if (end == SearchEnd::Converged) return Line(Text(TextId::EndOfEstimation, language));
-  if (end == SearchEnd::Stopped) return Line(Text(TextId::NotCompleted, language));
-  return Line(Text(TextId::DidNotConverge, language)) +
-         Line(Text(TextId::DidNotConvergeAdvice, language));
+/// The fault in words, and where the best vector was found before it.
+std::string FaultLines(const FitProblem& problem, const SearchResult& result, Language language) {
+  const ArithmeticFault& fault = *result.fault;
+  const int number = fault.place == 0
+                         ? 0
+                         : problem.experiments.at(static_cast<std::size_t>(fault.place) - 1).number;
+  std::string lines = Line(std::string(Text(TextId::NotCompleted, language)) +
+                           FaultDescription(fault, number, language));
+  if (result.HasResult() && result.bestGeneration > 0)
+    lines +=
+        Line(Filled(TextId::BestOfGeneration, language, {std::to_string(result.bestGeneration)}));
+  if (result.HasResult() && result.bestGeneration == 0)
+    lines += Line(Text(TextId::BestOfPopulation, language));
+  return lines;
 }
 
 }  // namespace
@@ -57,25 +65,41 @@ std::string ProgressText(std::span<const FitVariable> variables, const Generatio
                          TextStyle style) {
   return Line(Text(TextId::EstimatedHeading, style.language)) +
          ParameterLines(variables, generation.best, style) +
-         ErrorLines(generation.score, generation.objective.Observations(), style) +
+         ErrorLines(generation.score, generation.observations, style) +
          Line(std::string(kFunctionCalls) + std::to_string(generation.functionCalls)) +
          Line(kSeparatorLine);
 }
 
-std::string FinalText(std::span<const FitVariable> variables, const SearchResult& result,
+std::string EndText(const FitProblem& problem, const SearchResult& result, Language language) {
+  switch (result.end) {
+    case SearchEnd::Converged:
+      return Line(Text(TextId::EndOfEstimation, language));
+    case SearchEnd::Stopped:
+      return Line(Text(TextId::NotCompleted, language));
+    case SearchEnd::Fault:
+      return FaultLines(problem, result, language);
+    case SearchEnd::GenerationLimit:
+    case SearchEnd::Refused:
+      break;
+  }
+  return Line(Text(TextId::DidNotConverge, language)) +
+         Line(Text(TextId::DidNotConvergeAdvice, language));
+}
+
+std::string FinalText(const FitProblem& problem, const SearchResult& result,
                       const Deviations& deviations, TextStyle style) {
   const bool known = !deviations.fault;
   std::string text =
       Line(Text(known ? TextId::EstimatedWithDeviation : TextId::EstimatedHeading, style.language));
-  for (std::size_t j = 0; j < variables.size(); ++j) {
-    std::string line = ParameterLine(variables[j], result.best[j], style);
+  for (std::size_t j = 0; j < problem.variables.size(); ++j) {
+    std::string line = ParameterLine(problem.variables[j], result.best[j], style);
     if (known)
       line += std::string(kPlusMinus) +
               Formatted(deviations.values[j], kTwoToThirteen, style.separator);
     text += Line(line);
   }
   return text + ErrorLines(result.score, deviations.observations, style) +
-         EndLines(result.end, style.language);
+         EndText(problem, result, style.language);
 }
 
 }  // namespace velmora

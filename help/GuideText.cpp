@@ -10,7 +10,7 @@ namespace {
 
 std::string ParameterNames(const Model& model) {
   std::string names;
-  for (const FittableParameter& parameter : kFittable) {
+  for (const Parameter& parameter : kFittable) {
     if (!Uses(model, parameter.position)) continue;
     // The label without its "=": "µmáx", "Cp*".
     const std::string_view label = parameter.label.substr(0, parameter.label.find(' '));

@@ -6,10 +6,10 @@
 
 #include <cmath>
 
+#include "kinetics/BatchBalances.h"
 #include "kinetics/KineticParameters.h"
 #include "kinetics/Modelos.h"
 #include "kinetics/RateLaws.h"
-#include "kinetics/State.h"
 
 namespace velmora::kernel {
 

@@ -5,12 +5,6 @@
 namespace velmora {
 namespace {
 
-template <class Table, class Matches>
-int IndexWhere(const Table& table, Matches matches) {
-  const auto at = std::find_if(table.begin(), table.end(), matches);
-  return at == table.end() ? -1 : static_cast<int>(at - table.begin());
-}
-
 bool InhibitedBySubstrate(const Model& model) {
   return model.substrate == SubstrateTerm::Andrews || model.substrate == SubstrateTerm::Wu;
 }
@@ -59,17 +53,10 @@ std::string_view ProductFactor(ProductTerm term) {
 
 }  // namespace
 
-int FittableIndex(At position) {
-  return IndexWhere(kFittable, [=](const FittableParameter& p) { return p.position == position; });
-}
-
-int FittableIndex(std::string_view name) {
-  return IndexWhere(kFittable, [=](const FittableParameter& p) { return p.name == name; });
-}
-
 const Model* FindModel(std::string_view name) {
-  const int index = IndexWhere(kModels, [=](const Model& model) { return model.name == name; });
-  return index < 0 ? nullptr : &kModels[static_cast<std::size_t>(index)];
+  const auto at = std::find_if(kModels.begin(), kModels.end(),
+                               [=](const Model& model) { return model.name == name; });
+  return at == kModels.end() ? nullptr : &*at;
 }
 
 bool Uses(const Model& model, At position) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "kinetics/KineticParameters.h"
+#include "kinetics/Parameters.h"
 
 namespace velmora {
 
@@ -61,28 +62,6 @@ inline constexpr auto kModels = std::to_array<Model>({
     {"Moser-Levenspiel-Lee", SubstrateTerm::Moser, ProductTerm::Levenspiel, CellTerm::Lee},
 });
 
-/// The ten parameters that may be fitted, in the order of their check boxes, of the
-/// fitted-parameter vector, of the bounds table and of every listing.
-struct FittableParameter {
-  At position;
-  std::string_view name;   // as in the names of its controls: chkMiMax, txtMiMax
-  std::string_view label;  // as in the results
-};
-inline constexpr std::array<FittableParameter, 10> kFittable = {{{At::muMax, "MiMax", "µmáx ="},
-                                                                 {At::Ks, "Ks", "Ks ="},
-                                                                 {At::Kis, "Kis", "Kis ="},
-                                                                 {At::Kip, "Kip", "Kip ="},
-                                                                 {At::CpAst, "CpAst", "Cp* ="},
-                                                                 {At::CxAst, "CxAst", "Cx* ="},
-                                                                 {At::n, "n", "n ="},
-                                                                 {At::m, "m", "m ="},
-                                                                 {At::u, "u", "u ="},
-                                                                 {At::v, "v", "v ="}}};
-
-/// The index in `kFittable` of the parameter at a position 8..17, or of a name; -1 where none.
-int FittableIndex(At position);
-int FittableIndex(std::string_view name);
-
 /// The model with exactly this name (case and hyphens count), or null.
 const Model* FindModel(std::string_view name);
 
@@ -102,20 +81,9 @@ std::vector<const Model*> ModelsOf(const KineticParameters& parameters, std::spa
 /// The unit of the fittable parameter at `position`, UTF-8; empty for an exponent. Ks is a ratio of
 /// substrate to cells in the Contois term, Kip an inverse concentration in the Aiba term.
 constexpr std::string_view UnitOf(At position, const Model& model) {
-  switch (position) {
-    case At::muMax:
-      return "1/h";
-    case At::Ks:
-      return model.substrate == SubstrateTerm::Contois ? "g/g" : "g/L";
-    case At::Kip:
-      return model.product == ProductTerm::Aiba ? "L/g" : "g/L";
-    case At::Kis:
-    case At::CpAst:
-    case At::CxAst:
-      return "g/L";
-    default:
-      return "";
-  }
+  if (position == At::Ks && model.substrate == SubstrateTerm::Contois) return "g/g";
+  if (position == At::Kip && model.product == ProductTerm::Aiba) return "L/g";
+  return ParameterAt(position).unit;
 }
 
 /// The model's specific growth rate on one line, UTF-8: "µ = µmax·Cs/(Cs + Ks)·Kip/(Kip + Cp)".

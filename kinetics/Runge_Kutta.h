@@ -4,10 +4,10 @@
 #include <cstdint>
 
 #include "kinetics/ArithmeticFault.h"
+#include "kinetics/BatchBalances.h"
 #include "kinetics/KineticParameters.h"
 #include "kinetics/ModelCurves.h"
 #include "kinetics/RateLaws.h"
-#include "kinetics/State.h"
 
 namespace velmora {
 

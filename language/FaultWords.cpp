@@ -21,6 +21,8 @@ std::string Place(const ArithmeticFault& fault, int experiment, Language languag
 }  // namespace
 
 std::string FaultDescription(const ArithmeticFault& fault, int experiment, Language language) {
+  if (fault.term == FaultTerm::EvaluationCounter)
+    return std::string(Text(TextId::CounterFull, language));
   std::string text(Text(TextOf(TextId::DivisionByZero, fault.kind), language));
   text += ' ';
   text += Text(TextOf(TextId::InSubstratePower, fault.term), language);

@@ -314,6 +314,11 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::InDeviations, "in the deviations", "nos desvios"},
     {TextId::FaultExperiment, "experiment {1}", "experimento {1}"},
     {TextId::FaultPoint, "point {1} of {2}", "ponto {1} de {2}"},
+    {TextId::CounterFull, "the counter of rate evaluations, which ends at 2147483647, is full; choose a smaller population (NPOP), fewer generations or fewer experiments", "o contador de avaliações das taxas, que vai até 2147483647, está cheio; escolha uma população (NPOP) menor, menos gerações ou menos experimentos"},
+
+    // The end of a search.
+    {TextId::BestOfGeneration, "The best values found before this are those of generation {1}.", "Os melhores valores encontrados antes disso são os da geração {1}."},
+    {TextId::BestOfPopulation, "The best values found before this are those of the initial population.", "Os melhores valores encontrados antes disso são os da população inicial."},
 
     // The windows.
     {TextId::WriteWithoutEntries, ". Its entries will not be in the file. Write the file without them?", ". O que foi digitado não estará no arquivo. Gravar o arquivo assim mesmo?"},

@@ -186,6 +186,11 @@ enum class TextId : std::int16_t {
   InDeviations,
   FaultExperiment,
   FaultPoint,
+  CounterFull,
+
+  // The end of a search.
+  BestOfGeneration,
+  BestOfPopulation,
 
   // The windows.
   WriteWithoutEntries,

@@ -12,21 +12,11 @@ namespace velmora {
 namespace {
 
 /// The conditions of an experiment, in the order in which a report lists them.
-struct ReportedCondition {
-  std::string_view label;
-  At position;
-};
-constexpr std::array<ReportedCondition, 29> kReported = {
-    {{"Cx0: ", At::Cx0},       {"Cs0: ", At::Cs0},      {"Cp0: ", At::Cp0},
-     {"T: ", At::T},           {"Yxs: ", At::Yxs},      {"Yps: ", At::YpsTyped},
-     {"Alfa: ", At::alpha},    {"Beta: ", At::beta},    {"Mimax: ", At::muMax},
-     {"Ks: ", At::Ks},         {"Kis: ", At::Kis},      {"Kp: ", At::Kip},
-     {"CxAst: ", At::CxAst},   {"CpAst: ", At::CpAst},  {"m: ", At::m},
-     {"n: ", At::n},           {"u: ", At::u},          {"v: ", At::v},
-     {"C: ", At::C},           {"B: ", At::B},          {"B1: ", At::B1},
-     {"B2: ", At::B2},         {"G: ", At::G},          {"H1: ", At::H1},
-     {"ms: ", At::ms},         {"Kd: ", At::Kd},        {"Kdp: ", At::Kdp},
-     {"CsAst1: ", At::CsAst1}, {"CsAst2: ", At::CsAst2}}};
+constexpr std::array kReported = {
+    At::Cx0,   At::Cs0, At::Cp0, At::T,      At::Yxs,   At::YpsTyped, At::alpha, At::beta,
+    At::muMax, At::Ks,  At::Kis, At::Kip,    At::CxAst, At::CpAst,    At::m,     At::n,
+    At::u,     At::v,   At::C,   At::B,      At::B1,    At::B2,       At::G,     At::H1,
+    At::ms,    At::Kd,  At::Kdp, At::CsAst1, At::CsAst2};
 
 // Labels beside their values, four of them in a row. Alfa, computed as Yps/Yxs, comes with all the
 // digits of a double: its column has room for them.
@@ -60,8 +50,7 @@ class Report {
   }
 
   static std::string LabelOf(const FitVariable& variable) {
-    const int index = FittableIndex(variable.position);
-    return index < 0 ? "" : std::string(kFittable[static_cast<std::size_t>(index)].label) + " ";
+    return std::string(ParameterAt(variable.position).label) + " ";
   }
 
   void AddHead() {
@@ -75,10 +64,7 @@ class Report {
   /// A file may name no model, or another one than its switches mean.
   void AddModel() {
     if (content_.records.empty()) return;
-    std::vector<FittedParameter> fitted;
-    for (const auto& [position, lower, upper, start] : content_.variables)
-      fitted.push_back({upper, lower, static_cast<std::int16_t>(position), start});
-    const Model* const model = RecognisedModel(content_.records.front(), fitted);
+    const Model* const model = RecognisedModel(content_.records.front(), content_.variables);
     if (model == nullptr) return;
     Add(Text(TextId::ChosenModel) + " " + std::string(model->name));
     Add(Equation(*model), rich::Look::Indented);
@@ -92,8 +78,8 @@ class Report {
     rich::Table table{{kWidths.begin(), kWidths.end()}, {}};
     for (std::size_t i = 0; i < kReported.size(); ++i) {
       if (i % kPairs == 0) table.rows.emplace_back();
-      table.rows.back().emplace_back(kReported[i].label);
-      table.rows.back().push_back(Plain(record.row[kReported[i].position]));
+      table.rows.back().emplace_back(ParameterAt(kReported[i]).reported);
+      table.rows.back().push_back(Plain(record.row[kReported[i]]));
     }
     table.rows.back().resize(table.widths.size());
     document_.emplace_back(std::move(table));
@@ -137,17 +123,16 @@ class Report {
 
 }  // namespace
 
-ReportContent ReportOf(const std::vector<Experiment>& experiments,
-                       const CultivationConditions& conditions,
-                       const std::vector<FitVariable>& variables, const SearchResult& result,
-                       const Deviations& deviations, const TextStyle& style) {
+ReportContent ReportOf(const FitProblem& problem, const CultivationConditions& conditions,
+                       const SearchResult& result, const Deviations& deviations,
+                       const TextStyle& style) {
   ReportContent report;
   report.style = style;
-  for (std::size_t i = 0; i < experiments.size(); ++i) {
+  for (std::size_t i = 0; i < problem.experiments.size(); ++i) {
     report.records.push_back(conditions.At(static_cast<int>(i) + 1));
-    report.descriptions.push_back(experiments[i].description);
+    report.descriptions.push_back(problem.experiments[i].description);
   }
-  report.variables = variables;
+  report.variables = problem.variables;
   report.best = result.best;
   report.deviations = deviations.values;
   report.sumOfSquaredErrors = result.score;

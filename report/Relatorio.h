@@ -32,12 +32,11 @@ struct ReportContent {
   std::vector<ReportPicture> pictures;
 };
 
-/// What a search over `experiments` under their `conditions`, one record for each, came to; without
-/// pictures.
-ReportContent ReportOf(const std::vector<Experiment>& experiments,
-                       const CultivationConditions& conditions,
-                       const std::vector<FitVariable>& variables, const SearchResult& result,
-                       const Deviations& deviations, const TextStyle& style);
+/// What the search of `problem` came to, with the `conditions` of its experiments, one record for
+/// each; without pictures.
+ReportContent ReportOf(const FitProblem& problem, const CultivationConditions& conditions,
+                       const SearchResult& result, const Deviations& deviations,
+                       const TextStyle& style);
 
 /// The report's lines, tables and pictures in their order. The pictures come last, so that the
 /// numbers stand together.

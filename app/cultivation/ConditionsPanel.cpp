@@ -21,33 +21,27 @@ struct BoxRow {
   At position;
   const char* box;
   const char* label;
-  const char* symbol;  // rich text
-  const char* unit;
   std::int16_t description;  // text id
 };
 constexpr auto kBoxes = std::to_array<BoxRow>({
-    {kStart, At::Cx0, "txtCx", "lblCx", "C<sub>x0</sub>", "g/L", 434},
-    {kStart, At::Cs0, "txtCs", "lblCs", "C<sub>s0</sub>", "g/L", 435},
-    {kStart, At::Cp0, "txtCp", "lblCp", "C<sub>p0</sub>", "g/L", 436},
-    {kStart, At::T, "txtTempo", "lblTempo", "t", "h", 437},
-    {kYields, At::Yxs, "txtYxs", "lblYxs", "Y<sub>x/s</sub>", "g/g", 438},
-    {kYields, At::YpsTyped, "txtYps", "lblYps", "Y<sub>p/s</sub>", "g/g", 439},
-    {kCells, At::ms, "txtms", "lblms", "m<sub>s</sub>", "g/(g·h)", 440},
-    {kCells, At::Kd, "txtkd", "lblkd", "k<sub>d</sub>", "1/h", 441},
-    {kCells, At::Kdp, "txtkdp", "lblkdp", "k<sub>dp</sub>", "1/h", 442},
-    {kCells, At::CsAst1, "txtCs1", "lblCs1", "C<sub>s1</sub>", "g/L", 443},
-    {kProduction, At::alpha, "txtAlfa", "lblAlfa", "α", "g/g", 444},
-    {kProduction, At::beta, "txtBeta", "lblBeta", "β", "g/(g·h)", 445},
-    {kProduction, At::CsAst2, "txtCs2", "lblCs2", "C<sub>s2</sub>", "g/L", 446},
+    {kStart, At::Cx0, "txtCx", "lblCx", 434},
+    {kStart, At::Cs0, "txtCs", "lblCs", 435},
+    {kStart, At::Cp0, "txtCp", "lblCp", 436},
+    {kStart, At::T, "txtTempo", "lblTempo", 437},
+    {kYields, At::Yxs, "txtYxs", "lblYxs", 438},
+    {kYields, At::YpsTyped, "txtYps", "lblYps", 439},
+    {kCells, At::ms, "txtms", "lblms", 440},
+    {kCells, At::Kd, "txtkd", "lblkd", 441},
+    {kCells, At::Kdp, "txtkdp", "lblkdp", 442},
+    {kCells, At::CsAst1, "txtCs1", "lblCs1", 443},
+    {kProduction, At::alpha, "txtAlfa", "lblAlfa", 444},
+    {kProduction, At::beta, "txtBeta", "lblBeta", 445},
+    {kProduction, At::CsAst2, "txtCs2", "lblCs2", 446},
 });
 constexpr int kBoxesInARow = 2;
 constexpr int kColumnsOfABox = 3;  // label, box, unit
 constexpr int kLabelWidth = 30;
 constexpr int kUnitWidth = 50;
-
-std::size_t IndexOf(At position) {
-  return static_cast<std::size_t>(position) - 1;
-}
 
 }  // namespace
 
@@ -64,9 +58,9 @@ void ConditionsPanel::Build() {
   for (const BoxRow& row : kBoxes) {
     QWidget* const frame = frames_[row.frame];
     Box box{row.position, new NumberBox(QLatin1StringView(row.box), frame),
-            NewLabel(QLatin1StringView(row.label), QString::fromUtf8(row.symbol), frame),
+            NewLabel(QLatin1StringView(row.label), Utf8(ParameterAt(row.position).symbol), frame),
             NewLabel(QStringLiteral("lblUnid_%1").arg(QLatin1StringView(row.box)),
-                     QString::fromUtf8(row.unit), frame)};
+                     Utf8(ParameterAt(row.position).unit), frame)};
     box.label->setBuddy(box.box);
     box.label->setMinimumWidth(kLabelWidth);
     box.unit->setMinimumWidth(kUnitWidth);
@@ -121,21 +115,19 @@ const ConditionsPanel::Box* ConditionsPanel::Find(At position) const {
   return found == boxes_.end() ? nullptr : &*found;
 }
 
-void ConditionsPanel::SetForm(const CultivationForm& form,
-                              const std::array<std::string, 31>& shown) {
-  for (const Box& each : boxes_)
-    each.box->ShowNumber(shown[IndexOf(each.position)], form.At(each.position));
+void ConditionsPanel::SetForm(const CultivationForm& form) {
+  for (const Box& each : boxes_) each.box->Show(form.At(each.position));
   (form.yields == Yields::Global ? global_ : stoichiometric_)->setChecked(true);
   SetProduction(form.production);
 }
 
 void ConditionsPanel::ReadInto(CultivationForm& form) const {
-  for (const Box& each : boxes_) form.At(each.position) = each.box->Number();
+  for (const Box& each : boxes_) form.At(each.position) = each.box->Value();
   form.yields = global_->isChecked() ? Yields::Global : Yields::Stoichiometric;
 }
 
-void ConditionsPanel::SetBox(At position, const std::string& shown, const std::string& exact) {
-  if (const Box* const each = Find(position)) each->box->ShowNumber(shown, exact);
+void ConditionsPanel::SetBox(At position, const Entry& entry) {
+  if (const Box* const each = Find(position)) each->box->Show(entry);
 }
 
 void ConditionsPanel::SetProduction(Production production) {
@@ -160,7 +152,7 @@ void ConditionsPanel::AllowEntry() {
 }
 
 void ConditionsPanel::Clear() {
-  for (const Box& each : boxes_) each.box->ShowNumber({});
+  for (const Box& each : boxes_) each.box->Show({});
 }
 
 void ConditionsPanel::SetLanguage(Language language) {

@@ -24,13 +24,12 @@ class ConditionsPanel : public QWidget {
  public:
   explicit ConditionsPanel(QWidget* parent = nullptr);
 
-  /// Shows the form's boxes of this panel and its yields; `shown` holds the texts to show for them,
-  /// by position.
-  void SetForm(const CultivationForm& form, const std::array<std::string, 31>& shown);
-  /// Writes the boxes, with the exact numbers behind them, and the yields into the form.
+  /// Shows the form's boxes of this panel and its yields.
+  void SetForm(const CultivationForm& form);
+  /// Writes the boxes and the yields into the form.
   void ReadInto(CultivationForm& form) const;
   /// Shows one box's number; a position that has no box here is passed over.
-  void SetBox(At position, const std::string& shown, const std::string& exact);
+  void SetBox(At position, const Entry& entry);
   /// The production decides which constants are entered.
   void SetProduction(Production production);
   void Clear();

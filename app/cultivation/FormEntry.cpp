@@ -50,13 +50,12 @@ std::array<QWidget*, 4> FormEntry::Panels() const {
   return {choices_, model_, conditions_, parameters_};
 }
 
-void FormEntry::SetStored(const CultivationForm& form, const std::array<std::string, 31>& shown,
-                          const velmora::Model* model) {
+void FormEntry::SetStored(const CultivationForm& form, const velmora::Model* model) {
   choices_->SetForm(form);
   model_->SetModel(model != nullptr ? *model : model_->Chosen(), model != nullptr);
-  conditions_->SetForm(form, shown);
+  conditions_->SetForm(form);
   parameters_->SetModel(model_->Chosen());
-  parameters_->SetValues(form, shown);
+  parameters_->SetValues(form);
   parameters_->SetFit(form.fit);
   MarkStored();
 }
@@ -71,14 +70,13 @@ CultivationForm FormEntry::Form() const {
   return form;
 }
 
-void FormEntry::SetBox(At position, const std::string& shown, const std::string& exact,
-                       NumberBox::Mark mark) {
+void FormEntry::SetBox(At position, const Entry& entry, NumberBox::Mark mark) {
   const bool untouched = Form().At(position) == stored_.At(position);
   if (FittableIndex(position) >= 0)
-    parameters_->SetValue(position, shown, exact, mark);
+    parameters_->SetValue(position, entry, mark);
   else
-    conditions_->SetBox(position, shown, exact);
-  if (untouched) stored_.At(position) = exact;
+    conditions_->SetBox(position, entry);
+  if (untouched) stored_.At(position) = entry;
 }
 
 void FormEntry::MarkStored() {

@@ -3,7 +3,6 @@
 
 #include <QObject>
 #include <array>
-#include <string>
 
 #include "app/cultivation/NumberBox.h"
 #include "cultivation/CultivationForm.h"
@@ -33,16 +32,14 @@ class FormEntry : public QObject {
   QWidget* Conditions() const;
   QWidget* Parameters() const;
 
-  /// Shows a stored form: its texts hold the exact numbers, `shown` what the boxes show. `model` is
-  /// shown as confirmed; where it is null the model chosen before waits to be confirmed.
-  void SetStored(const CultivationForm& form, const std::array<std::string, 31>& shown,
-                 const velmora::Model* model);
-  /// What is entered, with the exact numbers of the boxes that show a rounded one.
+  /// Shows a stored form. `model` is shown as confirmed; where it is null the model chosen before
+  /// waits to be confirmed.
+  void SetStored(const CultivationForm& form, const velmora::Model* model);
+  /// What is entered.
   CultivationForm Form() const;
 
   /// Shows one number. It changes what counts as stored, unless the user has edited the box.
-  void SetBox(At position, const std::string& shown, const std::string& exact,
-              NumberBox::Mark mark = NumberBox::Mark::None);
+  void SetBox(At position, const Entry& entry, NumberBox::Mark mark = NumberBox::Mark::None);
   /// What is entered now is what is stored.
   void MarkStored();
   /// Whether the user has changed something since.

@@ -18,16 +18,16 @@ NumberBox::NumberBox(const QString& name, QWidget* parent) : QLineEdit(parent) {
   connect(this, &QLineEdit::textEdited, this, [this] { SetMark(Mark::None); });
 }
 
-void NumberBox::ShowNumber(const std::string& shown, const std::string& exact, Mark mark) {
-  shown_ = QString::fromStdString(shown);
-  exact_ = exact;
-  setText(shown_);
+void NumberBox::Show(const Entry& entry, Mark mark) {
+  shown_ = entry;
+  shownText_ = QString::fromStdString(entry.text);
+  setText(shownText_);
   setCursorPosition(0);
   SetMark(mark);
 }
 
-std::string NumberBox::Number() const {
-  return text() == shown_ ? exact_ : text().toStdString();
+Entry NumberBox::Value() const {
+  return text() == shownText_ ? shown_ : Entry(text().toStdString());
 }
 
 QSize NumberBox::sizeHint() const {

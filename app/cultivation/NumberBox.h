@@ -2,9 +2,8 @@
 #pragma once
 
 #include <QLineEdit>
-#include <string>
 
-#include "kinetics/KineticParameters.h"
+#include "cultivation/CultivationForm.h"
 
 namespace velmora {
 
@@ -18,21 +17,19 @@ class NumberBox : public QLineEdit {
 
   explicit NumberBox(const QString& name, QWidget* parent = nullptr);
 
-  /// Shows `shown` for the number with the text `exact`. An estimated number stands out in colour
-  /// until the user edits the box.
-  void ShowNumber(const std::string& shown, const std::string& exact, Mark mark = Mark::None);
-  void ShowNumber(const std::string& text) { ShowNumber(text, text); }
+  /// Shows the entry's text. An estimated number stands out in colour until the user edits the box.
+  void Show(const Entry& entry, Mark mark = Mark::None);
 
-  /// The text of the number that the box stands for.
-  std::string Number() const;
+  /// What was shown, as long as its text still stands there; else what was typed.
+  Entry Value() const;
 
   QSize sizeHint() const override;
 
  private:
   void SetMark(Mark mark);
 
-  QString shown_;
-  std::string exact_;
+  QString shownText_;
+  Entry shown_;
 };
 
 }  // namespace velmora

@@ -11,33 +11,16 @@
 namespace velmora {
 namespace {
 
-/// The parameters' symbols in the order of kFittable, rich text.
-constexpr std::array<const char*, kFittable.size()> kSymbols = {"µ<sub>max</sub>",
-                                                                "K<sub>s</sub>",
-                                                                "K<sub>is</sub>",
-                                                                "K<sub>ip</sub>",
-                                                                "C<sub>p</sub>*",
-                                                                "C<sub>x</sub>*",
-                                                                "n",
-                                                                "m",
-                                                                "u",
-                                                                "v"};
 constexpr int kValueWidth = 128;  // thirteen decimals
 constexpr int kBoundWidth = 64;
 enum Column { kTick, kName, kValue, kLowerBound, kUpperBound, kUnit };
-
-std::size_t IndexOf(At position) {
-  return static_cast<std::size_t>(position) - 1;
-}
 
 bool HasUnit(At position) {
   return !UnitOf(position, kModels.front()).empty();
 }
 
-QString Spoken(const FittableParameter& parameter) {
-  QString label =
-      QString::fromUtf8(parameter.label.data(), static_cast<qsizetype>(parameter.label.size()));
-  return label.remove(QStringLiteral(" ="));
+QString Spoken(const Parameter& parameter) {
+  return Utf8(parameter.label).remove(QStringLiteral(" ="));
 }
 
 bool EmptyOrZero(const NumberBox& box) {
@@ -66,14 +49,13 @@ void ParametersPanel::Build() {
 }
 
 ParametersPanel::Row ParametersPanel::NewRow(std::size_t index) {
-  const FittableParameter& parameter = kFittable[index];
-  const QString name =
-      QString::fromUtf8(parameter.name.data(), static_cast<qsizetype>(parameter.name.size()));
+  const Parameter& parameter = kFittable[index];
+  const QString name = Utf8(parameter.name);
   const int number = static_cast<int>(index) + 1;
   Row row;
   row.tick = new QCheckBox(frame_);
   row.tick->setObjectName(QStringLiteral("chk") + name);
-  row.name = NewLabel(QStringLiteral("lbl") + name, QString::fromUtf8(kSymbols[index]), frame_);
+  row.name = NewLabel(QStringLiteral("lbl") + name, Utf8(parameter.symbol), frame_);
   row.value = new NumberBox(QStringLiteral("txt") + name, frame_);
   row.lower = new NumberBox(MemberName(QLatin1StringView("txtLimInf"), number), frame_);
   row.upper = new NumberBox(MemberName(QLatin1StringView("txtLimSup"), number), frame_);
@@ -119,43 +101,39 @@ void ParametersPanel::SetModel(const Model& model) {
     for (QWidget* const part : rows_[i].All()) part->setEnabled(used);
     if (!used) rows_[i].tick->setChecked(false);
     if (!HasUnit(position)) continue;
-    const std::string_view unit = UnitOf(position, model);
-    rows_[i].unit->setText(QString::fromUtf8(unit.data(), static_cast<qsizetype>(unit.size())));
+    rows_[i].unit->setText(Utf8(UnitOf(position, model)));
   }
   // The unit label of Ks speaks of a concentration, which a ratio to the cells is not.
   if (model.substrate == SubstrateTerm::Contois)
     rows_[static_cast<std::size_t>(FittableIndex(At::Ks))].unit->setEnabled(false);
 }
 
-void ParametersPanel::SetValues(const CultivationForm& form,
-                                const std::array<std::string, 31>& shown) {
-  for (const FittableParameter& parameter : kFittable)
-    SetValue(parameter.position, shown[IndexOf(parameter.position)], form.At(parameter.position),
-             NumberBox::Mark::None);
+void ParametersPanel::SetValues(const CultivationForm& form) {
+  for (const Parameter& parameter : kFittable)
+    SetValue(parameter.position, form.At(parameter.position), NumberBox::Mark::None);
 }
 
 void ParametersPanel::SetFit(const FitRows& fit) {
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     rows_[i].tick->setChecked(fit[i].ticked && rows_[i].tick->isEnabledTo(frame_));
-    rows_[i].lower->ShowNumber(fit[i].lower);
-    rows_[i].upper->ShowNumber(fit[i].upper);
+    rows_[i].lower->Show(fit[i].lower);
+    rows_[i].upper->Show(fit[i].upper);
   }
 }
 
-void ParametersPanel::SetValue(At position, const std::string& shown, const std::string& exact,
-                               NumberBox::Mark mark) {
-  rows_[static_cast<std::size_t>(FittableIndex(position))].value->ShowNumber(shown, exact, mark);
+void ParametersPanel::SetValue(At position, const Entry& entry, NumberBox::Mark mark) {
+  rows_[static_cast<std::size_t>(FittableIndex(position))].value->Show(entry, mark);
 }
 
 void ParametersPanel::ReadInto(CultivationForm& form) const {
   for (std::size_t i = 0; i < rows_.size(); ++i) {
-    form.At(kFittable[i].position) = rows_[i].value->Number();
-    form.fit[i] = {rows_[i].tick->isChecked(), rows_[i].lower->Number(), rows_[i].upper->Number()};
+    form.At(kFittable[i].position) = rows_[i].value->Value();
+    form.fit[i] = {rows_[i].tick->isChecked(), rows_[i].lower->Value(), rows_[i].upper->Value()};
   }
 }
 
 void ParametersPanel::Clear() {
-  SetValues({}, {});
+  SetValues({});
   SetFit({});
 }
 

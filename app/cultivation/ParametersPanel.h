@@ -25,14 +25,13 @@ class ParametersPanel : public QWidget {
 
   /// Enables the parameters that the model uses, and unticks the others.
   void SetModel(const Model& model);
-  /// Shows the values of a form; `shown` holds the texts to show for them, by position.
-  void SetValues(const CultivationForm& form, const std::array<std::string, 31>& shown);
+  /// Shows the values of a form.
+  void SetValues(const CultivationForm& form);
   /// Shows ticks and bounds. Only parameters of the model are ticked.
   void SetFit(const FitRows& fit);
   /// Shows one value; `position` must be that of a fittable parameter.
-  void SetValue(At position, const std::string& shown, const std::string& exact,
-                NumberBox::Mark mark);
-  /// Writes values, with the exact numbers behind them, ticks and bounds into the form.
+  void SetValue(At position, const Entry& entry, NumberBox::Mark mark);
+  /// Writes values, ticks and bounds into the form.
   void ReadInto(CultivationForm& form) const;
   void Clear();
   void SetLanguage(Language language);

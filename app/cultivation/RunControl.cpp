@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <algorithm>
 #include <new>
+#include <utility>
 
 namespace velmora {
 namespace {
@@ -18,30 +19,28 @@ RunControl::RunControl(QObject* parent) : QObject(parent), clock_(this) {
   connect(&clock_, &QTimer::timeout, this, &RunControl::Tick);
 }
 
-RunOutcome RunControl::Run(const FitProblem& problem, const EstimationSettings& settings) {
+RunOutcome RunControl::Run(FitProblem problem, EstimationSettings settings) {
   RunOutcome outcome;
-  outcome.variables = variables_ = problem.variables;
+  outcome.problem = std::move(problem);
+  problem_ = &outcome.problem;
   running_ = true;
   stop_ = false;
   try {
-    Search(problem, settings, outcome);
+    Search(settings, outcome);
   } catch (const std::bad_alloc&) {
     outcome.outOfMemory = true;
   }
   clock_.stop();
-  drawing_.reset();
+  problem_ = nullptr;
   running_ = false;
   return outcome;
 }
 
-void RunControl::Search(const FitProblem& problem, const EstimationSettings& settings,
-                        RunOutcome& outcome) {
-  Objective objective(problem);
+void RunControl::Search(EstimationSettings settings, RunOutcome& outcome) {
+  const Objective objective(*problem_);
   for (int i = 0; i < objective.UnscaledVariables(); ++i) emit NotNormalised();
-  outcome.result.refusal = RefuseBounds(problem.variables);
-  if (outcome.result.refusal) return;
+  if (!BoundsAreOrdered(problem_->variables)) return;
 
-  drawing_ = std::make_unique<Objective>(problem);
   seconds_ = 0;
   elapsed_.start();
   sinceDrawn_.invalidate();
@@ -49,11 +48,12 @@ void RunControl::Search(const FitProblem& problem, const EstimationSettings& set
   emit Started();
   // The first population takes as long as a generation; the window shows before it that it began.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  outcome.result = velmora::Search(objective, problem.variables, settings, *this);
+  outcome.result = velmora::Search(*problem_, settings, *this);
   ShowTime();
-  if (!outcome.HasResult()) return;
-  emit CurvesChanged(objective.Curves());
-  outcome.deviations = ComputeDeviations(objective, outcome.result.best);
+  if (!outcome.result.HasResult()) return;
+  outcome.curves = objective.Simulate(outcome.result.best).Curves();
+  emit CurvesChanged(outcome.curves);
+  outcome.deviations = ComputeDeviations(*problem_, outcome.result.best);
 }
 
 bool RunControl::StopRequested() {
@@ -62,10 +62,9 @@ bool RunControl::StopRequested() {
 }
 
 void RunControl::Report(const Generation& generation) {
-  emit GenerationEnded(generation);
+  emit GenerationEnded(generation, problem_->variables);
   if (sinceDrawn_.isValid() && sinceDrawn_.elapsed() < kDrawInterval) return;
-  drawing_->Simulate(generation.best);
-  emit CurvesChanged(drawing_->Curves());
+  emit CurvesChanged(Objective(*problem_).Simulate(generation.best).Curves());
   sinceDrawn_.start();
 }
 

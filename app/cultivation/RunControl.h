@@ -4,7 +4,6 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
-#include <memory>
 #include <optional>
 #include <vector>
 
@@ -16,12 +15,11 @@ namespace velmora {
 
 /// What a run came to.
 struct RunOutcome {
-  std::vector<FitVariable> variables;
+  FitProblem problem;
   SearchResult result;
   Deviations deviations;  // where the search has a result
+  ModelCurves curves{};   // of the best vector, likewise
   bool outOfMemory = false;
-
-  bool HasResult() const { return !result.best.empty(); }
 };
 
 /// Lets the window's events through once per generation, so that the clock ticks and the stop
@@ -34,10 +32,8 @@ class RunControl : public QObject, private SearchObserver {
 
   /// Searches, and returns when the search has ended, was stopped or failed. Not to be called while
   /// a run is going.
-  RunOutcome Run(const FitProblem& problem, const EstimationSettings& settings);
+  RunOutcome Run(FitProblem problem, EstimationSettings settings);
   bool Running() const { return running_; }
-  /// The fitted parameters of the run that is going.
-  const std::vector<FitVariable>& Variables() const { return variables_; }
   /// Ends the run before its next generation.
   void Stop() { stop_ = true; }
 
@@ -47,7 +43,8 @@ class RunControl : public QObject, private SearchObserver {
   /// The bounds have passed; the search begins.
   void Started();
   void Ticked(int seconds);
-  void GenerationEnded(const velmora::Generation& generation);
+  void GenerationEnded(const velmora::Generation& generation,
+                       const std::vector<velmora::FitVariable>& variables);
   /// The best fit's curves, at most ten times a second, and at the end.
   void CurvesChanged(const velmora::ModelCurves& curves);
 
@@ -56,17 +53,15 @@ class RunControl : public QObject, private SearchObserver {
   void Report(const Generation& generation) override;
   void Tick();
   void ShowTime();
-  void Search(const FitProblem& problem, const EstimationSettings& settings, RunOutcome& outcome);
+  void Search(EstimationSettings settings, RunOutcome& outcome);
 
   bool running_ = false;
-  std::vector<FitVariable> variables_;
   bool stop_ = false;
   QTimer clock_;
   QElapsedTimer elapsed_;
   QElapsedTimer sinceDrawn_;
   int seconds_ = 0;
-  std::unique_ptr<Objective>
-      drawing_;  // simulates the best vector: the search's own holds the last
+  const FitProblem* problem_ = nullptr;  // of the run that is going
 };
 
 }  // namespace velmora

@@ -9,7 +9,7 @@
 #include "app/cultivation/ScoreView.h"
 #include "app/cultivation/frmRelatorio.h"
 #include "app/widgets/Idiomas.h"
-#include "cultivation/ConditionsEntry.h"
+#include "cultivation/ConditionsSetUp.h"
 #include "cultivation/FitSetUp.h"
 #include "cultivation/Simulation.h"
 #include "estimation/ResultTexts.h"
@@ -102,7 +102,7 @@ void RunDisplay::Estimate(const std::vector<FitVariable>& variables) {
   problem.variables = variables;
   quiet_ = false;
   SetRunning(true);
-  const RunOutcome outcome = run_->Run(problem, session_.settings);
+  const RunOutcome outcome = run_->Run(std::move(problem), session_.settings);
   SetRunning(false);
   ShowOutcome(outcome);
   emit SessionChanged();
@@ -124,31 +124,33 @@ void RunDisplay::BeginResults() {
   emit SessionChanged();
 }
 
-void RunDisplay::ShowGeneration(const Generation& generation) {
-  results_->Append(
-      ProgressText(run_->Variables(), generation, {session_.language, session_.separator}));
+void RunDisplay::ShowGeneration(const Generation& generation,
+                                const std::vector<FitVariable>& variables) {
+  results_->Append(ProgressText(variables, generation, {session_.language, session_.separator}));
   score_->Add(generation.score);
   panel_->ShowProgress(generation.number, static_cast<int>(session_.settings.ITER));
 }
 
 void RunDisplay::ShowOutcome(const RunOutcome& outcome) {
-  if (outcome.HasResult()) return ShowResult(outcome);
+  if (outcome.result.HasResult()) return ShowResult(outcome);
   panel_->SetHeading(outcome.result.fault ? std::optional(TextId::EstimatedParameters)
                                           : std::nullopt);
   if (outcome.result.fault) return AppendFault(*outcome.result.fault);
-  if (outcome.result.refusal) dialogs_.Show(Window(), *outcome.result.refusal);
-  if (outcome.outOfMemory) dialogs_.Show(Window(), Attention({TextId::OutOfBounds}));
+  if (outcome.outOfMemory)
+    dialogs_.Show(Window(), Attention({TextId::OutOfBounds}));
+  else if (outcome.result.end == SearchEnd::Refused)
+    dialogs_.Show(Window(), BoundsRefusal());
 }
 
 void RunDisplay::ShowResult(const RunOutcome& outcome) {
   lastRun_ = outcome;
   const TextStyle style{session_.language, session_.separator};
-  report_ = ReportOf(session_.lists.Experiments(), session_.conditions, outcome.variables,
-                     outcome.result, outcome.deviations, style);
+  report_ =
+      ReportOf(outcome.problem, session_.conditions, outcome.result, outcome.deviations, style);
   reportedLists_ = session_.lists;
-  reportedCurves_ = session_.curves;
+  reportedCurves_ = outcome.curves;
   panel_->SetHeading(TextId::EstimatedParameters);
-  results_->Append(FinalText(outcome.variables, outcome.result, outcome.deviations, style));
+  results_->Append(FinalText(outcome.problem, outcome.result, outcome.deviations, style));
   results_->SetAvailable(true);
   ShowParameters(true);
   if (outcome.deviations.fault && !quiet_) dialogs_.Show(Window(), InversionMessage());
@@ -163,13 +165,15 @@ void RunDisplay::AppendFault(const ArithmeticFault& fault) {
 
 void RunDisplay::ShowParameters(bool estimated) {
   const char separator = session_.separator;
-  for (std::size_t j = 0; j < lastRun_->variables.size(); ++j) {
-    const FitVariable& variable = lastRun_->variables[j];
-    const double value = estimated ? lastRun_->result.best[j] : variable.start;
-    const std::string text = estimated ? Formatted(value, kTwoToThirteen, separator)
-                                       : ShownText(variable.position, value, separator);
-    entry_.SetBox(variable.position, text, PlainText(value, separator),
-                  estimated ? NumberBox::Mark::Estimated : NumberBox::Mark::None);
+  const std::vector<FitVariable>& variables = lastRun_->problem.variables;
+  for (std::size_t j = 0; j < variables.size(); ++j) {
+    const auto& [position, lower, upper, start] = variables[j];
+    const double best = lastRun_->result.best[j];
+    if (estimated)
+      entry_.SetBox(position, {Formatted(best, kTwoToThirteen, separator), best},
+                    NumberBox::Mark::Estimated);
+    else
+      entry_.SetBox(position, Shown(position, start, separator));
   }
   estimatedShown_ = estimated;
   results_->SetDirection(estimated ? ResultsPanel::Direction::ToInitial

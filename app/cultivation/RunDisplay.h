@@ -57,7 +57,7 @@ class RunDisplay : public QObject {
   QWidget* Window() const;
   void SetRunning(bool running);
   void BeginResults();
-  void ShowGeneration(const Generation& generation);
+  void ShowGeneration(const Generation& generation, const std::vector<FitVariable>& variables);
   void ShowOutcome(const RunOutcome& outcome);
   void ShowResult(const RunOutcome& outcome);
   void AppendFault(const ArithmeticFault& fault);

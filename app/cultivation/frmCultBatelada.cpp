@@ -20,9 +20,9 @@
 #include "app/widgets/NumberEntry.h"
 #include "cultivation/ConditionsEntry.h"
 #include "cultivation/ConditionsSetUp.h"
-#include "cultivation/DataExport.h"
 #include "cultivation/FitSetUp.h"
 #include "cultivation/OpenedConditions.h"
+#include "cultivation/Simulation.h"
 #include "data/ExperimentEntry.h"
 #include "data/FileFault.h"
 #include "language/Numbers.h"
@@ -169,8 +169,8 @@ void frmCultBatelada::ExperimentsChanged() {
 
 bool frmCultBatelada::KeepsEntries(int place) const {
   return entry_->Changed() && IsSaved(place) == shownSaved_ &&
-         SuggestedTexts(session_.lists.At(place), session_.separator) ==
-             SuggestedTexts(shown_, session_.separator);
+         SuggestedEntries(session_.lists.At(place), session_.separator) ==
+             SuggestedEntries(shown_, session_.separator);
 }
 
 void frmCultBatelada::TakePlace(int place) {
@@ -191,19 +191,17 @@ void frmCultBatelada::MostrarCondCult(int place) {
 
 void frmCultBatelada::ShowStored(const ConditionsRecord& record) {
   CultivationForm form = FormOf(record, session_.conditions.fitted, session_.separator);
-  const std::array<std::string, 31> shown = form.texts;
-  form.texts = ExactTexts(record.row, session_.separator);
   // Experiments that are only simulated leave the ticks and bounds as they stand.
   if (session_.conditions.fitted.empty()) form.fit = entry_->Form().fit;
-  entry_->SetStored(form, shown, RecognisedModel(record, session_.conditions.fitted));
+  entry_->SetStored(form, RecognisedModel(record, session_.conditions.fitted));
   run_->FormShowsStored();
 }
 
 /// Choices, yields and parameters stay as they stand: most of them are the same for all
 /// experiments.
 void frmCultBatelada::ShowSuggested(const Experiment& experiment) {
-  for (const auto& [position, text] : SuggestedTexts(experiment, session_.separator))
-    entry_->SetBox(position, text, text);
+  for (const auto& [position, entry] : SuggestedEntries(experiment, session_.separator))
+    entry_->SetBox(position, entry);
   entry_->MarkStored();
 }
 
@@ -231,9 +229,7 @@ void frmCultBatelada::SalvarCondCult() {
   const Saved saved = velmora::SalvarCondCult(entry_->Form(), place_, shown_.number,
                                               session_.separator, session_.conditions);
   if (saved.refusal) return Refuse(*saved.refusal);
-  const double alpha = session_.conditions.At(place_).row[At::alpha];
-  if (saved.shownAlfa)
-    entry_->SetBox(At::alpha, *saved.shownAlfa, PlainText(alpha, session_.separator));
+  if (saved.shownAlfa) entry_->SetBox(At::alpha, *saved.shownAlfa);
   entry_->MarkStored();
   entry_->SetFixed(true);
   shownSaved_ = true;
@@ -258,10 +254,10 @@ void frmCultBatelada::LimpaCaixaTexto() {
 
 void frmCultBatelada::Ajustar() {
   const CultivationForm form = entry_->Form();
-  const std::vector<FittedParameter> table = VarAjustadas(form, session_.separator);
-  const CheckedFit checked = ChecarVarAjustadas(table);
+  const std::vector<FitVariable> table = VarAjustadas(form, session_.separator);
   // A simulation fits nothing, so that nothing need be ticked.
-  const auto refusal = form.method == Method::Manual ? RefuseFitRows(table) : checked.refusal;
+  const auto refusal =
+      form.method == Method::Manual ? RefuseFitRows(table) : ChecarVarAjustadas(table);
   if (refusal) return Refuse(*refusal);
   if (const auto message = RefuseRun(NumExperimentos(), session_.conditions)) {
     Tell(*message);
@@ -277,7 +273,7 @@ void frmCultBatelada::Ajustar() {
     case Method::Manual:
       return run_->Simulate();
     case Method::ED:
-      return run_->Estimate(checked.variables);
+      return run_->Estimate(table);
     case Method::LM:
       Tell(Attention({TextId::NoLevenbergMarquardt}));
       return;

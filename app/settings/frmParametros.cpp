@@ -11,6 +11,7 @@
 
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/NumberEntry.h"
+#include "cultivation/FitSetUp.h"
 #include "estimation/EstimationSettings.h"
 #include "language/Numbers.h"
 
@@ -133,13 +134,13 @@ void frmParametros::Apply() {
   for (std::size_t i = 0; i < kBoxes; ++i)
     typed.*kBoxTable[i].typed = ReadBox(boxes_[i]->text().toStdString(), session_.separator);
   const CheckedSettings checked = CheckSettings(typed);
-  if (!checked.refusal) {
+  if (!checked.refused) {
     session_.settings = checked.settings;
     close();
     return;
   }
-  dialogs_.Show(this, *checked.refusal);
-  QLineEdit* const failed = boxes_[static_cast<std::size_t>(checked.failed) - 1];
+  dialogs_.Show(this, SettingsRefusal());
+  QLineEdit* const failed = boxes_[*checked.refused];
   failed->setFocus();
   failed->selectAll();
 }

@@ -9,10 +9,13 @@ class QWidget;
 
 namespace velmora {
 
+inline QString Utf8(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 /// The text as Qt's windows take it, "&" marks included.
 inline QString Caption(TextId id, Language language) {
-  const std::string_view text = Text(id, language);
-  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+  return Utf8(Text(id, language));
 }
 
 /// Sets the title, captions and tool tips of `window`, found by its objectName, as the caption

@@ -123,17 +123,15 @@ TEST_F(CultivationWindow, FitsWhatTheBoxesSayToTheLastDigit) {
   ASSERT_EQ(session.conditions.SavedCount(), 1);
   Estimate();
 
-  Objective objective(ProblemOf({Molasses()}, session.conditions));
-  const auto variables = VariablesOf(session.conditions.fitted);
+  const FitProblem problem = ProblemOf({Molasses()}, session.conditions);
   SearchObserver silent;
-  const SearchResult result = Search(objective, variables, session.settings, silent);
-  const Deviations deviations = ComputeDeviations(objective, result.best);
+  const SearchResult result = Search(problem, session.settings, silent);
+  const Deviations deviations = ComputeDeviations(problem, result.best);
   const TextStyle style{Language::English, '.'};
-  EXPECT_TRUE(Results().ends_with(FinalText(variables, result, deviations, style)));
+  EXPECT_TRUE(Results().ends_with(FinalText(problem, result, deviations, style)));
   EXPECT_EQ("µmáx = " + TextOf("txtMiMax") + "\nKs = " + TextOf("txtKs") + "\n",
-            ParameterLines(variables, result.best, style));
-  objective.Simulate(result.best);
-  EXPECT_EQ(session.curves[0], objective.Curve(1));
+            ParameterLines(problem.variables, result.best, style));
+  EXPECT_EQ(session.curves[0], Objective(problem).Simulate(result.best).experiments[0].curve);
   EXPECT_TRUE(session.curvesPresent);
   EXPECT_EQ(dialogs.shown.size(), 1U);  // the question alone
 
@@ -360,7 +358,7 @@ TEST_F(CultivationWindow, YieldsAndProductionDecideAlphaAndBeta) {
 TEST_F(CultivationWindow, AModelOffersItsParametersAndIsFixedOnceConfirmed) {
   Open();
   Choose("Wu-Levenspiel");
-  for (const FittableParameter& parameter : kFittable) {
+  for (const Parameter& parameter : kFittable) {
     const bool used = Uses(*FindModel("Wu-Levenspiel"), parameter.position);
     for (const char* prefix : {"chk", "txt", "lbl"})
       EXPECT_EQ(Enabled((prefix + std::string(parameter.name)).c_str()), used) << parameter.name;

@@ -29,7 +29,7 @@ CultivationConditions TwoConditions() {
   CultivationConditions conditions;
   conditions.At(1) = {true, 1, {{0.25}}, {"ED", "Cx Cs Cp", "PAC", "Monod", "MiMax v"}};
   conditions.At(2) = {true, 3, {{-4}}, {"Manual", "", "PPAC", "", ""}};
-  conditions.fitted = {{0.9, 0.05, 8, 0.5}, {1e-5, 1e-6, 17, 2e-6}};
+  conditions.fitted = {{At::muMax, 0.05, 0.9, 0.5}, {At::v, 1e-6, 1e-5, 2e-6}};
   return conditions;
 }
 
@@ -73,9 +73,8 @@ TEST(ConditionsFile, GivesRandomConditionsBackUnchanged) {
         record.options[k] = random() % 3 == 0 ? "" : "µ Ÿ " + std::to_string(random());
     }
     for (std::uint64_t rows = random() % (kMostFitted + 1); rows > 0; --rows)
-      conditions.fitted.push_back({RandomValue(random), RandomValue(random),
-                                   static_cast<std::int16_t>(8 + random() % 10),
-                                   RandomValue(random)});
+      conditions.fitted.push_back({At{static_cast<int>(8 + random() % 10)}, RandomValue(random),
+                                   RandomValue(random), RandomValue(random)});
     const Encoded file = ToWindows1252(ConditionsText(conditions, experiments, true));
     const ConditionsRead read = ReadConditionsBytes(file.bytes, "");
     ASSERT_FALSE(read.fault);

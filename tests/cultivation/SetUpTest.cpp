@@ -5,7 +5,6 @@
 #include <ostream>
 
 #include "cultivation/ConditionsSetUp.h"
-#include "cultivation/DataExport.h"
 #include "cultivation/FitSetUp.h"
 #include "cultivation/Simulation.h"
 
@@ -15,7 +14,7 @@ namespace {
 /// A form that can be saved: Monod, its two parameters fitted.
 CultivationForm Filled() {
   CultivationForm form;
-  form.texts.fill("0");
+  form.boxes.fill("0");
   form.At(At::Cx0) = "0.5", form.At(At::Cs0) = "75", form.At(At::T) = "45";
   form.At(At::Yxs) = "0.3", form.At(At::YpsTyped) = "0.45", form.At(At::alpha) = "1.25";
   form.At(At::muMax) = "0.2", form.At(At::Ks) = "10";
@@ -112,17 +111,17 @@ TEST(Conditions, DecideAlfaAndYields) {
   form.yields = Yields::Global;
   form.At(At::YpsTyped) = "0,2";
   form.At(At::Yxs) = "0,3";
-  for (auto* text :
+  for (Entry* box :
        {&form.At(At::Cx0), &form.At(At::alpha), &form.At(At::muMax), &form.fit[0].lower})
-    std::replace(text->begin(), text->end(), '.', ',');
-  EXPECT_EQ(SalvarCondCult(form, 1, 1, ',', conditions).shownAlfa, "0,6667");
+    std::replace(box->text.begin(), box->text.end(), '.', ',');
+  EXPECT_EQ(SalvarCondCult(form, 1, 1, ',', conditions).shownAlfa, Entry("0,6667", 0.2 / 0.3));
   EXPECT_EQ(row[At::alpha], 0.2 / 0.3);
   EXPECT_EQ(row[At::Yps], 1);
   EXPECT_EQ(row[At::Fp], 0);
   EXPECT_EQ(row[At::YpsTyped], 0.2);
 
   form.production = Production::PNAC;
-  EXPECT_EQ(SalvarCondCult(form, 1, 1, ',', conditions).shownAlfa, "0");
+  EXPECT_EQ(SalvarCondCult(form, 1, 1, ',', conditions).shownAlfa, Entry("0", 0));
   EXPECT_EQ(row[At::alpha], 0);
 }
 
@@ -133,10 +132,9 @@ TEST(Conditions, KeepTheFitTableInItsOwnOrder) {
   for (const At position : {At::CxAst, At::CpAst, At::m, At::n}) form.At(position) = "2";
   for (std::size_t row = 4; row < 8; ++row) form.fit[row] = {true, "1", "3"};
   ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
-  std::vector<int> codes;
-  for (const FittedParameter& row : conditions.fitted) codes.push_back(row.code);
-  EXPECT_EQ(codes, (std::vector<int>{8, 9, 13, 12, 15, 14}));
-  EXPECT_EQ(conditions.fitted[1], (FittedParameter{30, 1, 9, 10}));
+  EXPECT_EQ(PositionsOf(conditions.fitted),
+            (std::vector<At>{At{8}, At{9}, At{13}, At{12}, At{15}, At{14}}));
+  EXPECT_EQ(conditions.fitted[1], (FitVariable{At::Ks, 1, 30, 10}));
   EXPECT_EQ(conditions.At(1).options.fitted, "MiMax Ks CpAst CxAst n m");
 
   form.method = Method::Manual;
@@ -150,25 +148,22 @@ TEST(Conditions, ShowTheirBoxesInTheirFormats) {
   ConditionsRow row;
   row[At::Cx0] = 0.00001, row[At::muMax] = 0.5, row[At::Ks] = 0.123456, row[At::CxAst] = 2;
   row[At::YpsTyped] = 0.45;
-  const auto texts = ShownTexts(row, ',');
-  EXPECT_EQ(texts[0], "1E-05");
-  EXPECT_EQ(texts[7], "0,50");
-  EXPECT_EQ(texts[8], "0,1235");
-  EXPECT_EQ(texts[11], "2,0");
-  EXPECT_EQ(texts[17], "") << "a switch has no box";
-  EXPECT_EQ(texts[30], "0,45");
+  const CultivationForm form = FormOf({true, 1, row, {}}, {}, ',');
+  EXPECT_EQ(form.At(At::Cx0).text, "1E-05");
+  EXPECT_EQ(form.At(At::muMax).text, "0,50");
+  EXPECT_EQ(form.At(At::Ks), Entry("0,1235", 0.123456)) << "the number behind it keeps its digits";
+  EXPECT_EQ(form.At(At::CxAst).text, "2,0");
+  EXPECT_EQ(form.At(At::C).text, "") << "a switch has no box";
+  EXPECT_EQ(form.At(At::YpsTyped).text, "0,45");
 }
 
 TEST(Fit, NeedsAParameter) {
-  const CheckedFit none = ChecarVarAjustadas({});
-  ASSERT_TRUE(none.refusal);
-  EXPECT_EQ(none.refusal->message.pieces.front(),
-            Piece("Escolha pelo menos um parâmetro para ajustar"));
-  EXPECT_EQ(none.refusal->message.title, Piece("Aviso"));
-  const FittedParameter onlyV{2, 1, 17, 2};
-  const CheckedFit checked = ChecarVarAjustadas(std::array{onlyV});
-  ASSERT_FALSE(checked.refusal) << "a value on its bound is accepted";
-  EXPECT_EQ(checked.variables[0].position, At::v);
+  const std::optional<Refusal> none = ChecarVarAjustadas({});
+  ASSERT_TRUE(none);
+  EXPECT_EQ(none->message.pieces.front(), Piece("Escolha pelo menos um parâmetro para ajustar"));
+  EXPECT_EQ(none->message.title, Piece("Aviso"));
+  const FitVariable onlyV{At::v, 1, 2, 2};
+  EXPECT_FALSE(ChecarVarAjustadas(std::array{onlyV})) << "a value on its bound is accepted";
 }
 
 TEST(Run, IsRefusedInOrder) {

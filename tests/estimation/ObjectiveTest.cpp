@@ -37,58 +37,59 @@ FitProblem TwoExperiments() {
 }
 
 TEST(Objective, SumsNormalisedSquaresOverAllButTheLastPoint) {
-  Objective objective(TwoExperiments());
+  const Objective objective(TwoExperiments());
+  const SimulatedFit fit = objective.Simulate({});
   // Experiment 1, t = 0: ((2-2)/4)^2 + ((8-10)/8)^2 + (1-0.5)^2 = 0.3125; t = 5: ((4-2)/4)^2 +
   // ((8-9)/8)^2 + 0 = 0.265625. Experiment 2, t = 0: ((1-2)/2)^2 + 0 + (0-0.5)^2 = 0.5.
-  EXPECT_NEAR(objective.Simulate({}), 0.3125 + 0.265625 + 0.5, 1e-12);
-  EXPECT_NEAR(objective.Share(1).Cx, 0.25, 1e-12);
-  EXPECT_NEAR(objective.Share(1).Cs, 0.078125, 1e-12);
-  EXPECT_NEAR(objective.Share(2).Cp, 0.25, 1e-12);
+  EXPECT_NEAR(fit.score, 0.3125 + 0.265625 + 0.5, 1e-12);
+  EXPECT_NEAR(fit.experiments[0].share.Cx, 0.25, 1e-12);
+  EXPECT_NEAR(fit.experiments[0].share.Cs, 0.078125, 1e-12);
+  EXPECT_NEAR(fit.experiments[1].share.Cp, 0.25, 1e-12);
   EXPECT_EQ(objective.UnscaledVariables(), 1);
   EXPECT_EQ(objective.Observations(), 15);
 }
 
 TEST(Objective, InterpolatesAndCarriesTheCurveOnBeyondItsEnd) {
-  Objective objective(TwoExperiments());
-  objective.Simulate({});
-  EXPECT_EQ(objective.Simulated(1).Cs[0], 10);
-  EXPECT_NEAR(objective.Simulated(1).Cs[1], 9, 1e-12);    // between model points
-  EXPECT_NEAR(objective.Simulated(2).Cs[1], 7.6, 1e-12);  // at 12 h, the curve ends at 9.9 h
+  const SimulatedFit fit = Objective(TwoExperiments()).Simulate({});
+  EXPECT_EQ(fit.experiments[0].simulated.Cs[0], 10);
+  EXPECT_NEAR(fit.experiments[0].simulated.Cs[1], 9, 1e-12);    // between model points
+  EXPECT_NEAR(fit.experiments[1].simulated.Cs[1], 7.6, 1e-12);  // at 12 h, the curve ends at 9.9 h
 }
 
 TEST(Objective, FindsTimesInAnyOrder) {
   FitProblem problem = TwoExperiments();
   problem.experiments = {Measured({9, 1, 5, 0}, {2, 2, 2, 2}, {9, 1, 5, 10}, {1, 1, 1, 1})};
   problem.rows.resize(1);
-  Objective objective(problem);
-  objective.Simulate({});
-  const auto& Cs = objective.Simulated(1).Cs;
+  const SimulatedFit fit = Objective(problem).Simulate({});
+  const auto& Cs = fit.experiments[0].simulated.Cs;
   EXPECT_NEAR(Cs[0], 8.2, 1e-12);
   EXPECT_NEAR(Cs[1], 9.8, 1e-12);
   EXPECT_NEAR(Cs[2], 9, 1e-12);
   EXPECT_EQ(Cs[3], 10);
 }
 
-TEST(Objective, RepairsOnlyWhatLeavesTheBounds) {
-  Objective objective(TwoExperiments());
-  UniformGenerator random(5471), same(5471);
-  std::vector<double> x{0.1, 9};
-  objective.CountedEvaluate(x, random);
-  EXPECT_EQ(x, (std::vector<double>{0.1, 9})) << "values on a bound are kept";
-  x = {0.6, -1};
-  objective.CountedEvaluate(x, random);
-  const double first = 0.1 + same.Draw() * 0.4;
-  EXPECT_EQ(x, (std::vector<double>{first, 1 + same.Draw() * 8}));
-  EXPECT_EQ(objective.FunctionCalls(), 2);
+TEST(Objective, ScoresManyCandidatesEachOnItsOwn) {
+  FitProblem problem = TwoExperiments();
+  problem.variables = {{At::Yxs, 0, 1, 0.3}, {At::ms, 0, 1, 0.1}};
+  const Objective objective(problem);
+  const std::vector<double> candidates{0.3, 0.1, 0, 0.1, 0.3, 0.2};  // Yxs = 0 divides by zero
+  std::array<CandidateScore, 3> scores;
+  Objective::Room room;
+  objective.Score(candidates, scores, room);
+  EXPECT_EQ(scores[0].score, Objective(TwoExperiments()).Simulate({}).score);
+  ASSERT_TRUE(scores[1].fault);
+  EXPECT_EQ(scores[1].fault->place, 1);
+  ASSERT_FALSE(scores[2].fault);
+  EXPECT_EQ(scores[2].score, objective.Simulate(std::array{0.3, 0.2}).score);
+  EXPECT_NE(scores[2].score, scores[0].score);
 }
 
 TEST(Objective, NamesTheExperimentOfAFault) {
   FitProblem problem = TwoExperiments();
   problem.rows[1][At::T] = 0;
-  Objective objective(problem);
   std::optional<ArithmeticFault> fault;
   try {
-    objective.Simulate({});
+    Objective(problem).Simulate({});
   } catch (const ArithmeticFault& thrown) {
     fault = thrown;
   }

@@ -3,10 +3,10 @@
 #include <cmath>
 #include <ostream>
 
+#include "kinetics/BatchBalances.h"
 #include "kinetics/KineticParameters.h"
 #include "kinetics/Modelos.h"
 #include "kinetics/RateLaws.h"
-#include "kinetics/State.h"
 
 namespace velmora {
 namespace {
