@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cassert>
+#include <map>
+#include <string>
 #include <utility>
 
 namespace velmora {
@@ -77,12 +79,28 @@ SaveQuestions AskBeforeSaving(const ExperimentLists& lists, const Experiment& ex
   return questions;
 }
 
-bool SaveExperiment(ExperimentLists& lists, Experiment experiment, DisplayEntry display) {
-  if (const int place = lists.PlaceOf(experiment.number); place != 0) {
-    lists.Replace(place, std::move(experiment), std::move(display));
-    return true;
-  }
-  return lists.Append(std::move(experiment), std::move(display));
+int PlaceToSave(const ExperimentLists& lists, std::int16_t number, int shown) {
+  if (shown > 0 && shown <= lists.Count() && lists.At(shown).number == number) return shown;
+  const int known = lists.PlaceOf(number);
+  return known != 0 ? known : lists.Count() + 1;
+}
+
+bool SaveExperiment(ExperimentLists& lists, Experiment experiment, DisplayEntry display,
+                    int shown) {
+  const int place = PlaceToSave(lists, experiment.number, shown);
+  if (place > lists.Count()) return lists.Append(std::move(experiment), std::move(display));
+  lists.Replace(place, std::move(experiment), std::move(display));
+  return true;
+}
+
+std::optional<Message> TellRepeatedNumbers(const ExperimentLists& lists) {
+  std::map<std::int16_t, int> uses;
+  for (const Experiment& experiment : lists.Experiments()) ++uses[experiment.number];
+  std::string repeated;
+  for (const auto& [number, count] : uses)
+    if (count > 1) repeated += (repeated.empty() ? "" : ", ") + std::to_string(number);
+  if (repeated.empty()) return std::nullopt;
+  return Attention({{TextId::NumbersRepeated, {repeated}}});
 }
 
 std::optional<Message> RefuseEmptyLists(const ExperimentLists& lists) {

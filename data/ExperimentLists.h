@@ -52,8 +52,17 @@ struct SaveQuestions {
 /// The questions of saving `experiment`, in their order: replace, refusal, confirm.
 SaveQuestions AskBeforeSaving(const ExperimentLists& lists, const Experiment& experiment);
 
-/// Appends the experiment, or overwrites the one with its number. False where the lists are full.
-bool SaveExperiment(ExperimentLists& lists, Experiment experiment, DisplayEntry display);
+/// Where an experiment with `number` is saved while the one at place `shown` (0: a new one) is on
+/// the screen: there where it has that number; otherwise at the first place with that number, or
+/// behind the last place.
+int PlaceToSave(const ExperimentLists& lists, std::int16_t number, int shown);
+
+/// Overwrites both entries at the place that `PlaceToSave` gives, or appends to both lists. False,
+/// with nothing changed, where the lists are full.
+bool SaveExperiment(ExperimentLists& lists, Experiment experiment, DisplayEntry display, int shown);
+
+/// What to tell once where a file was read in which experiments share a number: which numbers.
+std::optional<Message> TellRepeatedNumbers(const ExperimentLists& lists);
 
 /// The refusal of writing a file from empty lists.
 std::optional<Message> RefuseEmptyLists(const ExperimentLists& lists);

@@ -320,6 +320,9 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::BestOfGeneration, "The best values found before this are those of generation {1}.", "Os melhores valores encontrados antes disso são os da geração {1}."},
     {TextId::BestOfPopulation, "The best values found before this are those of the initial population.", "Os melhores valores encontrados antes disso são os da população inicial."},
 
+    // Experiments and conditions.
+    {TextId::NumbersRepeated, "These numbers belong to more than one experiment: {1}. Saving changes the experiment that is shown. To give it another number, save it with that number and delete the old one by its place.", "Estes números pertencem a mais de um experimento: {1}. Salvar altera o experimento exibido. Para dar-lhe outro número, salve-o com esse número e exclua o antigo pela sua posição."},
+
     // The windows.
     {TextId::WriteWithoutEntries, ". Its entries will not be in the file. Write the file without them?", ". O que foi digitado não estará no arquivo. Gravar o arquivo assim mesmo?"},
     {TextId::BeforeRun, " for the calculation to use them.", " para que o cálculo as use."},

@@ -192,6 +192,9 @@ enum class TextId : std::int16_t {
   BestOfGeneration,
   BestOfPopulation,
 
+  // Experiments and conditions.
+  NumbersRepeated,
+
   // The windows.
   WriteWithoutEntries,
   BeforeRun,

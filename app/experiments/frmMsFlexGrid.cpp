@@ -150,12 +150,10 @@ void frmMsFlexGrid::Save() {
 }
 
 void frmMsFlexGrid::Inserir_Experimento(Experiment experiment) {
-  const std::int16_t number = experiment.number;
-  const int known = session_.lists.PlaceOf(number);
-  const int place = known != 0 ? known : session_.lists.Count() + 1;
+  const int place = PlaceToSave(session_.lists, experiment.number, shown_);
   DisplayEntry display =
       place <= DisplayPanel::kRows ? displays_->Display(place) : UsualDisplay(place);
-  if (!SaveExperiment(session_.lists, std::move(experiment), std::move(display))) {
+  if (!SaveExperiment(session_.lists, std::move(experiment), std::move(display), shown_)) {
     dialogs_.Show(this, RefuseFullLists());
     return;
   }

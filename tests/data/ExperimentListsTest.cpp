@@ -50,11 +50,39 @@ TEST(ExperimentLists, AskBeforeANumberIsReplaced) {
   EXPECT_EQ(Worded(questions.confirm, Language::English), "Confirm these data for Experiment 2");
   Experiment changed = Numbered(2);
   changed.Cx[0] = 9;
-  ASSERT_TRUE(SaveExperiment(lists, changed, Coloured(4)));
+  ASSERT_TRUE(SaveExperiment(lists, changed, Coloured(4), 0));
   EXPECT_EQ(lists.Count(), 2);
   EXPECT_EQ(lists.At(2).Cx[0], 9);
   changed.Cx[0] = 8;
   EXPECT_EQ(lists.At(2).Cx[0], 9) << "the record is a copy";
+}
+
+TEST(ExperimentLists, SaveToThePlaceShownWhereTwoShareANumber) {
+  ExperimentLists lists = Lists({7, 4, 7});
+  Experiment changed = Numbered(7);
+  changed.Cx[0] = 9;
+  ASSERT_TRUE(SaveExperiment(lists, changed, Coloured(2), 3));
+  EXPECT_EQ(lists.At(1).Cx[0], 7);
+  EXPECT_EQ(lists.At(3).Cx[0], 9);
+  EXPECT_EQ(lists.Display(3).colour, 2);
+  EXPECT_EQ(lists.Count(), 3);
+}
+
+TEST(ExperimentLists, SaveByNumberWhereThePlaceShownHasAnother) {
+  ExperimentLists lists = Lists({7, 4, 7});
+  EXPECT_EQ(PlaceToSave(lists, 4, 3), 2) << "the one that the question was about";
+  EXPECT_EQ(PlaceToSave(lists, 7, 0), 1);
+  EXPECT_EQ(PlaceToSave(lists, 5, 2), 4) << "a number of its own makes it a new experiment";
+  ASSERT_TRUE(SaveExperiment(lists, Numbered(5), Coloured(1), 2));
+  EXPECT_EQ(lists.At(2).number, 4);
+  EXPECT_EQ(lists.At(4).number, 5);
+}
+
+TEST(ExperimentLists, TellWhichNumbersAreRepeated) {
+  EXPECT_FALSE(TellRepeatedNumbers(Lists({1, 2, 3})));
+  const auto told = TellRepeatedNumbers(Lists({12, 4, 3, 12, 4, 4}));
+  ASSERT_TRUE(told);
+  EXPECT_NE(Worded(*told, Language::English).find("experiment: 4, 12. "), std::string::npos);
 }
 
 TEST(ExperimentLists, RefuseWhatIsEmpty) {
