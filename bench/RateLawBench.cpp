@@ -41,9 +41,8 @@ void FitThreeExperiments(benchmark::State& state) {
   settings.EPS = -1;
   std::int32_t calls = 0;
   for (auto _ : state) {
-    Objective objective(problem);
     SearchObserver observer;
-    calls = Search(objective, problem.variables, settings, observer).functionCalls;
+    calls = Search(problem, settings, observer).functionCalls;
   }
   state.counters["evaluations"] = calls;
 }
