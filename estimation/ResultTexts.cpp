@@ -1,6 +1,6 @@
 #include "estimation/ResultTexts.h"
 
-#include "kinetics/Parameters.h"
+#include "kinetics/KineticParameters.h"
 #include "language/FaultWords.h"
 #include "language/Numbers.h"
 

@@ -1,9 +1,11 @@
-// The kinetic parameter vector: what one experiment is simulated from.
+// The kinetic parameter vector: what one experiment is simulated from, and the names of its
+// quantities.
 #pragma once
 
 #include <array>
 #include <cassert>
 #include <cstddef>
+#include <string_view>
 
 namespace velmora {
 
@@ -72,6 +74,89 @@ inline KineticParameters VectorOf(const ConditionsRow& row) {
   for (int position = 1; position <= KineticParameters::kCount; ++position)
     vector[position] = row[position];
   return vector;
+}
+
+/// The names of one position. All texts are UTF-8.
+struct Parameter {
+  At position;
+  std::string_view name;      // on the command line, and in the names of its controls: chkMiMax
+  std::string_view label;     // in results; empty where it is never fitted
+  std::string_view reported;  // in the report
+  std::string_view symbol;    // rich text
+  std::string_view unit;      // empty where it has none
+};
+
+/// By position. The units of Ks and Kip are those that most models give them: see `UnitOf`.
+// clang-format off
+inline constexpr std::array<Parameter, 31> kParameters = {{
+    {At::Cx0,      "Cx0",    "",        "Cx0: ",    "C<sub>x0</sub>",  "g/L"},
+    {At::Cs0,      "Cs0",    "",        "Cs0: ",    "C<sub>s0</sub>",  "g/L"},
+    {At::Cp0,      "Cp0",    "",        "Cp0: ",    "C<sub>p0</sub>",  "g/L"},
+    {At::T,        "T",      "",        "T: ",      "t",               "h"},
+    {At::Yxs,      "Yxs",    "",        "Yxs: ",    "Y<sub>x/s</sub>", "g/g"},
+    {At::alpha,    "Alfa",   "",        "Alfa: ",   "α",               "g/g"},
+    {At::beta,     "Beta",   "",        "Beta: ",   "β",               "g/(g·h)"},
+    {At::muMax,    "MiMax",  "µmáx =",  "Mimax: ",  "µ<sub>max</sub>", "1/h"},
+    {At::Ks,       "Ks",     "Ks =",    "Ks: ",     "K<sub>s</sub>",   "g/L"},
+    {At::Kis,      "Kis",    "Kis =",   "Kis: ",    "K<sub>is</sub>",  "g/L"},
+    {At::Kip,      "Kip",    "Kip =",   "Kp: ",     "K<sub>ip</sub>",  "g/L"},
+    {At::CxAst,    "CxAst",  "Cx* =",   "CxAst: ",  "C<sub>x</sub>*",  "g/L"},
+    {At::CpAst,    "CpAst",  "Cp* =",   "CpAst: ",  "C<sub>p</sub>*",  "g/L"},
+    {At::m,        "m",      "m =",     "m: ",      "m",               ""},
+    {At::n,        "n",      "n =",     "n: ",      "n",               ""},
+    {At::u,        "u",      "u =",     "u: ",      "u",               ""},
+    {At::v,        "v",      "v =",     "v: ",      "v",               ""},
+    {At::C,        "C",      "",        "C: ",      "C",               ""},
+    {At::B,        "B",      "",        "B: ",      "B",               ""},
+    {At::B1,       "B1",     "",        "B1: ",     "B1",              ""},
+    {At::B2,       "B2",     "",        "B2: ",     "B2",              ""},
+    {At::G,        "G",      "",        "G: ",      "G",               ""},
+    {At::H1,       "H1",     "",        "H1: ",     "H1",              ""},
+    {At::ms,       "ms",     "",        "ms: ",     "m<sub>s</sub>",   "g/(g·h)"},
+    {At::Kd,       "Kd",     "",        "Kd: ",     "k<sub>d</sub>",   "1/h"},
+    {At::Kdp,      "Kdp",    "",        "Kdp: ",    "k<sub>dp</sub>",  "1/h"},
+    {At::CsAst2,   "CsAst2", "",        "CsAst2: ", "C<sub>s2</sub>",  "g/L"},
+    {At::CsAst1,   "CsAst1", "",        "CsAst1: ", "C<sub>s1</sub>",  "g/L"},
+    {At::Yps,      "",       "",        "",         "Y<sub>p/s</sub>", "g/g"},
+    {At::Fp,       "",       "",        "",         "F<sub>p</sub>",   ""},
+    {At::YpsTyped, "Yps",    "",        "Yps: ",    "Y<sub>p/s</sub>", "g/g"},
+}};
+// clang-format on
+
+static_assert([] {
+  int position = 0;
+  for (const Parameter& row : kParameters)
+    if (row.position != At{++position}) return false;
+  return true;
+}());
+
+constexpr const Parameter& ParameterAt(At position) {
+  return kParameters[static_cast<std::size_t>(position) - 1];
+}
+
+/// Whether the user enters it; the others follow from model and yields.
+constexpr bool IsEntered(At position) {
+  const bool isSwitch = position >= At::C && position <= At::H1;
+  return !isSwitch && position != At::Yps && position != At::Fp;
+}
+
+/// The ten parameters that may be fitted, in the order of their check boxes, of the
+/// fitted-parameter vector, of the bounds table and of every listing.
+inline constexpr std::array<Parameter, 10> kFittable = {
+    {ParameterAt(At::muMax), ParameterAt(At::Ks), ParameterAt(At::Kis), ParameterAt(At::Kip),
+     ParameterAt(At::CpAst), ParameterAt(At::CxAst), ParameterAt(At::n), ParameterAt(At::m),
+     ParameterAt(At::u), ParameterAt(At::v)}};
+
+/// The index in `kFittable` of the parameter at a position 8..17, or of a name; -1 where none.
+constexpr int FittableIndex(At position) {
+  for (std::size_t i = 0; i < kFittable.size(); ++i)
+    if (kFittable[i].position == position) return static_cast<int>(i);
+  return -1;
+}
+constexpr int FittableIndex(std::string_view name) {
+  for (std::size_t i = 0; i < kFittable.size(); ++i)
+    if (kFittable[i].name == name) return static_cast<int>(i);
+  return -1;
 }
 
 }  // namespace velmora

@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "kinetics/KineticParameters.h"
-#include "kinetics/Parameters.h"
 
 namespace velmora {
 
