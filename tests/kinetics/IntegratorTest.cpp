@@ -75,14 +75,34 @@ TEST(Integrator, StoresNegativeSubstrateAndGoesOnFromZero) {
   EXPECT_NEAR(curve.Cs[2], -0.011, 1e-15);
 }
 
-TEST(Integrator, SwitchesDeathAndProductionByTheStepsFirstSubstrate) {
+TEST(Integrator, SwitchesProductionAndDeathAtTheirOwnLimits) {
   KineticParameters p = Unlimited();
-  p[At::muMax] = 0, p[At::Ks] = 1, p[At::Cx0] = 1, p[At::Cp0] = 0, p[At::T] = 9.9;
-  p[At::beta] = 0.02, p[At::CsAst2] = 100, p[At::Kd] = 0.1, p[At::CsAst1] = 74.999, p[At::Fp] = 0;
+  p[At::muMax] = 0, p[At::Ks] = 1, p[At::Cx0] = 1, p[At::Cp0] = 0, p[At::Fp] = 0, p[At::T] = 9.9;
+  p[At::beta] = 0.02, p[At::Kd] = 0.1;  // Cs stands at 75
+  ModelCurve curve;
+  for (const Law law : {Law::Kernel, Law::General}) {
+    p[27] = 75, p[28] = std::nextafter(75, 0);
+    ASSERT_FALSE(Integrated(p, curve, law));
+    EXPECT_NEAR(curve.Cp.back(), 0.02 * 9.9, 1e-12) << "production at CsAst2";
+    EXPECT_EQ(curve.Cx.back(), 1) << "no death above CsAst1";
+
+    std::swap(p[27], p[28]);
+    ASSERT_FALSE(Integrated(p, curve, law));
+    EXPECT_EQ(curve.Cp.back(), 0) << "no production above CsAst2";
+    // The method's own error: 0.99 (0.1 h)^4 / 120 = 8e-11 of the value.
+    EXPECT_NEAR(curve.Cx.back(), std::exp(-0.99), 4e-11) << "death at CsAst1";
+  }
+}
+
+TEST(Integrator, DecidesTheSwitchesFromTheStepsFirstSubstrate) {
+  KineticParameters p = Unlimited();
+  p[At::muMax] = 0, p[At::Ks] = 1, p[At::Cx0] = 1, p[At::Cp0] = 0, p[At::Fp] = 0, p[At::T] = 99;
+  p[At::Cs0] = 1, p[At::ms] = 0.4, p[At::beta] = 0.02, p[At::CsAst2] = 0.8;
   ModelCurve curve;
   ASSERT_FALSE(Integrated(p, curve));
-  EXPECT_NEAR(curve.Cp.back(), 0.02 * 9.9, 1e-12) << "production from the first step on";
-  EXPECT_EQ(curve.Cx.back(), 1) << "no death above CsAst1";
+  EXPECT_NEAR(curve.Cs[1], 0.6, 1e-15);
+  EXPECT_EQ(curve.Cp[1], 0) << "Cs fell below CsAst2 within the step";
+  EXPECT_NEAR(curve.Cp[2], 0.02, 1e-15);
 }
 
 /// The state at T when the time is cut into `pieces` integrations, each of 99 steps.
@@ -179,6 +199,19 @@ INSTANTIATE_TEST_SUITE_P(
         FaultCase{"ProductQuotientOfZero",
                   "Hoppe",
                   {{At::Kip, -0.1}},
+                  {DivisionByZero, FaultTerm::Hoppe, 0, 1, 0}},
+        // Also where no Levenspiel, Lee or Hoppe term is: the law divides by them all the same.
+        FaultCase{"ProductLimitOfZero",
+                  "Monod",
+                  {{At::CpAst, 0}},
+                  {DivisionByZero, FaultTerm::Levenspiel, 0, 1, 0}},
+        FaultCase{"CellLimitOfZero",
+                  "Monod",
+                  {{At::CxAst, 0}},
+                  {DivisionByZero, FaultTerm::Lee, 0, 1, 0}},
+        FaultCase{"UnusedProductQuotientOfZero",
+                  "Aiba",
+                  {{At::Kip, -1.125}, {At::Cp0, 0.125}},
                   {DivisionByZero, FaultTerm::Hoppe, 0, 1, 0}},
         // Each step multiplies Cx by (1e13)^4/24; the seventh would reach 10^354.
         FaultCase{"ExplodingGrowth",

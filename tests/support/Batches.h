@@ -52,4 +52,12 @@ inline FitProblem SampledBatches(std::string_view model, std::initializer_list<d
   return problem;
 }
 
+/// Two batches of Andrews-Levenspiel with three of its parameters fitted: muMax 0.3, Ks 8 and n 1.3
+/// made the data.
+inline FitProblem TwoBatches() {
+  FitProblem problem = SampledBatches("Andrews-Levenspiel", {40, 80});
+  problem.variables = {{At::muMax, 0.05, 1, 0.2}, {At::Ks, 1, 30, 10}, {At::n, 0.3, 3, 1}};
+  return problem;
+}
+
 }  // namespace velmora::test

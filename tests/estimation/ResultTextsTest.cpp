@@ -1,0 +1,32 @@
+#include <gtest/gtest.h>
+
+#include "estimation/ResultTexts.h"
+#include "tests/support/Batches.h"
+
+namespace velmora {
+namespace {
+
+TEST(ResultTexts, StandToTheCharacter) {
+  const FitProblem problem = test::TwoBatches();
+  const std::vector<double> best{0.179, 11.37, 1.5};
+  EXPECT_EQ(ProgressText(problem.variables, {1, best, 0.125, 200, 60}, {Language::Portuguese, ','}),
+            "**********Parâmetros estimados**********\n"
+            "µmáx = 0,179\nKs = 11,37\nn = 1,50\n"
+            "Soma do quadrado dos erros = 0,125\n"
+            "Erro quadrático = 0,0020833333333333333\n"
+            "Total de funções chamadas = 200\n"
+            "-----------------------------------------------------\n");
+  SearchResult result;
+  result.end = SearchEnd::GenerationLimit, result.best = best, result.score = 0.125;
+  Deviations deviations;
+  deviations.values = {0.01, 2, 0.00000000000004}, deviations.observations = 50;
+  EXPECT_EQ(FinalText(problem, result, deviations, {}),
+            "**********Estimated parameters with deviation**********\n"
+            "µmáx = 0.179 +/- 0.01\nKs = 11.37 +/- 2.00\nn = 1.50 +/- 0.00\n"
+            "Sum of squared errors = 0.125\nSquare error = 0.0025\n"
+            "Did not converge. Reducing the parameter EPS or increasing ITER or both,\n"
+            "increase parameters population size, crossover probability or scale parameter.\n");
+}
+
+}  // namespace
+}  // namespace velmora
