@@ -13,7 +13,7 @@
 namespace velmora {
 namespace {
 
-constexpr double kHalf = 0.5;
+constexpr double kHalf = 0.5;  // of the centred difference, and of the population kept
 // Of a Gaussian mutation, and of an exponential crossover.
 constexpr double kSecondFormProbability = 0.1;
 constexpr double kReinitialiseProbability = 0.9;  // in a generation that ends a cycle
@@ -38,11 +38,12 @@ int Members(double NPOP) {
 /// One search: the population table and the best vector found.
 class Evolution {
  public:
-  Evolution(const FitProblem& problem, const EstimationSettings& settings, Objective::Room room)
+  Evolution(const FitProblem& problem, const EstimationSettings& settings,
+            Objective::Workspace workspace)
       : objective_(problem),
         variables_(problem.variables),
         settings_(settings),
-        room_(std::move(room)),
+        workspace_(std::move(workspace)),
         random_(settings.IU),
         members_(Members(settings.NPOP)),
         population_(static_cast<std::size_t>(members_) * variables_.size()),
@@ -85,7 +86,7 @@ class Evolution {
   const Objective objective_;
   const std::vector<FitVariable> variables_;
   const EstimationSettings settings_;
-  Objective::Room room_;
+  Objective::Workspace workspace_;
   UniformGenerator random_;
   int members_;
   std::vector<double> population_;  // row = member, column = fitted parameter
@@ -160,7 +161,7 @@ void Evolution::ScoreMembers(int first, int last) {
     const int count = std::min(kScoredTogether, last - block + 1);
     for (int i = block; i < block + count; ++i) RepairBounds(Member(i));
     objective_.Score(MembersFrom(block, count),
-                     std::span(scores).first(static_cast<std::size_t>(count)), room_);
+                     std::span(scores).first(static_cast<std::size_t>(count)), workspace_);
     for (int i = block; i < block + count; ++i) {
       const CandidateScore& scored = scores[static_cast<std::size_t>(i - block)];
       CountCall();
@@ -171,9 +172,10 @@ void Evolution::ScoreMembers(int first, int last) {
   }
 }
 
+/// Every generation draws whether to, though only the last of a cycle acts on it.
 void Evolution::ReinitialisePartly() {
-  const bool drawn = random_.Draw() <= kReinitialiseProbability;
-  const int kept = drawn ? static_cast<int>(settings_.NPOP * kHalf) : members_;
+  const bool reinitialises = random_.Draw() <= kReinitialiseProbability;
+  const int kept = reinitialises ? static_cast<int>(settings_.NPOP * kHalf) : members_;
   cycle_ = (cycle_ + 1) % kReinitialiseCycle;
   if (cycle_ != 0) return;
   for (int i = kept + 1; i <= members_; ++i) DrawMember(i);
@@ -255,7 +257,7 @@ void Evolution::RepairBounds(std::span<double> x) {
 double Evolution::EvaluateCandidate(std::span<double> x) {
   RepairBounds(x);
   CandidateScore scored;
-  objective_.Score(x, std::span(&scored, 1), room_);
+  objective_.Score(x, std::span(&scored, 1), workspace_);
   if (scored.fault) throw *scored.fault;
   return scored.score;
 }
@@ -280,10 +282,10 @@ bool BoundsAreOrdered(std::span<const FitVariable> variables) {
 }
 
 SearchResult Search(const FitProblem& problem, EstimationSettings settings,
-                    SearchObserver& observer, Objective::Room room) {
+                    SearchObserver& observer, Objective::Workspace workspace) {
   assert(settings.NPOP >= 10);
   if (!BoundsAreOrdered(problem.variables)) return {};
-  return Evolution(problem, settings, std::move(room)).Run(observer);
+  return Evolution(problem, settings, std::move(workspace)).Run(observer);
 }
 
 }  // namespace velmora

@@ -69,10 +69,12 @@ bool BoundsAreOrdered(std::span<const FitVariable> variables);
 /// Every 50th generation, with probability 0.9, the members in the upper half of the population's
 /// places are replaced by random vectors; these are scored at once.
 ///
-/// All that the search simulates is counted in `room`, where the caller may have begun the count.
-/// Settings must have passed `CheckSettings`; throws std::bad_alloc where there is no room for NPOP
-/// members.
+/// All that the search simulates is counted in `workspace`, whose count may have begun before: the
+/// evaluation that no longer fits ends the search with a fault. Settings must have passed
+/// `CheckSettings`, and neither they nor the problem are read again once the search has begun;
+/// throws std::bad_alloc where no memory holds NPOP members.
 SearchResult Search(const FitProblem& problem, EstimationSettings settings,
-                    SearchObserver& observer, Objective::Room room = Objective::Room());
+                    SearchObserver& observer,
+                    Objective::Workspace workspace = Objective::Workspace());
 
 }  // namespace velmora

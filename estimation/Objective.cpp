@@ -126,26 +126,27 @@ int Objective::Observations() const {
   return static_cast<int>(values);
 }
 
-void Objective::Integrate(std::span<const double> x, const Measured& experiment, Room& room) const {
-  room.parameters_ = experiment.parameters;
-  for (std::size_t i = 0; i < x.size(); ++i) room.parameters_[variables_[i].position] = x[i];
-  room.integrator_.Integrate(room.parameters_, room.curve_);
+void Objective::Integrate(std::span<const double> x, const Measured& experiment,
+                          Workspace& workspace) const {
+  workspace.parameters_ = experiment.parameters;
+  for (std::size_t i = 0; i < x.size(); ++i) workspace.parameters_[variables_[i].position] = x[i];
+  workspace.integrator_.Integrate(workspace.parameters_, workspace.curve_);
 }
 
 /// Hands each experiment's curve to `visitor`, then the model's values at each measured point with
 /// the squared normalised errors. Returns the sum of the errors, to which an experiment's last
 /// point adds nothing: it is simulated and reported all the same.
 template <class Visitor>
-double Objective::SumOverExperiments(std::span<const double> x, Room& room,
+double Objective::SumOverExperiments(std::span<const double> x, Workspace& workspace,
                                      Visitor&& visitor) const {
   double sum = 0;
   for (std::size_t e = 0; e < experiments_.size(); ++e) {
     const auto& [time, normalised, scale, parameters] = experiments_[e];
     try {
-      Integrate(x, experiments_[e], room);
-      visitor.Curve(e, room.curve_);
+      Integrate(x, experiments_[e], workspace);
+      visitor.Curve(e, workspace.curve_);
       InterpolateModelAtMeasurements(
-          room.curve_, time, [&](std::size_t k, const PerVariable<double>& model) {
+          workspace.curve_, time, [&](std::size_t k, const PerVariable<double>& model) {
             const PerVariable<double> errors{Square(normalised.Cx[k] - model.Cx / scale.Cx),
                                              Square(normalised.Cs[k] - model.Cs / scale.Cs),
                                              Square(normalised.Cp[k] - model.Cp / scale.Cp)};
@@ -162,19 +163,19 @@ double Objective::SumOverExperiments(std::span<const double> x, Room& room,
   return sum;
 }
 
-double Objective::ScoreOf(std::span<const double> x, Room& room) const {
+double Objective::ScoreOf(std::span<const double> x, Workspace& workspace) const {
   double score = 0;
   for (int pass = 0; pass < kScoringPasses; ++pass)
-    score = SumOverExperiments(x, room, ScoreOnly{});
+    score = SumOverExperiments(x, workspace, ScoreOnly{});
   return score;
 }
 
 void Objective::Score(std::span<const double> candidates, std::span<CandidateScore> scores,
-                      Room& room) const {
+                      Workspace& workspace) const {
   const std::size_t size = variables_.size();
   for (std::size_t i = 0; i < scores.size(); ++i) {
     try {
-      scores[i] = {ScoreOf(candidates.subspan(i * size, size), room), std::nullopt};
+      scores[i] = {ScoreOf(candidates.subspan(i * size, size), workspace), std::nullopt};
     } catch (const ArithmeticFault& fault) {
       scores[i] = {0, fault};
     }
@@ -182,10 +183,10 @@ void Objective::Score(std::span<const double> candidates, std::span<CandidateSco
 }
 
 SimulatedFit Objective::Simulate(std::span<const double> x) const {
-  Room room;
+  Workspace workspace;
   SimulatedFit fit;
   fit.experiments.resize(experiments_.size());
-  fit.score = SumOverExperiments(x, room, Recording{fit.experiments});
+  fit.score = SumOverExperiments(x, workspace, Recording{fit.experiments});
   return fit;
 }
 

@@ -48,12 +48,12 @@ struct SimulatedFit {
 /// Scores candidates against all experiments at once. It does not change once it is made.
 class Objective {
  public:
-  /// The room in which candidates are scored, taken once, and the count of the rate evaluations
-  /// made in it: more than 2,147,483,647 are a fault.
-  class Room {
+  /// The memory in which candidates are scored, taken once, and the count of the rate evaluations
+  /// made in it: one past 2,147,483,647 is a fault of term `EvaluationCounter`.
+  class Workspace {
    public:
     /// Begins with a count of `evaluations`.
-    explicit Room(std::int32_t evaluations = 0) { integrator_.SetEvaluations(evaluations); }
+    explicit Workspace(std::int32_t evaluations = 0) { integrator_.SetEvaluations(evaluations); }
 
    private:
     friend class Objective;
@@ -75,11 +75,11 @@ class Objective {
   /// The count of measured values of the three variables at all points.
   int Observations() const;
 
-  /// Scores as many candidates as `scores` has room for; candidate i is row i of `candidates`, with
-  /// one component for each fitted parameter, and is scored as it stands. A fault ends its own
+  /// Scores as many candidates as `scores` is long; candidate i is row i of `candidates`, with one
+  /// component for each fitted parameter, and is scored as it stands. A fault ends its own
   /// candidate alone and names the experiment's place. Allocates nothing.
   void Score(std::span<const double> candidates, std::span<CandidateScore> scores,
-             Room& room) const;
+             Workspace& workspace) const;
 
   /// Simulates every experiment with candidate `x`; throws an `ArithmeticFault` with the
   /// experiment's place. An empty `x` leaves the problem's rows as they are. Counts its own rate
@@ -95,10 +95,11 @@ class Objective {
   };
 
   PerVariable<double> Scales(const Experiment& experiment);
-  double ScoreOf(std::span<const double> x, Room& room) const;
-  void Integrate(std::span<const double> x, const Measured& experiment, Room& room) const;
+  double ScoreOf(std::span<const double> x, Workspace& workspace) const;
+  void Integrate(std::span<const double> x, const Measured& experiment, Workspace& workspace) const;
   template <class Visitor>
-  double SumOverExperiments(std::span<const double> x, Room& room, Visitor&& visitor) const;
+  double SumOverExperiments(std::span<const double> x, Workspace& workspace,
+                            Visitor&& visitor) const;
 
   std::vector<Measured> experiments_;
   std::vector<FitVariable> variables_;

@@ -219,9 +219,9 @@ void Runge_Kutta::Integrate(const KineticParameters& parameters, ModelCurve& cur
   point_ = 1;
   stage_ = 0;
   try {
+    // An initial state that the law cannot take faults here, at point 1.
     State initial{curve.Cx[0], curve.Cs[0], curve.Cp[0]};
-    GeneralGrowthRate(
-        initial);  // an initial state that the law cannot take faults here, at point 1
+    GeneralGrowthRate(initial);
     const bool counts = laws_.Evaluations() <=
                         std::numeric_limits<std::int32_t>::max() - kEvaluationsPerIntegration;
     const bool kernels = law == Law::Kernel && counts && Tame(parameters);

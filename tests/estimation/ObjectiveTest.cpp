@@ -74,8 +74,8 @@ TEST(Objective, ScoresManyCandidatesEachOnItsOwn) {
   const Objective objective(problem);
   const std::vector<double> candidates{0.3, 0.1, 0, 0.1, 0.3, 0.2};  // Yxs = 0 divides by zero
   std::array<CandidateScore, 3> scores;
-  Objective::Room room;
-  objective.Score(candidates, scores, room);
+  Objective::Workspace workspace;
+  objective.Score(candidates, scores, workspace);
   EXPECT_EQ(scores[0].score, Objective(TwoExperiments()).Simulate({}).score);
   ASSERT_TRUE(scores[1].fault);
   EXPECT_EQ(scores[1].fault->place, 1);

@@ -214,18 +214,19 @@ TEST(Search, KeepsTheBestOfAPopulationThatFaults) {
               "\nOs melhores valores encontrados antes disso são os da população inicial.\n"));
 }
 
-/// Room for the rate evaluations of so many candidates of `test::TwoBatches`, and some more.
-Objective::Room RoomFor(int candidates, int more) {
-  return Objective::Room(std::numeric_limits<std::int32_t>::max() - candidates * 2 * 1585 - more);
+/// What counts the rate evaluations of so many candidates of `test::TwoBatches`, and some more.
+Objective::Workspace CounterFor(int candidates, int more) {
+  return Objective::Workspace(std::numeric_limits<std::int32_t>::max() - candidates * 2 * 1585 -
+                              more);
 }
 
 TEST(Search, EndsExactlyWhereTheCounterOfEvaluationsIsFull) {
   const FitProblem problem = test::TwoBatches();
   constexpr int kScored = 1 + 10 + 3 * 10;  // the start, ten members, three generations
   Recorder whole, cut;
-  EXPECT_EQ(Search(problem, Unstopped(10, 3), whole, RoomFor(kScored, 0)).end,
+  EXPECT_EQ(Search(problem, Unstopped(10, 3), whole, CounterFor(kScored, 0)).end,
             SearchEnd::GenerationLimit);
-  const SearchResult result = Search(problem, Unstopped(10, 3), cut, RoomFor(kScored, -1));
+  const SearchResult result = Search(problem, Unstopped(10, 3), cut, CounterFor(kScored, -1));
   EXPECT_EQ(result.end, SearchEnd::Fault);
   EXPECT_EQ(result.fault,
             (ArithmeticFault{FaultKind::Overflow, FaultTerm::EvaluationCounter, 2, 100, 4}));
@@ -236,7 +237,7 @@ TEST(Search, KeepsItsBestWhereTheCounterIsFull) {
   const FitProblem problem = test::TwoBatches();
   Recorder stopping(2), cut;
   const SearchResult stopped = Search(problem, Unstopped(10, 5), stopping);
-  const SearchResult full = Search(problem, Unstopped(10, 5), cut, RoomFor(1 + 10 + 2 * 10, 0));
+  const SearchResult full = Search(problem, Unstopped(10, 5), cut, CounterFor(1 + 10 + 2 * 10, 0));
   ASSERT_EQ(full.end, SearchEnd::Fault);
   EXPECT_EQ(full.fault->term, FaultTerm::EvaluationCounter);
   EXPECT_EQ(full.best, stopped.best);
@@ -255,7 +256,7 @@ TEST(Search, KeepsItsBestWhereTheCounterIsFull) {
 
 TEST(Search, HasNoResultWhereTheCounterIsFullAtItsStart) {
   Recorder recorder;
-  const SearchResult result = Search(test::TwoBatches(), {}, recorder, RoomFor(0, 0));
+  const SearchResult result = Search(test::TwoBatches(), {}, recorder, CounterFor(0, 0));
   EXPECT_EQ(result.end, SearchEnd::Fault);
   EXPECT_FALSE(result.HasResult());
 }
