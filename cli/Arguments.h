@@ -4,14 +4,7 @@
 #include <string>
 #include <variant>
 
-#include "cli/CheckCommand.h"
-#include "cli/ConditionsCommand.h"
-#include "cli/FitCommand.h"
-#include "cli/ImportCommand.h"
-#include "cli/ModelsCommand.h"
-#include "cli/ScoreCommand.h"
-#include "cli/SimulateCommand.h"
-#include "language/Texts.h"
+#include "cli/Commands.h"
 
 namespace velmora::cli {
 

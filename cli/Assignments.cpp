@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 
-#include "cli/Columns.h"
-#include "cli/Failure.h"
 #include "kinetics/Modelos.h"
 #include "language/Numbers.h"
 

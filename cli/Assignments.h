@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "cli/Wording.h"
+#include "cli/Console.h"
 #include "estimation/FitProblem.h"
 #include "kinetics/KineticParameters.h"
 

@@ -1,10 +1,8 @@
-#include "cli/ConditionsCommand.h"
-
+// velmora-cli conditions: a conditions file by the rules of the cultivation window.
 #include <algorithm>
 
 #include "cli/Assignments.h"
-#include "cli/ImportCommand.h"
-#include "cli/Inputs.h"
+#include "cli/Commands.h"
 #include "cultivation/ConditionsEntry.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/ConditionsSetUp.h"

@@ -1,13 +1,24 @@
 #include "cli/Console.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <string>
-
-#include "cli/Failure.h"
 
 namespace velmora::cli {
+namespace {
+
+std::string Blanks(std::string_view text, std::size_t width) {
+  const auto letters = static_cast<std::size_t>(std::count_if(
+      text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) >> 6) != 2; }));
+  return std::string(width > letters ? width - letters : 0, ' ');
+}
+
+}  // namespace
+
+std::string Wording::Of(const FileFault& fault) const {
+  return PlaceInFile(fault.path, fault.line) + OnOneLine(FaultReason(fault, language_));
+}
 
 void Console::Print(std::string_view text) const {
   errno = 0;
@@ -22,6 +33,25 @@ void Console::Complain(std::string_view line) const {
 
 void Console::Note(std::string_view text) const {
   std::fwrite(text.data(), 1, text.size(), stderr);
+}
+
+std::string PlaceInFile(const std::string& path, int line) {
+  std::string place = path + ":";
+  if (line > 0) place.append(std::to_string(line)).append(":");
+  return place + " ";
+}
+
+std::string Left(std::string_view text, std::size_t width) {
+  return std::string(text) + Blanks(text, width);
+}
+
+std::string Right(std::string_view text, std::size_t width) {
+  return Blanks(text, width) + std::string(text);
+}
+
+void Join(std::string& list, std::string_view item, std::string_view separator) {
+  if (!list.empty()) list += separator;
+  list += item;
 }
 
 }  // namespace velmora::cli

@@ -1,12 +1,55 @@
-// Standard output and standard error of a command.
+// What a command says, in one language and in columns, and how it ends.
 #pragma once
 
+#include <cstddef>
+#include <initializer_list>
+#include <string>
 #include <string_view>
 
-#include "cli/Wording.h"
+#include "data/FileFault.h"
+#include "language/Message.h"
+#include "language/Texts.h"
 
 namespace velmora::cli {
 
+enum class ExitCode : int {
+  Done = 0,
+  Refused = 1,     // by a rule, whose text is printed
+  Usage = 2,       // the command line makes no sense
+  File = 3,        // a file, or the output, cannot be read or written
+  Arithmetic = 4,  // the simulation or the deviations met an arithmetic fault
+  Stopped = 130,   // by Ctrl-C
+};
+
+/// Thrown where a command cannot go on: what it exits with and the one line to say so, worded in
+/// the user's language.
+struct Failure {
+  ExitCode code;
+  std::string line;
+};
+
+/// Words what is to be said in one language, UTF-8.
+class Wording {
+ public:
+  explicit Wording(Language language) : language_(language) {}
+  Language In() const { return language_; }
+
+  /// The text with {1}, {2}, ... replaced by the arguments.
+  std::string operator()(TextId text,
+                         std::initializer_list<std::string_view> arguments = {}) const {
+    return Filled(text, language_, arguments);
+  }
+
+  /// A rule's text on one line.
+  std::string Of(const Message& message) const { return OnOneLine(Worded(message, language_)); }
+  /// "FILE:LINE: what is wrong and what to do".
+  std::string Of(const FileFault& fault) const;
+
+ private:
+  Language language_;
+};
+
+/// Standard output and standard error.
 class Console {
  public:
   explicit Console(Language language) : say(language) {}
@@ -20,5 +63,15 @@ class Console {
 
   const Wording say;
 };
+
+/// "PATH:LINE: ", or "PATH: " where `line` is 0.
+std::string PlaceInFile(const std::string& path, int line);
+
+/// `text` (UTF-8) with blanks to `width` letters: behind it, or in front of it.
+std::string Left(std::string_view text, std::size_t width);
+std::string Right(std::string_view text, std::size_t width);
+
+/// Appends `item` to a list, behind `separator` unless it is the first.
+void Join(std::string& list, std::string_view item, std::string_view separator);
 
 }  // namespace velmora::cli

@@ -1,14 +1,13 @@
-#include "cli/FitCommand.h"
-
+// velmora-cli fit: the search, its results and its report.
 #include <unistd.h>
 
 #include <new>
 #include <stdexcept>
 
 #include "cli/Assignments.h"
+#include "cli/Commands.h"
 #include "cli/FitProgress.h"
 #include "cli/Json.h"
-#include "cli/Normalisation.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
@@ -20,14 +19,6 @@
 
 namespace velmora::cli {
 namespace {
-
-/// A fit that has ended, with all that its results are printed from.
-struct Fit {
-  const Inputs& inputs;
-  const FitProblem& problem;
-  const SearchResult& result;
-  const Deviations& deviations;
-};
 
 EstimationSettings SettingsOf(const FitOptions& options, const Wording& say) {
   const EstimationSettings defaults;
@@ -90,44 +81,7 @@ SearchResult SearchOrFail(const FitProblem& problem, const EstimationSettings& s
   return result;
 }
 
-std::string_view NameOf(SearchEnd end) {
-  if (end == SearchEnd::Converged) return "converged";
-  if (end == SearchEnd::Fault) return "fault";
-  return end == SearchEnd::Stopped ? "stopped" : "generation limit";
-}
-
-std::string ParameterJson(const Fit& fit, std::size_t j) {
-  const FitVariable& variable = fit.problem.variables[j];
-  const Parameter& parameter = ParameterAt(variable.position);
-  const bool known = !fit.deviations.fault;
-  return json::Object({{"name", json::Text(parameter.name)},
-                       {"label", json::Text(parameter.label)},
-                       {"position", json::Number(static_cast<int>(variable.position))},
-                       {"start", json::Number(variable.start)},
-                       {"lower", json::Number(variable.lower)},
-                       {"upper", json::Number(variable.upper)},
-                       {"value", json::Number(fit.result.best[j])},
-                       {"deviation", known ? json::Number(fit.deviations.values[j]) : "null"}});
-}
-
-std::string JsonOf(const Fit& fit) {
-  std::vector<std::string> parameters;
-  for (std::size_t j = 0; j < fit.problem.variables.size(); ++j)
-    parameters.push_back(ParameterJson(fit, j));
-  const int observations = fit.deviations.observations;
-  return json::Object({{"parameters", json::Array(parameters)},
-                       {"startScore", json::Number(fit.result.startScore)},
-                       {"sumOfSquaredErrors", json::Number(fit.result.score)},
-                       {"squareError", json::Number(SquareError(fit.result.score, observations))},
-                       {"functionCalls", json::Number(fit.result.functionCalls)},
-                       {"generations", json::Number(fit.result.generations)},
-                       {"outcome", json::Text(NameOf(fit.result.end))},
-                       {"observations", json::Number(observations)},
-                       {"degreesOfFreedom", json::Number(fit.deviations.degreesOfFreedom)}}) +
-         "\n";
-}
-
-std::string TextOf(const Fit& fit, const Wording& say) {
+std::string TextOf(const EndedFit& fit, const Wording& say) {
   std::string text;
   const std::string model = ModelNames(fit.inputs.conditions.At(1), fit.inputs.conditions.fitted);
   if (!model.empty()) text += say(TextId::ModelHeading) + ": " + model + "\n";
@@ -139,7 +93,7 @@ std::string TextOf(const Fit& fit, const Wording& say) {
   return text + FinalText(fit.problem, fit.result, fit.deviations, {say.In(), '.'});
 }
 
-std::vector<ReportPicture> PicturesOf(const Fit& fit, const Console& console) {
+std::vector<ReportPicture> PicturesOf(const EndedFit& fit, const Console& console) {
   try {
     const SimulatedFit best = Objective(fit.problem).Simulate(fit.result.best);
     return ChartPictures(fit.inputs.lists, best.Curves());
@@ -149,7 +103,7 @@ std::vector<ReportPicture> PicturesOf(const Fit& fit, const Console& console) {
   }
 }
 
-std::optional<FileFault> WriteReport(const Fit& fit, const std::string& path,
+std::optional<FileFault> WriteReport(const EndedFit& fit, const std::string& path,
                                      const Console& console) {
   ReportContent report = ReportOf(fit.problem, fit.inputs.conditions, fit.result, fit.deviations,
                                   {console.say.In(), '.'});
@@ -157,7 +111,7 @@ std::optional<FileFault> WriteReport(const Fit& fit, const std::string& path,
   return SaveReport(report, path);
 }
 
-ExitCode CodeOf(const Fit& fit) {
+ExitCode CodeOf(const EndedFit& fit) {
   if (fit.result.end == SearchEnd::Stopped) return ExitCode::Stopped;
   return fit.result.fault || fit.deviations.fault ? ExitCode::Arithmetic : ExitCode::Done;
 }
@@ -177,7 +131,7 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   const Deviations deviations = ComputeDeviations(problem, result.best);
   if (deviations.fault) console.Complain(console.say.Of(InversionMessage()));
 
-  const Fit fit{inputs, problem, result, deviations};
+  const EndedFit fit{inputs, problem, result, deviations};
   // A long search is not lost where only one of its two outputs can be written.
   std::optional<FileFault> unsaved;
   if (options.report) unsaved = WriteReport(fit, *options.report, console);

@@ -11,7 +11,30 @@ constexpr Decimals kOne{1, 1};
 constexpr Decimals kEight{8, 8};
 constexpr std::string_view kEraseLine = "\r\033[K";
 
+// A signal handler has nothing else to write to.
+volatile std::sig_atomic_t interrupted = 0;
+
+extern "C" void NoteInterrupt(int) {
+  interrupted = 1;
+}
+
 }  // namespace
+
+Interrupt::Interrupt() : before_{} {
+  interrupted = 0;
+  struct sigaction noting = {};
+  noting.sa_handler = NoteInterrupt;
+  noting.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
+  sigaction(SIGINT, &noting, &before_);
+}
+
+Interrupt::~Interrupt() {
+  sigaction(SIGINT, &before_, nullptr);
+}
+
+bool Interrupt::Requested() const {
+  return interrupted != 0;
+}
 
 void FitProgress::Report(const Generation& generation) {
   const TextStyle style{console_.say.In(), '.'};

@@ -5,14 +5,15 @@
 #include <system_error>
 #include <utility>
 
-#include "cli/Columns.h"
-#include "cli/Failure.h"
-#include "cli/FileKind.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/FitSetUp.h"
 #include "cultivation/OpenedConditions.h"
 #include "data/ExperimentFile.h"
+#include "data/FileText.h"
+#include "data/SafeSave.h"
+#include "estimation/Objective.h"
+#include "estimation/ResultTexts.h"
 #include "kinetics/ModelCurves.h"
 #include "language/FaultWords.h"
 #include "language/Numbers.h"
@@ -21,6 +22,31 @@ namespace velmora::cli {
 namespace {
 
 constexpr std::string_view kBetween = ", ";
+
+/// Line `number` (from 1) of a text, whose lines end in CR LF, LF or CR, without leading blanks.
+std::string LineOf(std::string_view text, int number) {
+  std::string_view rest = text;
+  std::string_view line;
+  for (int i = 1; i <= number; ++i) {
+    line = rest.substr(0, rest.find_first_of("\r\n"));
+    rest.remove_prefix(line.size());
+    if (!rest.empty()) rest.remove_prefix(rest.starts_with("\r\n") ? 2 : 1);
+  }
+  line.remove_prefix(std::min(line.find_first_not_of(' '), line.size()));
+  return std::string(line);
+}
+
+/// The file's bytes. Throws a `Failure` (File) where it cannot be read, or is the other kind.
+std::string LoadBytes(const std::string& path, FileKind wanted, const Wording& say) {
+  FileBytes file = ReadWholeFile(path);
+  if (file.fault) throw Failure{ExitCode::File, say.Of(*file.fault)};
+  const FileKind kind = KindOf(file.bytes);
+  if (kind != wanted && kind != FileKind::Unknown)
+    throw Failure{ExitCode::File, PlaceInFile(path, 2) + say(wanted == FileKind::Experiments
+                                                                 ? TextId::ExperimentsWanted
+                                                                 : TextId::ConditionsWanted)};
+  return std::move(file.bytes);
+}
 
 CultivationConditions LoadConditions(const std::string& path, const Wording& say) {
   ConditionsRead read = ReadConditionsBytes(LoadBytes(path, FileKind::Conditions, say), path);
@@ -38,6 +64,18 @@ void ReplaceModel(const Model& model, CultivationConditions& conditions) {
 }
 
 }  // namespace
+
+FileKind KindOf(std::string_view bytes) {
+  const std::string title = LineOf(DecodeFile(bytes).text, 2);
+  if (title == kExperimentsTitle) return FileKind::Experiments;
+  // Many an editor writes UTF-8 without a mark.
+  const bool conditions = title == kConditionsTitle || LineOf(bytes, 2) == kConditionsTitle;
+  return conditions ? FileKind::Conditions : FileKind::Unknown;
+}
+
+bool HasBatchLine(std::string_view bytes) {
+  return LineOf(DecodeFile(bytes).text, 3) == kBatchLine;
+}
 
 ExperimentLists LoadExperiments(const std::string& path, const Wording& say) {
   ExperimentLists lists;
@@ -97,6 +135,18 @@ void RequireOtherFile(const std::string& input, const std::string& output, const
   std::error_code absent;
   if (std::filesystem::equivalent(input, output, absent))
     throw Failure{ExitCode::Usage, say(TextId::SameFile, {output})};
+}
+
+void WarnOfUnscaled(const ExperimentLists& lists, const Console& console) {
+  for (int place = 1; place <= lists.Count(); ++place) {
+    const Experiment& experiment = lists.At(place);
+    using Named = std::pair<const char*, const std::vector<double>*>;
+    for (const auto& [name, values] :
+         {Named{"Cx", &experiment.Cx}, Named{"Cs", &experiment.Cs}, Named{"Cp", &experiment.Cp}})
+      if (Objective::NormalisationScale(*values) == 0)
+        console.Complain(std::string(kNotNormalised) +
+                         console.say(TextId::UnscaledAt, {std::to_string(place), name}));
+  }
 }
 
 std::string Describe(const ArithmeticFault& fault, const Inputs& inputs, const Wording& say) {

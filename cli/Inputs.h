@@ -3,8 +3,10 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
+#include <vector>
 
-#include "cli/Wording.h"
+#include "cli/Console.h"
 #include "cultivation/CultivationConditions.h"
 #include "data/ExperimentLists.h"
 #include "kinetics/ArithmeticFault.h"
@@ -27,18 +29,27 @@ struct Inputs {
   int Count() const { return lists.Count(); }
 };
 
+/// Which of the program's two files a text is; their readers do not look at the titles.
+enum class FileKind { Experiments, Conditions, Unknown };
+
+/// By the second line of a file's bytes.
+FileKind KindOf(std::string_view bytes);
+
+/// Whether the third line is "Batelada", without which a conditions file reads as no experiments.
+bool HasBatchLine(std::string_view bytes);
+
 /// The experiments of a file; throws a `Failure` (File) where it cannot be read.
 ExperimentLists LoadExperiments(const std::string& path, const Wording& say);
+
+/// Reads both files and puts the switches of the named model, if any, into every row. A fitted
+/// parameter that it does not use is refused.
+Inputs LoadInputs(const InputOptions& options, const Wording& say);
 
 /// The model with this name; throws a `Failure` (Usage) where there is none.
 const Model& ModelNamed(const std::string& name, const Wording& say);
 
 /// Throws a `Failure` (Refused) where the model does not use the fittable parameter at `position`.
 void RequireUse(const Model& model, At position, const Wording& say);
-
-/// Reads both files and puts the switches of the named model, if any, into every row. A fitted
-/// parameter that it does not use is refused.
-Inputs LoadInputs(const InputOptions& options, const Wording& say);
 
 /// Throws a `Failure` (Refused) where experiments and conditions do not make up one cultivation.
 void RequireCultivation(const Inputs& inputs, const Wording& say);
@@ -47,6 +58,10 @@ void RequireRoom(int experiments, const Wording& say);
 
 /// Throws a `Failure` (Usage) where `output` is the file `input`.
 void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say);
+
+/// Says once for each measured variable without a positive value that its data could not be
+/// normalised, and where it is.
+void WarnOfUnscaled(const ExperimentLists& lists, const Console& console);
 
 /// What happened, in which experiment and when.
 std::string Describe(const ArithmeticFault& fault, const Inputs& inputs, const Wording& say);

@@ -1,53 +1,95 @@
+// The only unit that includes the JSON library, which takes seconds to compile.
 #include "cli/Json.h"
 
-#include "cli/Columns.h"
+#include <nlohmann/json.hpp>
+
+#include "estimation/ResultTexts.h"
+#include "kinetics/Parameters.h"
 #include "language/Numbers.h"
 
-namespace velmora::cli::json {
+namespace velmora::cli {
 namespace {
 
-std::string Escaped(char c) {
-  constexpr std::string_view kHex = "0123456789abcdef";
-  const auto code = static_cast<unsigned char>(c);
-  if (c == '"' || c == '\\') return {'\\', c};
-  if (code < 0x20) return {'\\', 'u', '0', '0', kHex[code >> 4], kHex[code & 15]};
-  return {c};
+using Json = nlohmann::ordered_json;
+
+/// The library writes 5 as 5.0 and not every number in its shortest form: numbers are written here.
+void Append(const Json& value, std::string& text) {
+  if (value.is_number()) return void(text += ShortestText(value.get<double>()));
+  if (value.is_primitive()) return void(text += value.dump());
+  const char* separator = "";
+  text += value.is_array() ? '[' : '{';
+  for (const auto& [name, member] : value.items()) {
+    text += separator;
+    if (value.is_object()) text += Json(name).dump() + ":";
+    Append(member, text);
+    separator = ",";
+  }
+  text += value.is_array() ? ']' : '}';
 }
 
-std::string Wrapped(char open, std::string_view members, char close) {
-  std::string text(1, open);
-  text += members;
-  return text += close;
+std::string LineOf(const Json& value) {
+  std::string text;
+  Append(value, text);
+  return text + "\n";
+}
+
+Json ParameterOf(const EndedFit& fit, std::size_t j) {
+  const auto& [position, lower, upper, start] = fit.problem.variables[j];
+  const Parameter& parameter = ParameterAt(position);
+  return {{"name", parameter.name},
+          {"label", parameter.label},
+          {"position", static_cast<int>(position)},
+          {"start", start},
+          {"lower", lower},
+          {"upper", upper},
+          {"value", fit.result.best[j]},
+          {"deviation", fit.deviations.fault ? Json() : Json(fit.deviations.values[j])}};
+}
+
+std::string_view NameOf(SearchEnd end) {
+  if (end == SearchEnd::Converged) return "converged";
+  if (end == SearchEnd::Fault) return "fault";
+  return end == SearchEnd::Stopped ? "stopped" : "generation limit";
 }
 
 }  // namespace
 
-std::string Number(double value) {
-  return ShortestText(value);
+std::string JsonOf(const EndedFit& fit) {
+  const auto& [inputs, problem, result, deviations] = fit;
+  Json parameters = Json::array();
+  for (std::size_t j = 0; j < problem.variables.size(); ++j)
+    parameters.push_back(ParameterOf(fit, j));
+  return LineOf({{"parameters", parameters},
+                 {"startScore", result.startScore},
+                 {"sumOfSquaredErrors", result.score},
+                 {"squareError", SquareError(result.score, deviations.observations)},
+                 {"functionCalls", result.functionCalls},
+                 {"generations", result.generations},
+                 {"outcome", NameOf(result.end)},
+                 {"observations", deviations.observations},
+                 {"degreesOfFreedom", deviations.degreesOfFreedom}});
 }
 
-std::string Text(std::string_view utf8) {
-  std::string text = "\"";
-  for (const char c : utf8) text += Escaped(c);
-  return text + '"';
+std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists) {
+  Json experiments = Json::array();
+  for (int place = 1; place <= lists.Count(); ++place) {
+    const auto& [Cx, Cs, Cp] = fit.experiments.at(static_cast<std::size_t>(place) - 1).share;
+    experiments.push_back(
+        {{"place", place}, {"number", lists.At(place).number}, {"Cx", Cx}, {"Cs", Cs}, {"Cp", Cp}});
+  }
+  return LineOf({{"score", fit.score}, {"experiments", experiments}});
 }
 
-std::string Array(const std::vector<std::string>& members) {
-  std::string text;
-  for (const std::string& member : members) Join(text, member, ",");
-  return Wrapped('[', text, ']');
+std::string JsonOf(const std::vector<PlacedCurve>& curves) {
+  Json experiments = Json::array();
+  for (const auto& [place, number, curve] : curves)
+    experiments.push_back({{"place", place},
+                           {"number", number},
+                           {"time", curve.time},
+                           {"Cx", curve.Cx},
+                           {"Cs", curve.Cs},
+                           {"Cp", curve.Cp}});
+  return LineOf({{"experiments", experiments}});
 }
 
-std::string Object(std::initializer_list<std::pair<std::string_view, std::string>> members) {
-  std::string text;
-  for (const auto& [name, value] : members) Join(text, Text(name) + ":" + value, ",");
-  return Wrapped('{', text, '}');
-}
-
-std::string Numbers(std::span<const double> values) {
-  std::vector<std::string> members;
-  for (const double value : values) members.push_back(Number(value));
-  return Array(members);
-}
-
-}  // namespace velmora::cli::json
+}  // namespace velmora::cli

@@ -1,21 +1,34 @@
-// JSON text. Numbers are the shortest that read back as the same double.
+// What commands print as JSON: one line, its numbers the shortest that read back as the same
+// double.
 #pragma once
 
-#include <initializer_list>
-#include <span>
 #include <string>
-#include <string_view>
-#include <utility>
 #include <vector>
 
-namespace velmora::cli::json {
+#include "cli/Inputs.h"
+#include "estimation/Deviations.h"
+#include "estimation/EvolucaoDiferencial.h"
 
-/// `value` must be finite: JSON has no other numbers.
-std::string Number(double value);
-std::string Text(std::string_view utf8);
-/// Both take members that are JSON text already.
-std::string Array(const std::vector<std::string>& members);
-std::string Object(std::initializer_list<std::pair<std::string_view, std::string>> members);
-std::string Numbers(std::span<const double> values);
+namespace velmora::cli {
 
-}  // namespace velmora::cli::json
+/// A fit that has ended, with all that its results are printed from.
+struct EndedFit {
+  const Inputs& inputs;
+  const FitProblem& problem;
+  const SearchResult& result;
+  const Deviations& deviations;
+};
+
+/// The curve of the experiment at `place`.
+struct PlacedCurve {
+  int place;
+  int number;
+  const ModelCurve& curve;
+};
+
+std::string JsonOf(const EndedFit& fit);
+/// The score with the share of each experiment's variables; `lists` holds the experiments.
+std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists);
+std::string JsonOf(const std::vector<PlacedCurve>& curves);
+
+}  // namespace velmora::cli

@@ -1,10 +1,10 @@
-#include "cli/CheckCommand.h"
-
-#include "cli/FileKind.h"
-#include "cli/Inputs.h"
+// velmora-cli models, check and import: the catalogue, what files hold, files from tables.
+#include "cli/Commands.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/FitSetUp.h"
+#include "data/CsvTable.h"
 #include "data/ExperimentFile.h"
+#include "data/MeasuredTable.h"
 #include "data/SafeSave.h"
 #include "language/Numbers.h"
 
@@ -64,7 +64,28 @@ std::string ConditionsReport(const CheckOptions& options, std::string_view bytes
   return text + FittedLines(read.conditions, say);
 }
 
+[[noreturn]] void Refuse(const TableFault& fault, const std::string& path, const Wording& say) {
+  if (fault.text == TextId::NoSuchLabel)
+    throw Failure{ExitCode::Refused,
+                  say(fault.text, {path, fault.arguments.at(0), fault.arguments.at(1)})};
+  throw Failure{ExitCode::File, PlaceInFile(path, fault.line) + FaultReason(fault, say.In())};
+}
+
 }  // namespace
+
+ExitCode Run(const ModelsOptions&, const Console& console) {
+  constexpr std::size_t kNameWidth = 24;
+  constexpr std::size_t kParametersWidth = 39;
+  const auto line = [](std::string_view name, std::string_view parameters, std::string_view rate) {
+    return Left(name, kNameWidth) + Left(parameters, kParametersWidth) + std::string(rate) + "\n";
+  };
+  std::string text = line(console.say(TextId::ModelHeading), console.say(TextId::ParametersHeading),
+                          console.say(TextId::EquationHeading));
+  for (const Model& model : kModels)
+    text += line(model.name, ParameterNames(model), Equation(model));
+  console.Print(text);
+  return ExitCode::Done;
+}
 
 ExitCode Run(const CheckOptions& options, const Console& console) {
   const FileBytes file = ReadWholeFile(options.file);
@@ -80,6 +101,19 @@ ExitCode Run(const CheckOptions& options, const Console& console) {
       throw Failure{ExitCode::File,
                     PlaceInFile(options.file, 2) + console.say(TextId::NeitherFile)};
   }
+  return ExitCode::Done;
+}
+
+ExitCode Run(const ImportOptions& options, const Console& console) {
+  RequireOtherFile(options.table, options.output, console.say);
+  const FileBytes file = ReadWholeFile(options.table);
+  if (file.fault) throw Failure{ExitCode::File, console.say.Of(*file.fault)};
+  const TableRead table = ReadTable(file.bytes, options.only);
+  if (table.fault) Refuse(*table.fault, options.table, console.say);
+  if (const auto fault = WriteExperiments(table.lists, options.output))
+    throw Failure{ExitCode::File, console.say.Of(*fault)};
+  console.Print(
+      console.say(TextId::Written, {options.output, std::to_string(table.lists.Count())}) + "\n");
   return ExitCode::Done;
 }
 

@@ -1,0 +1,103 @@
+// The commands: what the command line says of each, and what runs it.
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "cli/Console.h"
+#include "cli/Inputs.h"
+#include "estimation/EstimationSettings.h"
+
+namespace velmora::cli {
+
+struct ModelsOptions {};
+
+/// Prints the catalogue: name, parameters and growth rate of each model.
+ExitCode Run(const ModelsOptions& options, const Console& console);
+
+struct CheckOptions {
+  std::string file;
+};
+
+/// Tells by its second line which of the two files this is, reads it, and prints what it holds.
+ExitCode Run(const CheckOptions& options, const Console& console);
+
+struct ImportOptions {
+  std::string table;
+  std::string output;
+  std::vector<std::string> only;  // labels to keep; empty: all
+};
+
+/// Makes an experiment file from a spreadsheet's CSV table.
+ExitCode Run(const ImportOptions& options, const Console& console);
+
+struct ConditionsOptions {
+  std::string experiments;
+  std::string model;
+  std::string product;           // PAC, PPAC or PNAC
+  std::string yields;            // global or stoichiometric
+  std::string method = "ED";     // ED or Manual
+  std::vector<std::string> set;  // NAME=VALUE or PLACE:NAME=VALUE
+  std::vector<std::string> fit;  // NAME=START:LOWER:UPPER
+  std::string output;
+};
+
+/// Makes a conditions file for the experiments of a file, by the rules of the cultivation window.
+ExitCode Run(const ConditionsOptions& options, const Console& console);
+
+struct SimulateOptions {
+  InputOptions inputs;
+  bool json = false;
+};
+
+/// Integrates every experiment and prints its 100 model points. An experiment that meets an
+/// arithmetic fault is reported and left out.
+ExitCode Run(const SimulateOptions& options, const Console& console);
+
+struct ExportOptions {
+  InputOptions inputs;
+};
+
+/// Prints the computed curves as tab-separated text; nothing where an experiment meets a fault.
+ExitCode Run(const ExportOptions& options, const Console& console);
+
+struct ScoreOptions {
+  InputOptions inputs;
+  std::vector<std::string> set;  // NAME=VALUE, for every experiment
+  bool json = false;
+};
+
+/// Prints the sum of squared errors at the values in the file, or those set, with the share of each
+/// experiment's variables.
+ExitCode Run(const ScoreOptions& options, const Console& console);
+
+/// The options that state the seven settings of a search.
+struct SettingOption {
+  const char* option;
+  std::optional<double> TypedSettings::*typed;
+  const char* help;
+};
+inline constexpr std::array<SettingOption, 7> kSettingOptions = {
+    {{"--npop", &TypedSettings::NPOP, "population size, at least 10 (default 100)"},
+     {"--iter", &TypedSettings::ITER, "most generations, at least 200 (default 200)"},
+     {"--pcros", &TypedSettings::PCROS, "crossover probability, 0.5 to 0.9 (default 0.8)"},
+     {"--fact", &TypedSettings::FACT, "weight of the difference term, 0.5 to 0.9 (default 0.8)"},
+     {"--fact1", &TypedSettings::FACT1, "weight of the second term, 0 to 0.01 (default 0.01)"},
+     {"--eps", &TypedSettings::EPS, "accuracy of convergence, 1e-7 to 1e-4 (default 1e-5)"},
+     {"--iu", &TypedSettings::IU, "seed of the random numbers, 1000 to 9999 (default 5471)"}}};
+
+struct FitOptions {
+  InputOptions inputs;
+  std::array<std::optional<std::string>, kSettingOptions.size()> settings;  // as typed
+  bool progress = false;
+  bool json = false;
+  std::optional<std::string> report;  // the file to write the report to
+};
+
+/// Checks settings, files and fit set-up, searches, and prints the results with their deviations.
+/// Ctrl-C ends the search at its next generation; the results are printed all the same.
+ExitCode Run(const FitOptions& options, const Console& console);
+
+}  // namespace velmora::cli
