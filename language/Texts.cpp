@@ -319,6 +319,8 @@ constexpr auto kTable = std::to_array<Entry>({
     // The end of a search.
     {TextId::BestOfGeneration, "The best values found before this are those of generation {1}.", "Os melhores valores encontrados antes disso são os da geração {1}."},
     {TextId::BestOfPopulation, "The best values found before this are those of the initial population.", "Os melhores valores encontrados antes disso são os da população inicial."},
+    {TextId::NoDeviations, "The deviations could not be computed: {1}.", "Os desvios não puderam ser calculados: {1}."},
+    {TextId::DataDoNotDetermine, "the measured values are too few, or do not determine each of the parameters", "os valores medidos são poucos, ou não determinam cada um dos parâmetros"},
 
     // Experiments and conditions.
     {TextId::NumbersRepeated, "These numbers belong to more than one experiment: {1}. Saving changes the experiment that is shown. To give it another number, save it with that number and delete the old one by its place.", "Estes números pertencem a mais de um experimento: {1}. Salvar altera o experimento exibido. Para dar-lhe outro número, salve-o com esse número e exclua o antigo pela sua posição."},

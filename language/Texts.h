@@ -191,6 +191,8 @@ enum class TextId : std::int16_t {
   // The end of a search.
   BestOfGeneration,
   BestOfPopulation,
+  NoDeviations,
+  DataDoNotDetermine,
 
   // Experiments and conditions.
   NumbersRepeated,

@@ -6,6 +6,7 @@
 #include "cultivation/OpenedConditions.h"
 #include "data/SafeSave.h"
 #include "kinetics/Modelos.h"
+#include "language/FaultWords.h"
 #include "language/Numbers.h"
 
 namespace velmora {
@@ -33,6 +34,7 @@ class Report {
     AddStart();
     AddBounds();
     AddResult();
+    AddEnd();
     AddPictures();
     return std::move(document_);
   }
@@ -47,6 +49,10 @@ class Report {
   }
   void Add(std::string text, rich::Look look = rich::Look::Plain) {
     document_.emplace_back(rich::Paragraph{std::move(text), look});
+  }
+
+  int NumberAt(int place) const {
+    return place == 0 ? 0 : content_.records.at(static_cast<std::size_t>(place) - 1).number;
   }
 
   static std::string LabelOf(const FitVariable& variable) {
@@ -64,7 +70,8 @@ class Report {
   /// A file may name no model, or another one than its switches mean.
   void AddModel() {
     if (content_.records.empty()) return;
-    const Model* const model = RecognisedModel(content_.records.front(), content_.variables);
+    const Model* const model =
+        RecognisedModel(content_.records.front(), content_.problem.variables);
     if (model == nullptr) return;
     Add(Text(TextId::ChosenModel) + " " + std::string(model->name));
     Add(Equation(*model), rich::Look::Indented);
@@ -73,8 +80,8 @@ class Report {
   void AddConditions(std::size_t index) {
     const ConditionsRecord& record = content_.records[index];
     Add(Text(TextId::ConditionsOfExperiment) + std::to_string(record.number), rich::Look::Heading);
-    if (index < content_.descriptions.size() && !content_.descriptions[index].empty())
-      Add(content_.descriptions[index], rich::Look::Together);
+    const std::string& description = content_.problem.experiments.at(index).description;
+    if (!description.empty()) Add(description, rich::Look::Together);
     rich::Table table{{kWidths.begin(), kWidths.end()}, {}};
     for (std::size_t i = 0; i < kReported.size(); ++i) {
       if (i % kPairs == 0) table.rows.emplace_back();
@@ -87,13 +94,13 @@ class Report {
 
   void AddStart() {
     Add(Text(TextId::InitialValues), rich::Look::Heading);
-    for (const FitVariable& variable : content_.variables)
+    for (const FitVariable& variable : content_.problem.variables)
       Add(LabelOf(variable) + Plain(variable.start), rich::Look::Together);
   }
 
   void AddBounds() {
     rich::Table table{{1, 1}, {}};
-    for (const FitVariable& variable : content_.variables)
+    for (const FitVariable& variable : content_.problem.variables)
       table.rows.push_back(
           {Text(TextId::UpperBoundOf) + LabelOf(variable) + Plain(variable.upper),
            Text(TextId::LowerBoundOf) + LabelOf(variable) + Plain(variable.lower)});
@@ -102,12 +109,30 @@ class Report {
 
   void AddResult() {
     Add(Text(TextId::EstimatedVariables), rich::Look::Heading);
-    for (std::size_t j = 0; j < content_.variables.size(); ++j) {
-      std::string line = LabelOf(content_.variables[j]) + Long(content_.best[j]);
-      if (!content_.deviations.empty()) line += " +/- " + Long(content_.deviations[j]);
+    const Deviations& deviations = content_.deviations;
+    for (std::size_t j = 0; j < content_.problem.variables.size(); ++j) {
+      std::string line = LabelOf(content_.problem.variables[j]) + Long(content_.result.best[j]);
+      if (!deviations.fault) line += " +/- " + Long(deviations.values[j]);
       Add(std::move(line), rich::Look::Together);
     }
-    Add(Text(TextId::ReportedSum) + Plain(content_.sumOfSquaredErrors), rich::Look::Strong);
+    if (deviations.fault) AddMissingDeviations(*deviations.fault);
+    Add(Text(TextId::ReportedSum) + Plain(content_.result.score), rich::Look::Strong);
+  }
+
+  void AddMissingDeviations(const ArithmeticFault& fault) {
+    const Language language = content_.style.language;
+    const bool ofData = fault.term == FaultTerm::Deviations;
+    const std::string why = ofData ? Text(TextId::DataDoNotDetermine)
+                                   : FaultDescription(fault, NumberAt(fault.place), language);
+    Add(Filled(TextId::NoDeviations, language, {why}), rich::Look::Together);
+  }
+
+  /// A search that did not converge says so, as its results do.
+  void AddEnd() {
+    if (content_.result.end == SearchEnd::Converged) return;
+    std::string lines = EndText(content_.problem, content_.result, content_.style.language);
+    lines.pop_back();
+    Add(std::move(lines));
   }
 
   void AddPictures() {
@@ -124,18 +149,10 @@ class Report {
 }  // namespace
 
 ReportContent ReportOf(const FitProblem& problem, const CultivationConditions& conditions,
-                       const SearchResult& result, const Deviations& deviations,
-                       const TextStyle& style) {
-  ReportContent report;
-  report.style = style;
-  for (std::size_t i = 0; i < problem.experiments.size(); ++i) {
+                       const SearchResult& result, const Deviations& deviations, TextStyle style) {
+  ReportContent report{style, {}, problem, result, deviations, {}};
+  for (std::size_t i = 0; i < problem.experiments.size(); ++i)
     report.records.push_back(conditions.At(static_cast<int>(i) + 1));
-    report.descriptions.push_back(problem.experiments[i].description);
-  }
-  report.variables = problem.variables;
-  report.best = result.best;
-  report.deviations = deviations.values;
-  report.sumOfSquaredErrors = result.score;
   return report;
 }
 

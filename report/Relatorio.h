@@ -20,23 +20,20 @@ struct ReportPicture {
   rich::Picture picture;
 };
 
-/// `best` is as long as `variables`; `deviations` too, or empty where they could not be computed.
+/// A search with a result, and all that its report tells.
 struct ReportContent {
   TextStyle style;
-  std::vector<ConditionsRecord> records;  // of all experiments, by place
-  std::vector<std::string> descriptions;  // of the experiments, by place, UTF-8
-  std::vector<FitVariable> variables;
-  std::vector<double> best;
-  std::vector<double> deviations;
-  double sumOfSquaredErrors = 0;
+  std::vector<ConditionsRecord> records;  // of the problem's experiments, by place
+  FitProblem problem;
+  SearchResult result;
+  Deviations deviations;
   std::vector<ReportPicture> pictures;
 };
 
 /// What the search of `problem` came to, with the `conditions` of its experiments, one record for
 /// each; without pictures.
 ReportContent ReportOf(const FitProblem& problem, const CultivationConditions& conditions,
-                       const SearchResult& result, const Deviations& deviations,
-                       const TextStyle& style);
+                       const SearchResult& result, const Deviations& deviations, TextStyle style);
 
 /// The report's lines, tables and pictures in their order. The pictures come last, so that the
 /// numbers stand together.

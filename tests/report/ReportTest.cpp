@@ -94,10 +94,13 @@ ReportContent Molasses() {
   std::copy(switches.values.begin() + 7, switches.values.begin() + 23,
             record.row.values.begin() + 7);
   report.records = {record};
-  report.variables = {{At::muMax, 0.05, 0.5, 0.2}, {At::Ks, 1, 40, 10}};
-  report.best = {0.179, 11};
-  report.deviations = {0.0087, 3.25};
-  report.sumOfSquaredErrors = 0.003;
+  report.problem.experiments.resize(1);
+  report.problem.experiments[0].number = 7;
+  report.problem.variables = {{At::muMax, 0.05, 0.5, 0.2}, {At::Ks, 1, 40, 10}};
+  report.result.end = SearchEnd::Converged;
+  report.result.best = {0.179, 11};
+  report.result.score = 0.003;
+  report.deviations.values = {0.0087, 3.25};
   return report;
 }
 
@@ -143,19 +146,55 @@ TEST(Report, TellsEverythingInItsOrder) {
                                    "Sum of squared errors: 0.003\n"});
 }
 
-TEST(Report, SpeaksPortugueseAndOmitsDeviationsThatThereAreNot) {
+TEST(Report, SpeaksPortuguese) {
   ReportContent report = Molasses();
   report.style = {Language::Portuguese, ','};
-  report.deviations.clear();
+  ExpectInOrder(Reader(Relatorio(report)).text,
+                {"Relatório do ajuste de parâmetros cinéticos\n", "Cx0: |1,25|",
+                 "Limite superior de µmáx = 0,5|", "\nKs = 11,00 +/- 3,25\n"});
+}
+
+TEST(Report, SaysWhyThereAreNoDeviations) {
+  ReportContent report = Molasses();
+  report.deviations.values.clear();
+  report.deviations.fault = ArithmeticFault{FaultKind::DivisionByZero, FaultTerm::Deviations};
   const std::string text = Reader(Relatorio(report)).text;
-  ExpectInOrder(text, {"Relatório do ajuste de parâmetros cinéticos\n", "Cx0: |1,25|",
-                       "Limite superior de µmáx = 0,5|", "\nKs = 11,00\n"});
+  ExpectInOrder(text,
+                {"\nKs = 11.00\nThe deviations could not be computed: the measured values are "
+                 "too few, or do not determine each of the parameters.\n"});
   EXPECT_EQ(text.find("+/-"), std::string::npos);
+
+  report.style.language = Language::Portuguese;
+  report.deviations.fault =
+      ArithmeticFault{FaultKind::Overflow, FaultTerm::SubstrateBalance, 1, 37, 2};
+  ExpectInOrder(Reader(Relatorio(report)).text,
+                {"\nOs desvios não puderam ser calculados: valor grande demais no balanço de "
+                 "substrato (experimento 7, ponto 37 de 100).\n"});
+}
+
+TEST(Report, SaysWhereTheSearchDidNotConverge) {
+  ReportContent report = Molasses();
+  const auto endOf = [&](SearchEnd end) {
+    report.result.end = end;
+    const std::string text = Reader(Relatorio(report)).text;
+    return text.substr(text.find("errors: 0.003\n") + 14);
+  };
+  EXPECT_EQ(endOf(SearchEnd::Converged), "");
+  EXPECT_EQ(endOf(SearchEnd::Stopped), "Estimate was not completed:  \n");
+  EXPECT_EQ(endOf(SearchEnd::GenerationLimit),
+            "Did not converge. Reducing the parameter EPS or increasing ITER or both,\n"
+            "increase parameters population size, crossover probability or scale parameter.\n");
+  report.result.fault = ArithmeticFault{FaultKind::Overflow, FaultTerm::SubstratePower, 1, 1, 1};
+  report.result.bestGeneration = 4;
+  EXPECT_EQ(
+      endOf(SearchEnd::Fault),
+      "Estimate was not completed:  overflow in the substrate power Cs^u (experiment 7, point 1 "
+      "of 100)\nThe best values found before this are those of generation 4.\n");
 }
 
 TEST(Report, EscapesWhatADescriptionHolds) {
   ReportContent report = Molasses();
-  report.descriptions = {"{α \\par} ç <b>&\nlast\x01\xFF"};
+  report.problem.experiments[0].description = "{α \\par} ç <b>&\nlast\x01\xFF";
   EXPECT_NE(Reader(Relatorio(report)).text.find(": 7\n{α \\par} ç <b>&\nlast?\n"),
             std::string::npos);
   EXPECT_NE(rich::Html(ReportDocument(report), 100).find(">{α \\par} ç &lt;b&gt;&amp;<br>last?<"),
