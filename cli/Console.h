@@ -17,9 +17,17 @@ enum class ExitCode : int {
   Refused = 1,     // by a rule, whose text is printed
   Usage = 2,       // the command line makes no sense
   File = 3,        // a file, or the output, cannot be read or written
-  Arithmetic = 4,  // the simulation or the deviations met an arithmetic fault
-  Stopped = 130,   // by Ctrl-C
+  Arithmetic = 4,  // the simulation, the search or the deviations met an arithmetic fault
+  // The search was stopped: 128 and the signal.
+  HungUp = 129,
+  Interrupted = 130,  // by Ctrl-C
+  Terminated = 143,
 };
+
+/// What a search exits with that was stopped by `signal`.
+constexpr ExitCode StoppedBy(int signal) {
+  return ExitCode{128 + signal};
+}
 
 /// Thrown where a command cannot go on: what it exits with and the one line to say so, worded in
 /// the user's language.

@@ -14,6 +14,7 @@
 #include "estimation/Deviations.h"
 #include "estimation/EvolucaoDiferencial.h"
 #include "estimation/ResultTexts.h"
+#include "language/Numbers.h"
 #include "report/Relatorio.h"
 #include "report/ReportCharts.h"
 
@@ -66,16 +67,21 @@ std::string WordedFault(const ArithmeticFault& fault, const Inputs& inputs, cons
   return std::string(Text(TextId::NotCompleted, say.In())) + Describe(fault, inputs, say);
 }
 
+/// That the search ended above where the user began, which a small population may.
+std::string RemarkOn(const SearchResult& result, const Wording& say) {
+  return result.score > result.startScore ? say(TextId::WorseThanStart) : "";
+}
+
 /// A fault before any vector was scored leaves nothing to print.
 SearchResult SearchOrFail(const FitProblem& problem, const EstimationSettings& settings,
-                          ProgressForm form, const Inputs& inputs, const Console& console) {
+                          FitProgress& progress, const Inputs& inputs, const Console& console) {
   SearchResult result;
   try {
-    FitProgress progress(problem.variables, form, console);
     result = Search(problem, settings, progress);
   } catch (const std::bad_alloc&) {
     throw Failure{ExitCode::Refused, console.say(TextId::OutOfMemoryInFit)};
   }
+  progress.ClearLine();
   if (!result.HasResult())
     throw Failure{ExitCode::Arithmetic, WordedFault(*result.fault, inputs, console.say)};
   return result;
@@ -90,6 +96,8 @@ std::string TextOf(const EndedFit& fit, const Wording& say) {
   text += "\n";
   text += say(TextId::Generations, {std::to_string(fit.result.generations)}) + "\n";
   text += std::string(kFunctionCalls) + std::to_string(fit.result.functionCalls) + "\n";
+  text += say(TextId::StartScore, {ShortestText(fit.result.startScore)}) + "\n";
+  if (!fit.remark.empty()) text += fit.remark + "\n";
   return text + FinalText(fit.problem, fit.result, fit.deviations, {say.In(), '.'});
 }
 
@@ -111,33 +119,49 @@ std::optional<FileFault> WriteReport(const EndedFit& fit, const std::string& pat
   return SaveReport(report, path);
 }
 
-ExitCode CodeOf(const EndedFit& fit) {
-  if (fit.result.end == SearchEnd::Stopped) return ExitCode::Stopped;
+ExitCode CodeOf(const EndedFit& fit, const StopSignals& signals) {
+  if (fit.result.end == SearchEnd::Stopped) return StoppedBy(signals.Noted());
   return fit.result.fault || fit.deviations.fault ? ExitCode::Arithmetic : ExitCode::Done;
+}
+
+void RefuseInputAsReport(const FitOptions& options, const Wording& say) {
+  if (!options.report) return;
+  for (const std::string& input : {options.inputs.experiments, options.inputs.conditions})
+    RequireOtherFile(input, *options.report, say);
+}
+
+/// Prints the fit and writes its report: a long search is not lost where only one of the two can be
+/// written.
+void Show(const EndedFit& fit, const FitOptions& options, const FitProgress& progress,
+          const Console& console) {
+  std::optional<FileFault> unsaved;
+  if (options.report) unsaved = WriteReport(fit, *options.report, console);
+  if (progress.Unwritten()) throw *progress.Unwritten();
+  console.Print(options.json ? JsonOf(fit) : TextOf(fit, console.say));
+  if (unsaved) throw Failure{ExitCode::File, console.say.Of(*unsaved)};
 }
 
 }  // namespace
 
 ExitCode Run(const FitOptions& options, const Console& console) {
-  if (options.report)
-    for (const std::string& input : {options.inputs.experiments, options.inputs.conditions})
-      RequireOtherFile(input, *options.report, console.say);
-  const EstimationSettings settings = SettingsOf(options, console.say);
-  Inputs inputs = LoadInputs(options.inputs, console.say);
-  const FitProblem problem = CheckedProblem(inputs, console.say);
+  const Wording& say = console.say;
+  RefuseInputAsReport(options, say);
+  const EstimationSettings settings = SettingsOf(options, say);
+  Inputs inputs = LoadInputs(options.inputs, say);
+  const FitProblem problem = CheckedProblem(inputs, say);
   WarnOfUnscaled(inputs.lists, console);
-  const SearchResult result = SearchOrFail(problem, settings, FormOf(options), inputs, console);
-  if (result.fault) console.Complain(WordedFault(*result.fault, inputs, console.say));
-  const Deviations deviations = ComputeDeviations(problem, result.best);
-  if (deviations.fault) console.Complain(console.say.Of(InversionMessage()));
 
-  const EndedFit fit{inputs, problem, result, deviations};
-  // A long search is not lost where only one of its two outputs can be written.
-  std::optional<FileFault> unsaved;
-  if (options.report) unsaved = WriteReport(fit, *options.report, console);
-  console.Print(options.json ? JsonOf(fit) : TextOf(fit, console.say));
-  if (unsaved) throw Failure{ExitCode::File, console.say.Of(*unsaved)};
-  return CodeOf(fit);
+  const StopSignals signals;
+  FitProgress progress(problem.variables, FormOf(options), signals, console);
+  const SearchResult result = SearchOrFail(problem, settings, progress, inputs, console);
+  const std::string fault = result.fault ? WordedFault(*result.fault, inputs, say) : "";
+  if (result.fault) console.Complain(fault);
+  const Deviations deviations = ComputeDeviations(problem, result.best);
+  if (deviations.fault) console.Complain(say.Of(InversionMessage()));
+
+  const EndedFit fit{inputs, problem, result, deviations, OnOneLine(fault), RemarkOn(result, say)};
+  Show(fit, options, progress, console);
+  return CodeOf(fit, signals);
 }
 
 }  // namespace velmora::cli

@@ -12,41 +12,60 @@ constexpr Decimals kEight{8, 8};
 constexpr std::string_view kEraseLine = "\r\033[K";
 
 // A signal handler has nothing else to write to.
-volatile std::sig_atomic_t interrupted = 0;
+volatile std::sig_atomic_t noted = 0;
 
-extern "C" void NoteInterrupt(int) {
-  interrupted = 1;
+/// The next signal does what it usually does: it ends the program.
+extern "C" void NoteSignal(int signal) {
+  noted = signal;
+  for (const int each : kStopSignals) {
+    struct sigaction now = {};
+    sigaction(each, nullptr, &now);
+    if (now.sa_handler == NoteSignal) std::signal(each, SIG_DFL);
+  }
 }
 
 }  // namespace
 
-Interrupt::Interrupt() : before_{} {
-  interrupted = 0;
+StopSignals::StopSignals() {
+  noted = 0;
   struct sigaction noting = {};
-  noting.sa_handler = NoteInterrupt;
-  noting.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART);
-  sigaction(SIGINT, &noting, &before_);
+  noting.sa_handler = NoteSignal;
+  noting.sa_flags = SA_RESTART;
+  sigemptyset(&noting.sa_mask);
+  for (const int signal : kStopSignals) sigaddset(&noting.sa_mask, signal);
+  for (std::size_t i = 0; i < kStopSignals.size(); ++i) {
+    sigaction(kStopSignals[i], nullptr, &before_[i]);
+    if (before_[i].sa_handler != SIG_IGN) sigaction(kStopSignals[i], &noting, nullptr);
+  }
 }
 
-Interrupt::~Interrupt() {
-  sigaction(SIGINT, &before_, nullptr);
+StopSignals::~StopSignals() {
+  for (std::size_t i = 0; i < kStopSignals.size(); ++i)
+    sigaction(kStopSignals[i], &before_[i], nullptr);
 }
 
-bool Interrupt::Requested() const {
-  return interrupted != 0;
+int StopSignals::Noted() const {
+  return noted;
 }
 
 void FitProgress::Report(const Generation& generation) {
-  const TextStyle style{console_.say.In(), '.'};
   switch (form_) {
     case ProgressForm::None:
       return;
     case ProgressForm::BlocksToOutput:
-      return console_.Print(ProgressText(variables_, generation, style));
+      return PrintBlock(generation);
     case ProgressForm::BlocksToError:
-      return console_.Note(ProgressText(variables_, generation, style));
+      return console_.Note(ProgressText(variables_, generation, {console_.say.In(), '.'}));
     case ProgressForm::Line:
       return ShowLine(generation);
+  }
+}
+
+void FitProgress::PrintBlock(const Generation& generation) {
+  try {
+    console_.Print(ProgressText(variables_, generation, {console_.say.In(), '.'}));
+  } catch (const Failure& failure) {
+    unwritten_ = failure;
   }
 }
 

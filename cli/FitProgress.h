@@ -1,8 +1,10 @@
-// What is shown of a running search, and its stop by Ctrl-C.
+// What is shown of a running search, and the signals that stop it.
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <csignal>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -11,20 +13,23 @@
 
 namespace velmora::cli {
 
-/// While one of these lives the first Ctrl-C (SIGINT) is only noted; a second one ends the program
-/// at once. A program started with SIGINT ignored, as a shell script's background job is, hears it
-/// too. At most one lives at a time.
-class Interrupt {
- public:
-  Interrupt();
-  ~Interrupt();
-  Interrupt(const Interrupt&) = delete;
-  Interrupt& operator=(const Interrupt&) = delete;
+inline constexpr std::array kStopSignals = {SIGINT, SIGTERM, SIGHUP};
 
-  bool Requested() const;
+/// While one of these lives the first Ctrl-C (SIGINT), SIGTERM or SIGHUP is only noted; a second
+/// one ends the program at once. What the program was started to ignore, as under nohup, stays
+/// ignored. At most one lives at a time.
+class StopSignals {
+ public:
+  StopSignals();
+  ~StopSignals();
+  StopSignals(const StopSignals&) = delete;
+  StopSignals& operator=(const StopSignals&) = delete;
+
+  /// The signal that was noted; 0 where none was.
+  int Noted() const;
 
  private:
-  struct sigaction before_;
+  std::array<struct sigaction, kStopSignals.size()> before_{};
 };
 
 enum class ProgressForm {
@@ -34,25 +39,32 @@ enum class ProgressForm {
   Line,  // one line on the terminal, written over and over
 };
 
+/// Shows a search as it runs, and ends it on a signal, or where nobody can read its progress.
 class FitProgress : public SearchObserver {
  public:
-  FitProgress(std::span<const FitVariable> variables, ProgressForm form, const Console& console)
-      : variables_(variables), form_(form), console_(console) {}
+  FitProgress(std::span<const FitVariable> variables, ProgressForm form, const StopSignals& signals,
+              const Console& console)
+      : variables_(variables), form_(form), signals_(signals), console_(console) {}
   ~FitProgress() override { ClearLine(); }
 
-  bool StopRequested() override { return interrupt_.Requested(); }
+  bool StopRequested() override { return signals_.Noted() != 0 || unwritten_; }
   void Report(const Generation& generation) override;
+  void ClearLine();
+
+  /// Why the progress could not be written to standard output.
+  const std::optional<Failure>& Unwritten() const { return unwritten_; }
 
  private:
   using Clock = std::chrono::steady_clock;
 
+  void PrintBlock(const Generation& generation);
   void ShowLine(const Generation& generation);
-  void ClearLine();
 
   std::span<const FitVariable> variables_;
   ProgressForm form_;
+  const StopSignals& signals_;
   const Console& console_;
-  Interrupt interrupt_;
+  std::optional<Failure> unwritten_;
   Clock::time_point start_ = Clock::now();
   Clock::time_point shown_{};
   bool lineStands_ = false;

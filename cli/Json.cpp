@@ -55,19 +55,26 @@ std::string_view NameOf(SearchEnd end) {
 }  // namespace
 
 std::string JsonOf(const EndedFit& fit) {
-  const auto& [inputs, problem, result, deviations] = fit;
+  const SearchResult& result = fit.result;
+  const int observations = fit.deviations.observations;
   Json parameters = Json::array();
-  for (std::size_t j = 0; j < problem.variables.size(); ++j)
+  for (std::size_t j = 0; j < fit.problem.variables.size(); ++j)
     parameters.push_back(ParameterOf(fit, j));
-  return LineOf({{"parameters", parameters},
-                 {"startScore", result.startScore},
-                 {"sumOfSquaredErrors", result.score},
-                 {"squareError", SquareError(result.score, deviations.observations)},
-                 {"functionCalls", result.functionCalls},
-                 {"generations", result.generations},
-                 {"outcome", NameOf(result.end)},
-                 {"observations", deviations.observations},
-                 {"degreesOfFreedom", deviations.degreesOfFreedom}});
+  Json line = {{"parameters", parameters},
+               {"startScore", result.startScore},
+               {"sumOfSquaredErrors", result.score},
+               {"squareError", SquareError(result.score, observations)},
+               {"functionCalls", result.functionCalls},
+               {"generations", result.generations},
+               {"outcome", NameOf(result.end)},
+               {"observations", observations},
+               {"degreesOfFreedom", fit.deviations.degreesOfFreedom}};
+  if (result.fault) {
+    line["fault"] = fit.fault;
+    line["bestGeneration"] = result.bestGeneration;
+  }
+  if (!fit.remark.empty()) line["remark"] = fit.remark;
+  return LineOf(line);
 }
 
 std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists) {

@@ -17,6 +17,8 @@ struct EndedFit {
   const FitProblem& problem;
   const SearchResult& result;
   const Deviations& deviations;
+  std::string fault;   // what ended the search, in a sentence; empty where nothing did
+  std::string remark;  // that the result is worse than the start values; empty where it is not
 };
 
 /// The curve of the experiment at `place`.

@@ -386,6 +386,8 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::ExperimentsWithValues, "Experiments: {1} ({2} measured values)", "Experimentos: {1} ({2} valores medidos)"},
     {TextId::Generations, "Generations: {1}", "Gerações: {1}"},
     {TextId::GenerationLine, "generation {1}   best score {2}   {3} s", "geração {1}   melhor soma {2}   {3} s"},
+    {TextId::StartScore, "Sum of squared errors of the start values = {1}", "Soma do quadrado dos erros dos valores iniciais = {1}"},
+    {TextId::WorseThanStart, "The result is worse than the start values; a larger --npop or another --iu may find a better one.", "O resultado é pior que os valores iniciais; um --npop maior ou outro --iu pode encontrar um melhor."},
     {TextId::Score, "Score", "Total"},
     {TextId::Sum, "Sum", "Soma"},
     {TextId::UnscaledAt, " (place {1}, {2})", " (posição {1}, {2})"},

@@ -258,6 +258,8 @@ enum class TextId : std::int16_t {
   ExperimentsWithValues,
   Generations,
   GenerationLine,
+  StartScore,
+  WorseThanStart,
   Score,
   Sum,
   UnscaledAt,

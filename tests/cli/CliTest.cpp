@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <functional>
 #include <nlohmann/json.hpp>
 #include <thread>
 
@@ -234,20 +235,147 @@ TEST_F(Cli, RefusesToFitASimulation) {
   EXPECT_EQ(RunCli("simulate " + kMolasses + manual).code, 0);
 }
 
-TEST_F(Cli, CtrlCStopsTheSearchAndPrintsResults) {
-  Program program({"fit", kExamples + "molasses.abr", kExamples + "molasses-conditions.abr",
-                   "--npop", "60000", "--json"});
+// The start vector scores 4.1292, and this seed's first two generations end above it.
+TEST_F(Cli, SaysThatTheResultIsWorseThanTheStart) {
+  const std::string worse = "fit " + kExamples + "yeast-nine.abr " + kExamples +
+                            "yeast-nine-conditions.abr --iu 4321 --eps 1e-7 ";
+  const json fit = json::parse(RunCli(worse + "--json").out);
+  EXPECT_NEAR(fit.at("startScore"), 4.1292, 1e-4);
+  EXPECT_GT(fit.at("sumOfSquaredErrors"), fit.at("startScore"));
+  EXPECT_TRUE(
+      fit.at("remark").get<std::string>().starts_with("The result is worse than the start"));
+  const std::string text = RunCli(worse + "--language pt").out;
+  EXPECT_NE(text.find("\nSoma do quadrado dos erros dos valores iniciais = 4.129220059361717\n"
+                      "O resultado é pior que os valores iniciais;"),
+            std::string::npos);
+  EXPECT_FALSE(json::parse(RunCli("fit " + kBoth + "--json").out).contains("remark"));
+}
+
+// Cs^u is above the largest double, 1.8e308, where u is above 164.39; few of the vectors are.
+TEST_F(Cli, KeepsTheBestVectorBeforeAFault) {
+  const std::string moser = Conditions("moser.abr",
+                                       "--model Moser --product PAC --yields global "
+                                       "--fit MiMax=0.2:0.05:0.5 --fit Ks=10:1:4000 "
+                                       "--fit u=1:0.5:164.5");
+  const std::string fit = "fit " + kMolasses + moser + " --npop 300 --eps 1e-7 --iu 4000 ";
+  const std::string said =
+      "Estimate was not completed: overflow in the substrate power Cs^u (experiment 1, point 1 of "
+      "100), t = 0.0000 h";
+  const Ran ran = RunCli(fit + "--json --report " + (folder_ / "fit.rtf"));
+  EXPECT_EQ(ran.code, 4);
+  EXPECT_EQ(ran.err, "velmora-cli: " + said + "\n");
+  const json found = json::parse(ran.out);
+  EXPECT_EQ(found.at("outcome"), "fault");
+  EXPECT_EQ(found.at("fault"), said);
+  EXPECT_EQ(found.at("generations"), 2);
+  EXPECT_EQ(found.at("bestGeneration"), 2);
+  const std::string best = " --set MiMax=" + found.at("parameters").at(0).at("value").dump() +
+                           " --set Ks=" + found.at("parameters").at(1).at("value").dump() +
+                           " --set u=" + found.at("parameters").at(2).at("value").dump();
+  const json score = json::parse(RunCli("score " + kMolasses + moser + " --json" + best).out);
+  EXPECT_EQ(score.at("score"), found.at("sumOfSquaredErrors"));
+  EXPECT_NE(BytesOf(folder_ / "fit.rtf").find("are those of generation 2."), std::string::npos);
+
+  const Ran text = RunCli(fit);
+  EXPECT_EQ(text.code, 4);
+  EXPECT_TRUE(text.out.ends_with("The best values found before this are those of generation 2.\n"));
+}
+
+TEST_F(Cli, ReportsWhyOnePointGivesNoDeviations) {
+  const std::string table = folder_ / "one.csv", experiments = folder_ / "one.abr";
+  WriteFile(table, "t,Cs,Cx,Cp\n0,10,1,0\n");
+  ASSERT_EQ(RunCli("import " + table + " -o " + experiments).code, 0);
+  const std::string conditions = folder_ / "c.abr";
+  ASSERT_EQ(RunCli("conditions " + experiments +
+                   " --model Monod --product PAC --yields global --set Yxs=0.3 --set Yps=0.4 "
+                   "--set T=5 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50 -o " +
+                   conditions)
+                .code,
+            0);
+  const Ran ran =
+      RunCli("fit " + experiments + " " + conditions + " --report " + (folder_ / "fit.rtf"));
+  EXPECT_EQ(ran.code, 4);
+  EXPECT_NE(BytesOf(folder_ / "fit.rtf").find("The deviations could not be computed: the measured"),
+            std::string::npos);
+}
+
+/// A fit that scores its first population for `members` candidates' time.
+std::vector<std::string> LongFit(const std::string& members) {
+  return {
+      "fit",   kExamples + "molasses.abr", kExamples + "molasses-conditions.abr", "--npop", members,
+      "--json"};
+}
+
+void WaitUntil(const std::function<bool()>& holds) {
   const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-  while (!program.HearsInterrupt() && std::chrono::steady_clock::now() < end)
-    std::this_thread::yield();
-  program.Interrupt();
+  while (!holds() && std::chrono::steady_clock::now() < end) std::this_thread::yield();
+  ASSERT_TRUE(holds());
+}
+
+TEST_F(Cli, StopsOnASignalAndPrintsWhatItFound) {
+  for (const auto& [signal, code] :
+       {std::pair{SIGINT, 130}, std::pair{SIGTERM, 143}, std::pair{SIGHUP, 129}}) {
+    Program program(LongFit("60000"));
+    WaitUntil([&, heard = signal] { return program.Hears(heard); });
+    program.Send(signal);
+    const Ran ran = program.Wait();
+    EXPECT_EQ(ran.code, code) << ran.err;
+    const json fit = json::parse(ran.out);
+    EXPECT_EQ(fit.at("outcome"), "stopped");
+    // It stops before the first generation: only the initial population has been scored.
+    EXPECT_EQ(fit.at("functionCalls"), 60000);
+    EXPECT_GT(fit.at("parameters").at(0).at("value"), 0.05);
+  }
+}
+
+TEST_F(Cli, EndsAtOnceOnASecondSignal) {
+  Program program(LongFit("600000"));
+  WaitUntil([&] { return program.Hears(SIGINT); });
+  program.Send(SIGINT);
+  WaitUntil([&] { return !program.Hears(SIGINT); });
+  program.Send(SIGTERM);
   const Ran ran = program.Wait();
-  EXPECT_EQ(ran.code, 130) << ran.err;
-  const json fit = json::parse(ran.out);
-  EXPECT_EQ(fit.at("outcome"), "stopped");
-  // It stops before the first generation: only the initial population has been scored.
-  EXPECT_EQ(fit.at("functionCalls"), 60000);
-  EXPECT_GT(fit.at("parameters").at(0).at("value"), 0.05);
+  EXPECT_EQ(ran.signal, SIGTERM);
+  EXPECT_EQ(ran.out, "");
+}
+
+TEST_F(Cli, LeavesASignalIgnoredThatItWasStartedToIgnore) {
+  for (const int ignored : {SIGINT, SIGHUP}) {
+    Program program(LongFit("20000"), {ignored});
+    WaitUntil([&] { return program.Hears(SIGTERM); });
+    program.Send(ignored);
+    const Ran ran = program.Wait();
+    EXPECT_EQ(ran.code, 0);
+    EXPECT_EQ(json::parse(ran.out).at("outcome"), "converged");
+  }
+}
+
+// The report is written before the results, which wait here until the pipe is read.
+TEST_F(Cli, PrintsTheResultsOfASearchThatEndedBeforeCtrlC) {
+  FullPipe pipe;
+  const std::string report = folder_ / "fit.rtf";
+  std::vector<std::string> arguments = LongFit("100");
+  arguments.insert(arguments.end(), {"--report", report});
+  Program program(arguments, {0, pipe.WriteEnd()});
+  WaitUntil([&] { return !BytesOf(report).empty(); });
+  program.Send(SIGINT);
+  EXPECT_EQ(json::parse(pipe.Read()).at("outcome"), "converged");
+  EXPECT_EQ(program.Wait().code, 0);
+}
+
+TEST_F(Cli, WritesTheReportWhereNobodyReadsTheProgress) {
+  int ends[2];
+  ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+  close(ends[0]);
+  const std::string report = folder_ / "fit.rtf";
+  Program program({"fit", kExamples + "molasses.abr", kExamples + "molasses-conditions.abr",
+                   "--npop", "300", "--eps", "1e-7", "--progress", "--report", report},
+                  {0, ends[1]});
+  const Ran ran = program.Wait();
+  close(ends[1]);
+  EXPECT_EQ(ran.code, 3);
+  EXPECT_NE(ran.err.find("the output cannot be written"), std::string::npos) << ran.err;
+  EXPECT_NE(BytesOf(report).find("Estimate was not completed:"), std::string::npos);
 }
 
 }  // namespace
