@@ -16,12 +16,24 @@ constexpr const char* kAbout =
 constexpr const char* kFooter =
     "\n\"velmora-cli COMMAND --help\" explains a command. --language en|pt may stand anywhere.\n"
     "Numbers have a decimal point. Exit codes: 0 done, 1 refused by a rule, 2 usage, 3 a file\n"
-    "cannot be read or written, 4 an arithmetic fault, 130 stopped by Ctrl-C.";
+    "cannot be read or written, 4 an arithmetic fault; a fit that was stopped: 129 by SIGHUP,\n"
+    "130 by Ctrl-C, 143 by SIGTERM.";
+
+/// Of the commands that take experiments and conditions.
+std::string InputsFooter() {
+  return "\n--model takes the place of the conditions' own model, and --set gives the values that "
+         "the\n"
+         "conditions lack for it. NAME is one of " +
+         FittableNames() + ".";
+}
 
 std::string FitFooter() {
   return "\nSearches the parameters that the conditions file marks as fitted, between their "
-         "bounds.\n"
-         "Ctrl-C stops the search at its next generation; the results are printed all the same.";
+         "bounds;\n"
+         "--fit adds one, or gives one of them another start and other bounds. Ctrl-C, SIGTERM "
+         "and\n"
+         "SIGHUP stop the search at its next generation; the results are printed all the same.\n" +
+         InputsFooter();
 }
 
 std::string ConditionsFooter() {
@@ -57,20 +69,6 @@ struct Options {
   ConditionsOptions conditions;
 };
 
-void AddInputs(CLI::App& command, InputOptions& inputs) {
-  command.add_option("EXPERIMENTS", inputs.experiments, "experiment file")
-      ->required()
-      ->type_name("FILE.abr");
-  command.add_option("CONDITIONS", inputs.conditions, "conditions file")
-      ->required()
-      ->type_name("FILE.abr");
-}
-
-void AddModel(CLI::App& command, InputOptions& inputs) {
-  command.add_option("--model", inputs.model, "growth model to use instead of the file's")
-      ->type_name("MODEL");
-}
-
 void AddJson(CLI::App& command, bool& json) {
   command.add_flag("--json", json, "print JSON instead of text");
 }
@@ -81,40 +79,55 @@ CLI::Option* AddRepeated(CLI::App& command, const char* name, std::vector<std::s
   return command.add_option(name, texts, help)->allow_extra_args(false);
 }
 
+void AddFitted(CLI::App& command, std::vector<std::string>& fit) {
+  AddRepeated(command, "--fit", fit, "a parameter to fit")->type_name("NAME=START:LOWER:UPPER");
+}
+
 void AddOutput(CLI::App& command, std::string& output) {
   command.add_option("-o,--output", output, "file to write")->required()->type_name("FILE.abr");
 }
 
+void AddExperiments(CLI::App& command, std::string& experiments) {
+  command.add_option("EXPERIMENTS", experiments, "experiment file")
+      ->required()
+      ->type_name("FILE.abr");
+}
+
+/// A command that takes experiments and conditions.
+CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, InputOptions& inputs) {
+  CLI::App& command = *app.add_subcommand(name, about);
+  AddExperiments(command, inputs.experiments);
+  command.add_option("CONDITIONS", inputs.conditions, "conditions file")
+      ->required()
+      ->type_name("FILE.abr");
+  command.add_option("--model", inputs.model, "growth model to use instead of the file's")
+      ->type_name("MODEL");
+  AddRepeated(command, "--set", inputs.set, "value of a parameter in every experiment")
+      ->type_name("NAME=VALUE");
+  command.footer(InputsFooter());
+  return command;
+}
+
 void AddFit(CLI::App& app, FitOptions& fit) {
-  CLI::App* command = app.add_subcommand("fit", "fit the parameters and print their deviations");
-  AddInputs(*command, fit.inputs);
-  AddModel(*command, fit.inputs);
+  CLI::App& command =
+      AddCommand(app, "fit", "fit the parameters and print their deviations", fit.inputs);
+  AddFitted(command, fit.inputs.fit);
   for (std::size_t i = 0; i < kSettingOptions.size(); ++i)
-    command->add_option(kSettingOptions[i].option, fit.settings[i], kSettingOptions[i].help)
+    command.add_option(kSettingOptions[i].option, fit.settings[i], kSettingOptions[i].help)
         ->type_name("NUMBER");
-  command->add_flag("--progress", fit.progress, "print the results after every generation");
-  AddJson(*command, fit.json);
-  command->add_option("--report", fit.report, "also write a report as rich text")
+  command.add_flag("--progress", fit.progress, "print the results after every generation");
+  AddJson(command, fit.json);
+  command.add_option("--report", fit.report, "also write a report as rich text")
       ->type_name("FILE.rtf");
-  command->footer(FitFooter());
+  command.footer(FitFooter());
 }
 
 void AddSimulations(CLI::App& app, Options& options) {
-  CLI::App* simulate = app.add_subcommand("simulate", "integrate every experiment");
-  AddInputs(*simulate, options.simulate.inputs);
-  AddModel(*simulate, options.simulate.inputs);
-  AddJson(*simulate, options.simulate.json);
-
-  CLI::App* score = app.add_subcommand("score", "sum of squared errors at given values");
-  AddInputs(*score, options.score.inputs);
-  AddModel(*score, options.score.inputs);
-  AddRepeated(*score, "--set", options.score.set, "value of a parameter in every experiment")
-      ->type_name("NAME=VALUE");
-  AddJson(*score, options.score.json);
-  score->footer("\nNAME is one of " + FittableNames() + ".");
-
-  CLI::App* exported = app.add_subcommand("export", "computed curves as tab-separated text");
-  AddInputs(*exported, options.exported.inputs);
+  AddJson(AddCommand(app, "simulate", "integrate every experiment", options.simulate.inputs),
+          options.simulate.json);
+  AddJson(AddCommand(app, "score", "sum of squared errors at given values", options.score.inputs),
+          options.score.json);
+  AddCommand(app, "export", "computed curves as tab-separated text", options.exported.inputs);
 }
 
 void AddImport(CLI::App& app, ImportOptions& import) {
@@ -128,9 +141,7 @@ void AddImport(CLI::App& app, ImportOptions& import) {
 
 void AddConditions(CLI::App& app, ConditionsOptions& conditions) {
   CLI::App* command = app.add_subcommand("conditions", "make a conditions file for experiments");
-  command->add_option("EXPERIMENTS", conditions.experiments, "experiment file")
-      ->required()
-      ->type_name("FILE.abr");
+  AddExperiments(*command, conditions.experiments);
   command->add_option("--model", conditions.model, "growth model")->required()->type_name("MODEL");
   command
       ->add_option("--product", conditions.product,
@@ -146,8 +157,7 @@ void AddConditions(CLI::App& app, ConditionsOptions& conditions) {
       ->check(CLI::IsMember({"ED", "Manual"}).description(""))
       ->type_name("ED|Manual");
   AddRepeated(*command, "--set", conditions.set, "a value")->type_name("[PLACE:]NAME=VALUE");
-  AddRepeated(*command, "--fit", conditions.fit, "a parameter to fit")
-      ->type_name("NAME=START:LOWER:UPPER");
+  AddFitted(*command, conditions.fit);
   AddOutput(*command, conditions.output);
   command->footer(ConditionsFooter());
 }

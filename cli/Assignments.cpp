@@ -58,6 +58,26 @@ int TakePlace(std::string_view& name, const std::string& text, int experiments,
   return static_cast<int>(*place);
 }
 
+FitVariable RangeOf(const std::string& text, const Wording& say) {
+  const auto [name, values] = Split(text, '=');
+  const auto [start, bounds] = Split(values.value_or(""), ':');
+  const auto [lower, upper] = Split(bounds.value_or(""), ':');
+  if (!values || !bounds || !upper) FailUsage(say(TextId::Malformed, {kFit, text, kRangeForm}));
+  const std::optional<At> position = FittablePosition(name);
+  if (!position) FailUsage(say(TextId::UnknownName, {kFit, name, FittableNames()}));
+  const double first = NumberOf(kFit, start, say);
+  const FitVariable range{*position, NumberOf(kFit, lower, say), NumberOf(kFit, *upper, say),
+                          first};
+  if (range.start < 0 || range.lower < 0 || range.upper < 0)
+    FailUsage(say(TextId::Negative, {kFit, text}));
+  return range;
+}
+
+bool IsAmong(At position, const std::vector<FitVariable>& ranges) {
+  return std::any_of(ranges.begin(), ranges.end(),
+                     [=](const FitVariable& range) { return range.position == position; });
+}
+
 }  // namespace
 
 std::string FittableNames() {
@@ -98,19 +118,21 @@ Assignment ConditionAssignment(const std::string& text, int experiments, const W
   return {std::string(name), *position, number, place, text};
 }
 
-FitVariable RangeOf(const std::string& text, const Wording& say) {
-  const auto [name, values] = Split(text, '=');
-  const auto [start, bounds] = Split(values.value_or(""), ':');
-  const auto [lower, upper] = Split(bounds.value_or(""), ':');
-  if (!values || !bounds || !upper) FailUsage(say(TextId::Malformed, {kFit, text, kRangeForm}));
-  const std::optional<At> position = FittablePosition(name);
-  if (!position) FailUsage(say(TextId::UnknownName, {kFit, name, FittableNames()}));
-  const double first = NumberOf(kFit, start, say);
-  const FitVariable range{*position, NumberOf(kFit, lower, say), NumberOf(kFit, *upper, say),
-                          first};
-  if (range.start < 0 || range.lower < 0 || range.upper < 0)
-    FailUsage(say(TextId::Negative, {kFit, text}));
-  return range;
+std::vector<FitVariable> FittedRanges(const std::vector<std::string>& texts, const Wording& say) {
+  std::vector<FitVariable> ranges;
+  for (const std::string& text : texts) {
+    const FitVariable range = RangeOf(text, say);
+    if (IsAmong(range.position, ranges))
+      FailUsage(say(TextId::FittedTwice, {ParameterAt(range.position).name}));
+    ranges.push_back(range);
+  }
+  return ranges;
+}
+
+void RequireNotFitted(const std::vector<Assignment>& values, const std::vector<FitVariable>& fitted,
+                      const Wording& say) {
+  for (const Assignment& value : values)
+    if (IsAmong(value.position, fitted)) FailUsage(say(TextId::SetAndFitted, {value.name}));
 }
 
 }  // namespace velmora::cli

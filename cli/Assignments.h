@@ -31,7 +31,10 @@ double NumberOf(std::string_view option, std::string_view text, const Wording& s
 Assignment FittableAssignment(const std::string& text, const Wording& say);
 /// --set with any name of a conditions value, for places 0..`experiments`; not negative.
 Assignment ConditionAssignment(const std::string& text, int experiments, const Wording& say);
-/// --fit NAME=START:LOWER:UPPER; nothing negative.
-FitVariable RangeOf(const std::string& text, const Wording& say);
+/// Each --fit NAME=START:LOWER:UPPER; nothing negative, no name twice.
+std::vector<FitVariable> FittedRanges(const std::vector<std::string>& texts, const Wording& say);
+/// No value that is set may be fitted too.
+void RequireNotFitted(const std::vector<Assignment>& values, const std::vector<FitVariable>& fitted,
+                      const Wording& say);
 
 }  // namespace velmora::cli

@@ -65,12 +65,10 @@ ExitCode Run(const ExportOptions& options, const Console& console);
 
 struct ScoreOptions {
   InputOptions inputs;
-  std::vector<std::string> set;  // NAME=VALUE, for every experiment
   bool json = false;
 };
 
-/// Prints the sum of squared errors at the values in the file, or those set, with the share of each
-/// experiment's variables.
+/// Prints the sum of squared errors, with the share of each experiment's variables.
 ExitCode Run(const ScoreOptions& options, const Console& console);
 
 /// The options that state the seven settings of a search.
@@ -89,6 +87,8 @@ inline constexpr std::array<SettingOption, 7> kSettingOptions = {
      {"--iu", &TypedSettings::IU, "seed of the random numbers, 1000 to 9999 (default 5471)"}}};
 
 struct FitOptions {
+  FitOptions() { inputs.fits = true; }
+
   InputOptions inputs;
   std::array<std::optional<std::string>, kSettingOptions.size()> settings;  // as typed
   bool progress = false;
@@ -97,7 +97,8 @@ struct FitOptions {
 };
 
 /// Checks settings, files and fit set-up, searches, and prints the results with their deviations.
-/// Ctrl-C ends the search at its next generation; the results are printed all the same.
+/// Ctrl-C, SIGTERM and SIGHUP end the search at its next generation; the results are printed all
+/// the same.
 ExitCode Run(const FitOptions& options, const Console& console);
 
 }  // namespace velmora::cli

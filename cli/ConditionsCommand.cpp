@@ -35,16 +35,10 @@ void RequireUse(const Plan& plan, const Assignment& assignment, const Wording& s
 }
 
 void TickFitRow(const FitVariable& range, Plan& plan, const Wording& say) {
-  const At position = range.position;
-  const std::string_view name = ParameterAt(position).name;
-  cli::RequireUse(plan.model, position, say);
-  const auto isSet = [at = position](const Assignment& a) { return a.position == at; };
-  if (std::any_of(plan.assignments.begin(), plan.assignments.end(), isSet))
-    throw Failure{ExitCode::Usage, say(TextId::SetAndFitted, {name})};
-  FitRow& row = plan.form.fit[static_cast<std::size_t>(FittableIndex(position))];
-  if (row.ticked) throw Failure{ExitCode::Usage, say(TextId::FittedTwice, {name})};
+  cli::RequireUse(plan.model, range.position, say);
+  FitRow& row = plan.form.fit[static_cast<std::size_t>(FittableIndex(range.position))];
   row = {true, Entry::Of(range.lower, '.'), Entry::Of(range.upper, '.')};
-  plan.form.At(position) = Entry::Of(range.start, '.');
+  plan.form.At(range.position) = Entry::Of(range.start, '.');
 }
 
 Plan PlanOf(const ConditionsOptions& options, int experiments, const Wording& say) {
@@ -59,7 +53,9 @@ Plan PlanOf(const ConditionsOptions& options, int experiments, const Wording& sa
   std::stable_partition(plan.assignments.begin(), plan.assignments.end(),
                         [](const Assignment& assignment) { return assignment.place == 0; });
   for (const Assignment& assignment : plan.assignments) RequireUse(plan, assignment, say);
-  for (const std::string& text : options.fit) TickFitRow(RangeOf(text, say), plan, say);
+  const std::vector<FitVariable> ranges = FittedRanges(options.fit, say);
+  for (const FitVariable& range : ranges) TickFitRow(range, plan, say);
+  RequireNotFitted(plan.assignments, ranges, say);
   return plan;
 }
 

@@ -18,13 +18,15 @@ namespace velmora::cli {
 struct InputOptions {
   std::string experiments;
   std::string conditions;
-  std::optional<std::string> model;  // replaces the switches of every row
+  std::optional<std::string> model;  // to use in place of the conditions' own
+  std::vector<std::string> set;      // NAME=VALUE, for every experiment
+  std::vector<std::string> fit;      // NAME=START:LOWER:UPPER
+  bool fits = false;                 // the command takes `fit`
 };
 
 struct Inputs {
   ExperimentLists lists;
   CultivationConditions conditions;
-  const Model* model = nullptr;  // where the command line names one
 
   int Count() const { return lists.Count(); }
 };
@@ -41,8 +43,9 @@ bool HasBatchLine(std::string_view bytes);
 /// The experiments of a file; throws a `Failure` (File) where it cannot be read.
 ExperimentLists LoadExperiments(const std::string& path, const Wording& say);
 
-/// Reads both files and puts the switches of the named model, if any, into every row. A fitted
-/// parameter that it does not use is refused.
+/// Reads both files and puts the named model, the values and the fitted parameters of the command
+/// line into the conditions. Refused are a parameter that the model does not use, and one that it
+/// needs and that has no value: what a row holds where its own model uses nothing is none.
 Inputs LoadInputs(const InputOptions& options, const Wording& say);
 
 /// The model with this name; throws a `Failure` (Usage) where there is none.

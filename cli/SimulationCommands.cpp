@@ -2,7 +2,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "cli/Assignments.h"
 #include "cli/Commands.h"
 #include "cli/Json.h"
 #include "cultivation/FitSetUp.h"
@@ -14,12 +13,6 @@ namespace velmora::cli {
 namespace {
 
 constexpr Decimals kEight{8, 8};
-
-void SetInEveryRow(const Assignment& assignment, Inputs& inputs, const Wording& say) {
-  if (inputs.model != nullptr) RequireUse(*inputs.model, assignment.position, say);
-  for (int place = 1; place <= inputs.Count(); ++place)
-    inputs.conditions.At(place).row[assignment.position] = assignment.value;
-}
 
 std::string TableOf(const SimulatedFit& fit, const ExperimentLists& lists, const Wording& say) {
   constexpr std::size_t kWidth = 14;
@@ -100,13 +93,8 @@ std::string TextOf(const std::vector<PlacedCurve>& curves, const Wording& say) {
 }  // namespace
 
 ExitCode Run(const ScoreOptions& options, const Console& console) {
-  std::vector<Assignment> assignments;
-  for (const std::string& text : options.set)
-    assignments.push_back(FittableAssignment(text, console.say));
-  Inputs inputs = LoadInputs(options.inputs, console.say);
+  const Inputs inputs = LoadInputs(options.inputs, console.say);
   RequireCultivation(inputs, console.say);
-  for (const Assignment& assignment : assignments) SetInEveryRow(assignment, inputs, console.say);
-
   WarnOfUnscaled(inputs.lists, console);
   try {
     const SimulatedFit fit =

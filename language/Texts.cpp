@@ -351,6 +351,8 @@ constexpr auto kTable = std::to_array<Entry>({
     // Rules that only the command line has.
     {TextId::ModelLacks, "the model {1} has no parameter {2}; its parameters are {3}", "o modelo {1} não tem o parâmetro {2}; seus parâmetros são {3}"},
     {TextId::ValueMissing, "the model {1} needs {2}: give --set {2}=VALUE or --fit {2}=START:LOWER:UPPER", "o modelo {1} precisa de {2}: dê --set {2}=VALOR ou --fit {2}=INICIAL:INFERIOR:SUPERIOR"},
+    {TextId::ValueNotSet, "the model {1} needs {2}: give --set {2}=VALUE", "o modelo {1} precisa de {2}: dê --set {2}=VALOR"},
+    {TextId::ModelNotTold, "{1} cannot be given: the conditions do not tell their model; name it with --model", "{1} não pode ser dado: as condições não dizem qual é o seu modelo; indique-o com --model"},
     {TextId::AlfaDecided, "Alfa cannot be set here: global yields make it Yps/Yxs, and PNAC makes it 0", "Alfa não pode ser fixado aqui: com rendimentos globais vale Yps/Yxs e com PNAC vale 0"},
     {TextId::BetaNotOffered, "{1} cannot be set with PAC, where production goes with growth alone", "{1} não pode ser fixado com PAC, em que a produção só acompanha o crescimento"},
     {TextId::TooManyExperiments, "the file has {1} experiments; at most {2} take part in a cultivation", "o arquivo tem {1} experimentos; um cultivo admite no máximo {2}"},

@@ -223,6 +223,8 @@ enum class TextId : std::int16_t {
   // Rules that only the command line has.
   ModelLacks,
   ValueMissing,
+  ValueNotSet,
+  ModelNotTold,
   AlfaDecided,
   BetaNotOffered,
   TooManyExperiments,

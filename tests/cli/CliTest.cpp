@@ -235,6 +235,51 @@ TEST_F(Cli, RefusesToFitASimulation) {
   EXPECT_EQ(RunCli("simulate " + kMolasses + manual).code, 0);
 }
 
+TEST_F(Cli, AsksForWhatAnotherModelNeeds) {
+  const std::string andrews = " --model Andrews-Hoppe ", give = "the model Andrews-Hoppe needs Ki";
+  for (const std::string command : {"score ", "simulate ", "export "}) {
+    ExpectRefusal(command + kBoth + andrews, 1, give + "s: give --set Kis=VALUE\n");
+    ExpectRefusal(command + kBoth + andrews + "--set Kis=50", 1,
+                  give + "p: give --set Kip=VALUE\n");
+  }
+  ExpectRefusal("fit " + kBoth + andrews + "--set Kis=50", 1,
+                give + "p: give --set Kip=VALUE or --fit Kip=START:LOWER:UPPER\n");
+
+  // The same values in a conditions file of that model.
+  const std::string saved =
+      Conditions("andrews.abr",
+                 "--model Andrews-Hoppe --product PAC --yields global "
+                 "--set MiMax=0.2 --set Ks=10 --set Kis=50 --fit Kip=30:1:90");
+  const std::string values = andrews + "--set Kis=50 --set Kip=30 ";
+  EXPECT_EQ(RunCli("export " + kBoth + values).out, RunCli("export " + kMolasses + saved).out);
+  EXPECT_EQ(RunCli("score " + kBoth + values).out, RunCli("score " + kMolasses + saved).out);
+
+  const Ran ran = RunCli("fit " + kBoth + andrews +
+                         "--fit Kip=30:1:90 --fit Kis=50:20:80 --fit Ks=12:11:13 --json");
+  EXPECT_EQ(ran.code, 0) << ran.err;
+  const json fit = json::parse(ran.out);
+  std::string fitted;
+  for (const json& parameter : fit.at("parameters"))
+    fitted += parameter.at("name").get<std::string>() + parameter.at("start").dump() + ":" +
+              parameter.at("lower").dump() + ":" + parameter.at("upper").dump() + " ";
+  EXPECT_EQ(fitted, "MiMax0.2:0.05:0.5 Ks12:11:13 Kis50:20:80 Kip30:1:90 ");
+}
+
+TEST_F(Cli, RefusesWhatTheModelInTheFileDoesNotUse) {
+  for (const std::string command : {"score ", "simulate ", "export ", "fit "})
+    ExpectRefusal(command + kBoth + "--set Kip=3", 1, "the model Monod has no parameter Kip");
+  ExpectRefusal("fit " + kBoth + "--fit Kip=3:1:9", 1, "the model Monod has no parameter Kip");
+  ExpectRefusal("fit " + kBoth + "--set Ks=3", 2, "Ks is both set and fitted");
+  ExpectRefusal("fit " + kBoth + "--fit Ks=3:1:9 --fit Ks=3:1:9", 2, "Ks is given twice");
+  // The switches are those of two models, and no name tells of which.
+  const std::string nameless = folder_ / "nameless.abr";
+  WriteFile(nameless, Replaced("molasses-conditions.abr", "\r\nMonod\r\n", "\r\n-\r\n"));
+  ExpectRefusal("score " + kMolasses + nameless + " --set u=2", 1, "name it with --model");
+  ExpectRefusal("score " + kMolasses + nameless + " --model Moser", 1, "the model Moser needs u");
+  EXPECT_EQ(RunCli("score " + kMolasses + nameless + " --set Ks=10").out,
+            RunCli("score " + kBoth).out);
+}
+
 // The start vector scores 4.1292, and this seed's first two generations end above it.
 TEST_F(Cli, SaysThatTheResultIsWorseThanTheStart) {
   const std::string worse = "fit " + kExamples + "yeast-nine.abr " + kExamples +
