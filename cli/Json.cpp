@@ -4,7 +4,6 @@
 #include <nlohmann/json.hpp>
 
 #include "estimation/ResultTexts.h"
-#include "kinetics/Parameters.h"
 #include "language/Numbers.h"
 
 namespace velmora::cli {
