@@ -14,9 +14,9 @@
 #include "app/charts/ChartOutput.h"
 #include "app/charts/ChartView.h"
 #include "app/charts/LegendView.h"
-#include "app/charts/ZoomIcons.h"
 #include "app/charts/dlgIntervalos.h"
 #include "app/charts/dlgTituloGrafico.h"
+#include "app/widgets/Icons.h"
 #include "app/widgets/Idiomas.h"
 #include "data/FileFault.h"
 #include "data/SafeSave.h"
@@ -36,20 +36,24 @@ const QString kRowWord = QStringLiteral("Exp.");
 constexpr const char* kCannotBeSized =
     "Erro ao dimensionar imagem. Abra novamente a janela de Zoom.";
 
+enum class ZoomAction : std::uint8_t { Title, Legend, GridLines, Range, Copy, Save, Print, Close };
+
 struct Button {
   ZoomAction action;
   const char* name;
+  Symbol symbol;
   bool toggles;
   bool startsGroup;
 };
-constexpr Button kButtonTable[] = {{ZoomAction::Title, "cmdInsTitulo", true, false},
-                                   {ZoomAction::Legend, "cmdInsLegenda", true, false},
-                                   {ZoomAction::GridLines, "cmdInsLinhas", true, false},
-                                   {ZoomAction::Range, "cmdInsInterv", false, false},
-                                   {ZoomAction::Copy, "cmdCopiar", false, true},
-                                   {ZoomAction::Save, "cmdSalvar", false, false},
-                                   {ZoomAction::Print, "cmdImprimir", false, false},
-                                   {ZoomAction::Close, "cmdFechar", false, true}};
+constexpr Button kButtonTable[] = {
+    {ZoomAction::Title, "cmdInsTitulo", Symbol::Title, true, false},
+    {ZoomAction::Legend, "cmdInsLegenda", Symbol::Legend, true, false},
+    {ZoomAction::GridLines, "cmdInsLinhas", Symbol::Grid, true, false},
+    {ZoomAction::Range, "cmdInsInterv", Symbol::Range, false, false},
+    {ZoomAction::Copy, "cmdCopiar", Symbol::Copy, false, true},
+    {ZoomAction::Save, "cmdSalvar", Symbol::Diskette, false, false},
+    {ZoomAction::Print, "cmdImprimir", Symbol::Printer, false, false},
+    {ZoomAction::Close, "cmdFechar", Symbol::Close, false, true}};
 
 struct Chart {
   const char* name;
@@ -109,7 +113,7 @@ void frmZoom::BuildButtons() {
   for (const Button& each : kButtonTable) {
     auto* const button = new QToolButton(this);
     button->setObjectName(QLatin1StringView(each.name));
-    button->setIcon(IconOf(each.action, palette()));
+    button->setIcon(DrawnIcon(each.symbol));
     button->setIconSize(QSize(kIconSize, kIconSize));
     button->setFocusPolicy(Qt::StrongFocus);
     button->setAutoRaise(true);

@@ -3,7 +3,7 @@
 #include <QVBoxLayout>
 
 #include "app/charts/LegendView.h"
-#include "app/cultivation/PanelParts.h"
+#include "app/widgets/PanelParts.h"
 
 namespace velmora {
 namespace {

@@ -6,8 +6,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "app/cultivation/PanelParts.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 
 namespace velmora {
 namespace {

@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "app/cultivation/NumberBox.h"
-#include "app/cultivation/PanelParts.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 
 namespace velmora {
 namespace {

@@ -4,8 +4,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
-#include "app/cultivation/PanelParts.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 
 namespace velmora {
 namespace {

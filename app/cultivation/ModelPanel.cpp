@@ -5,8 +5,8 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
-#include "app/cultivation/PanelParts.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 
 namespace velmora {
 namespace {

@@ -4,8 +4,8 @@
 #include <QGridLayout>
 #include <QVBoxLayout>
 
-#include "app/cultivation/PanelParts.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 #include "kinetics/Modelos.h"
 
 namespace velmora {

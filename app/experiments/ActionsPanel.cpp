@@ -8,6 +8,7 @@
 #include <limits>
 
 #include "app/experiments/WholeNumberBox.h"
+#include "app/widgets/Icons.h"
 
 namespace velmora {
 namespace {
@@ -22,15 +23,16 @@ constexpr int kGroupSpacing = 18;  // px, between groups of buttons
 struct ButtonRow {
   ExperimentAction action;
   const char* name;
+  Symbol symbol;
 };
-constexpr std::array<ButtonRow, 8> kButtons = {{{Insert, "cmdInserir"},
-                                                {Save, "cmdSalvar"},
-                                                {Clear, "cmdLimparTexto"},
-                                                {ViewGraphs, "cmdGrafico"},
-                                                {GridLines, "cdmLinhasGrade"},
-                                                {Legend, "cdmLegenda"},
-                                                {Delete, "cmdExcluir"},
-                                                {NextStep, "cdmNextEtapa"}}};
+constexpr std::array<ButtonRow, 8> kButtons = {{{Insert, "cmdInserir", Symbol::NewSheet},
+                                                {Save, "cmdSalvar", Symbol::Diskette},
+                                                {Clear, "cmdLimparTexto", Symbol::Eraser},
+                                                {ViewGraphs, "cmdGrafico", Symbol::GrowthCurve},
+                                                {GridLines, "cdmLinhasGrade", Symbol::Grid},
+                                                {Legend, "cdmLegenda", Symbol::Legend},
+                                                {Delete, "cmdExcluir", Symbol::Bin},
+                                                {NextStep, "cdmNextEtapa", Symbol::NextStep}}};
 
 const QString kNextStepLook = QStringLiteral(
     "QToolButton { background: #2e8b57; border: 1px solid #226b42; border-radius: 5px; "
@@ -50,7 +52,7 @@ void ActionsPanel::BuildButtons() {
   for (const ButtonRow& row : kButtons) {
     auto* const button = new QToolButton(this);
     button->setObjectName(QLatin1StringView(row.name));
-    button->setIcon(IconOf(row.action, palette()));
+    button->setIcon(DrawnIcon(row.symbol));
     button->setIconSize(QSize(kIconSize, kIconSize));
     button->setFocusPolicy(Qt::StrongFocus);
     button->setAutoRaise(row.action != NextStep);

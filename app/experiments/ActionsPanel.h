@@ -3,8 +3,7 @@
 
 #include <QWidget>
 #include <array>
-
-#include "app/experiments/ExperimentIcons.h"
+#include <cstdint>
 
 class QBoxLayout;
 class QLineEdit;
@@ -12,6 +11,17 @@ class QRadioButton;
 class QToolButton;
 
 namespace velmora {
+
+enum class ExperimentAction : std::uint8_t {
+  Insert,
+  Save,
+  Clear,
+  ViewGraphs,
+  GridLines,
+  Legend,
+  Delete,
+  NextStep,
+};
 
 class ActionsPanel : public QWidget {
   Q_OBJECT

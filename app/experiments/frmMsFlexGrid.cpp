@@ -9,7 +9,6 @@
 #include <utility>
 
 #include "app/charts/LegendView.h"
-#include "app/experiments/ActionsPanel.h"
 #include "app/experiments/DisplayPanel.h"
 #include "app/experiments/EntryPanel.h"
 #include "app/experiments/ExperimentGridView.h"

@@ -5,14 +5,13 @@
 #include <QString>
 #include <QWidget>
 
-#include "app/experiments/ExperimentIcons.h"
+#include "app/experiments/ActionsPanel.h"
 #include "app/widgets/Dialogs.h"
 #include "data/FileFault.h"
 #include "session/Session.h"
 
 namespace velmora {
 
-class ActionsPanel;
 class DisplayPanel;
 class EntryPanel;
 class LegendView;

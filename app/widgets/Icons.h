@@ -1,4 +1,4 @@
-// The drawn icons of the cultivation window.
+// The drawn icons of all windows' buttons.
 #pragma once
 
 #include <QIcon>
@@ -6,13 +6,30 @@
 
 namespace velmora {
 
+/// What is drawn. The first group takes the desktop's colour of button texts, the second has an ink
+/// of its own.
 enum class Symbol : std::uint8_t {
+  // Experiments and charts.
+  NewSheet,
+  Diskette,
+  Eraser,
+  GrowthCurve,
+  Grid,
+  Legend,
+  Bin,
+  NextStep,  // a white arrow: its button is filled
+  Title,
+  Range,
+  Copy,
+  Printer,
+  Close,
+  // The cultivation window.
   Back,      // to the experiments window
   Previous,  // experiment
   Next,      // experiment
   Unlock,    // a choice that was fixed
   Confirm,   // the model: a green tick
-  Save,
+  Save,      // the conditions
   Start,
   Stop,
   Clear,    // the results

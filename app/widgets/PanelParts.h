@@ -1,4 +1,4 @@
-// The small parts from which the cultivation window's panels are laid out.
+// The small parts from which panels are laid out.
 #pragma once
 
 #include <QGroupBox>
@@ -6,7 +6,7 @@
 #include <QLayout>
 #include <QToolButton>
 
-#include "app/cultivation/CultivationIcons.h"
+#include "app/widgets/Icons.h"
 
 namespace velmora {
 
