@@ -1,9 +1,17 @@
-// A chart that leaves the program as a picture: for the clipboard, or a bitmap file.
+// A chart that leaves the program: as a picture for the clipboard or a bitmap file, or on paper.
 #pragma once
 
 #include <QByteArray>
 #include <QImage>
+#include <QString>
+#include <cstdint>
+#include <vector>
 
+#include "app/charts/LegendView.h"
+#include "charts/ChartContent.h"
+
+class QPainter;
+class QPrinter;
 class QWidget;
 
 namespace velmora {
@@ -17,5 +25,36 @@ void CopyPicture(const QImage& picture);
 
 /// The picture as a bitmap file.
 QByteArray BitmapOf(const QImage& picture);
+
+/// A chart on paper: the chart, then its legend.
+struct ChartPage {
+  ChartContent chart;
+  double proportion = 1.5;  // of the chart: width over height
+  QString legendHeading;
+  QString legendRowWord;          // before each number
+  std::vector<LegendRow> legend;  // empty where the chart is printed alone
+};
+
+/// Paints the page on the painter's device: the chart as large as width and height allow, the
+/// legend below it. Sizes of lines and letters are in points, whatever the device's resolution.
+void PaintPage(QPainter& painter, const ChartPage& page);
+
+/// The page as a PDF file of one A4 sheet.
+QByteArray PdfOf(const ChartPage& page);
+
+/// The way to the system's printers, which a test goes by itself.
+class PrintDesk {
+ public:
+  virtual ~PrintDesk() = default;
+  /// Whether the system knows a printer.
+  virtual bool HasPrinter() const;
+  /// Shows the system's print dialog; false where the user cancels.
+  virtual bool Choose(QPrinter& printer, QWidget* owner);
+};
+
+enum class PrintOutcome : std::uint8_t { Sent, Cancelled, NoPrinter, Refused };
+
+/// Sends the page to the printer that the user chooses. Refused: the printer cannot be drawn on.
+PrintOutcome PrintPage(const ChartPage& page, PrintDesk& desk, QWidget* owner);
 
 }  // namespace velmora

@@ -36,7 +36,7 @@ LegendView::LegendView(QString imageFolder, QWidget* parent)
   setAutoFillBackground(true);
   setBackgroundRole(QPalette::Base);
   heading_ = new QLabel(this);
-  heading_->setObjectName(QStringLiteral("lblTituloLegenda"));
+  heading_->setObjectName(QStringLiteral("Label15"));
   heading_->setWordWrap(true);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(6, 4, 6, 4);
@@ -47,10 +47,6 @@ LegendView::LegendView(QString imageFolder, QWidget* parent)
   rows_->setVerticalSpacing(2);
   column->addLayout(rows_);
   column->addStretch();
-}
-
-void LegendView::SetHeading(const QString& text) {
-  heading_->setText(text);
 }
 
 void LegendView::SetRows(const std::vector<LegendRow>& rows) {

@@ -28,7 +28,6 @@ class LegendView : public QFrame {
  public:
   LegendView(QString imageFolder, QWidget* parent = nullptr);
 
-  void SetHeading(const QString& text);
   /// The heading, where the string table captions it by its name.
   QLabel& Heading() const { return *heading_; }
   /// A word before the number of each of the rows that are set from now on.

@@ -7,9 +7,7 @@
 #include "charts/AxisScaling.h"
 #include "session/Session.h"
 
-class QLabel;
 class QLineEdit;
-class QPushButton;
 
 namespace velmora {
 
@@ -26,27 +24,17 @@ class dlgIntervalos : public QDialog {
   /// The confirmed range.
   const TimeInterval& Interval() const { return interval_; }
 
- protected:
-  void changeEvent(QEvent* event) override;
-
  private:
-  void BuildPanels();
-  void LayOut();
-  void Wire();
+  void Build();
   void ShowInterval();
-
   void Confirm();
 
   const Session& session_;
   Dialogs& dialogs_;
   TimeInterval measured_;
   TimeInterval interval_;
-  QLabel* lblMinTempo_ = nullptr;
-  QLabel* lblMaxTempo_ = nullptr;
   QLineEdit* txtMinT_ = nullptr;
   QLineEdit* txtMaxT_ = nullptr;
-  QPushButton* ok_ = nullptr;
-  QPushButton* cancel_ = nullptr;
 };
 
 }  // namespace velmora

@@ -6,7 +6,6 @@
 #include "session/Session.h"
 
 class QLineEdit;
-class QPushButton;
 
 namespace velmora {
 
@@ -19,18 +18,8 @@ class dlgTituloGrafico : public QDialog {
   /// The typed title, less the blanks around it.
   QString Title() const;
 
- protected:
-  void changeEvent(QEvent* event) override;
-
  private:
-  void BuildPanels();
-  void LayOut();
-  void Wire();
-
-  const Session& session_;
-  QLineEdit* txtTitulo_ = nullptr;
-  QPushButton* ok_ = nullptr;
-  QPushButton* cancel_ = nullptr;
+  QLineEdit* txtTitulo_;
 };
 
 }  // namespace velmora

@@ -5,7 +5,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QResizeEvent>
-#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
@@ -14,10 +13,12 @@
 #include "app/charts/ChartOutput.h"
 #include "app/charts/ChartView.h"
 #include "app/charts/LegendView.h"
+#include "app/charts/PlotsPanel.h"
+#include "app/charts/ZoomButtons.h"
 #include "app/charts/dlgIntervalos.h"
 #include "app/charts/dlgTituloGrafico.h"
-#include "app/widgets/Icons.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 #include "data/FileFault.h"
 #include "data/SafeSave.h"
 #include "language/Numbers.h"
@@ -27,7 +28,7 @@ namespace {
 constexpr int kDecimals = 4;  // of the coordinates
 
 constexpr QSize kUsualSize(900, 600);
-constexpr int kIconSize = 24, kMargin = 8, kGroupSpacing = 18, kLegendMargin = 12;  // px
+constexpr int kMargin = 8, kLegendMargin = 12;  // px
 constexpr int kCoordinateLetters = 14;
 
 // "Exp." is short for the word in both languages.
@@ -35,32 +36,6 @@ const QString kRowWord = QStringLiteral("Exp.");
 
 constexpr const char* kCannotBeSized =
     "Erro ao dimensionar imagem. Abra novamente a janela de Zoom.";
-
-enum class ZoomAction : std::uint8_t { Title, Legend, GridLines, Range, Copy, Save, Print, Close };
-
-struct Button {
-  ZoomAction action;
-  const char* name;
-  Symbol symbol;
-  bool toggles;
-  bool startsGroup;
-};
-constexpr Button kButtonTable[] = {
-    {ZoomAction::Title, "cmdInsTitulo", Symbol::Title, true, false},
-    {ZoomAction::Legend, "cmdInsLegenda", Symbol::Legend, true, false},
-    {ZoomAction::GridLines, "cmdInsLinhas", Symbol::Grid, true, false},
-    {ZoomAction::Range, "cmdInsInterv", Symbol::Range, false, false},
-    {ZoomAction::Copy, "cmdCopiar", Symbol::Copy, false, true},
-    {ZoomAction::Save, "cmdSalvar", Symbol::Diskette, false, false},
-    {ZoomAction::Print, "cmdImprimir", Symbol::Printer, false, false},
-    {ZoomAction::Close, "cmdFechar", Symbol::Close, false, true}};
-
-struct Chart {
-  const char* name;
-  PlotVariable variable;
-};
-constexpr Chart kCharts[] = {
-    {"picCs", PlotVariable::Cs}, {"picCx", PlotVariable::Cx}, {"picCp", PlotVariable::Cp}};
 
 /// Where a legend stands in a chart that was resized: at the same share of the room around it.
 int SameShare(int at, int roomBefore, int room) {
@@ -91,63 +66,29 @@ frmZoom::frmZoom(const Session& session, Dialogs& dialogs, PlotVariable variable
 frmZoom::~frmZoom() = default;
 
 void frmZoom::BuildPanels() {
-  BuildButtons();
-  picZoom_ = new ChartView(this);
-  picZoom_->setObjectName(QStringLiteral("picZoom"));
+  buttons_ = new ZoomButtons(this);
+  picZoom_ = Named<ChartView>("picZoom", this);
   picZoom_->setAccessibleName(QString::fromStdString(PlotTitle(variable_)));
   picZoom_->SetStyle({PointStyle::Markers, 1, 0});
   picZoom_->setCursor(Qt::CrossCursor);
   BuildLegend();
-  picHidden_ = NewLabel("picHidden");
+  picHidden_ = Named<QLabel>("picHidden", this);
   picHidden_->hide();
-  lblTempo_ = NewLabel("lblTempo");
-  lblX_ = NewLabel("lblX");
-  lblVariavel_ = NewLabel("lblVariavel");
+  lblTempo_ = Named<QLabel>("lblTempo", this);
+  lblX_ = Named<QLabel>("lblX", this);
+  lblVariavel_ = Named<QLabel>("lblVariavel", this);
   lblVariavel_->setText(QString::fromStdString(PlotTitle(variable_).substr(0, 2)) +
                         QLatin1Char(':'));
-  lblY_ = NewLabel("lblY");
-}
-
-void frmZoom::BuildButtons() {
-  static_assert(std::size(kButtonTable) == kButtons);
-  for (const Button& each : kButtonTable) {
-    auto* const button = new QToolButton(this);
-    button->setObjectName(QLatin1StringView(each.name));
-    button->setIcon(DrawnIcon(each.symbol));
-    button->setIconSize(QSize(kIconSize, kIconSize));
-    button->setFocusPolicy(Qt::StrongFocus);
-    button->setAutoRaise(true);
-    button->setCheckable(each.toggles);
-    buttons_[static_cast<std::size_t>(each.action)] = button;
-  }
+  lblY_ = Named<QLabel>("lblY", this);
 }
 
 void frmZoom::BuildLegend() {
   picLegenda_ = new LegendView(ProgramFolder(), picZoom_);
-  picLegenda_->setObjectName(QStringLiteral("picLegenda"));
   picLegenda_->Heading().setObjectName(QStringLiteral("lblLegenda"));
   picLegenda_->setCursor(Qt::SizeAllCursor);
   picLegenda_->SetRowWord(kRowWord);
   picLegenda_->SetRows(LegendRows(lists_));
   picLegenda_->hide();
-}
-
-QLabel* frmZoom::NewLabel(const char* name) {
-  auto* const label = new QLabel(this);
-  label->setObjectName(QLatin1StringView(name));
-  return label;
-}
-
-QWidget* frmZoom::ButtonRow() {
-  auto* const panel = new QWidget(this);
-  auto* const row = new QHBoxLayout(panel);
-  row->setContentsMargins({});
-  for (const Button& each : kButtonTable) {
-    if (each.startsGroup) row->addSpacing(kGroupSpacing);
-    if (each.action == ZoomAction::Close) row->addStretch();
-    row->addWidget(buttons_[static_cast<std::size_t>(each.action)]);
-  }
-  return panel;
 }
 
 QWidget* frmZoom::CoordinateRow() {
@@ -167,33 +108,37 @@ void frmZoom::LayOut() {
   auto* const whole = new QVBoxLayout(this);
   whole->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   whole->setSpacing(kMargin);
-  whole->addWidget(ButtonRow());
+  whole->addWidget(buttons_);
   whole->addWidget(picZoom_, 1);
   whole->addWidget(CoordinateRow());
   resize(kUsualSize);
 }
 
 void frmZoom::Wire() {
-  struct Command {
-    ZoomAction action;
-    void (frmZoom::*run)();
-  };
-  constexpr Command kCommands[] = {
-      {ZoomAction::Title, &frmZoom::ToggleTitle},
-      {ZoomAction::Legend, &frmZoom::ToggleLegend},
-      {ZoomAction::GridLines, &frmZoom::ToggleGridLines},
-      {ZoomAction::Range, &frmZoom::AskInterval},
-      {ZoomAction::Copy, &frmZoom::CopyChart},
-      {ZoomAction::Save, &frmZoom::SaveChart},
-      {ZoomAction::Print, &frmZoom::PrintChart},
-  };
-  for (const Command& command : kCommands)
-    connect(buttons_[static_cast<std::size_t>(command.action)], &QToolButton::clicked, this,
-            command.run);
-  connect(buttons_[static_cast<std::size_t>(ZoomAction::Close)], &QToolButton::clicked, this,
-          &frmZoom::close);
+  connect(buttons_, &ZoomButtons::Wanted, this, &frmZoom::Do);
   connect(picZoom_, &ChartView::PointedAt, this, &frmZoom::ShowPoint);
   picZoom_->installEventFilter(this);
+}
+
+void frmZoom::Do(ZoomAction action) {
+  switch (action) {
+    case ZoomAction::Title:
+      return ToggleTitle();
+    case ZoomAction::Legend:
+      return ToggleLegend();
+    case ZoomAction::GridLines:
+      return ToggleGridLines();
+    case ZoomAction::Range:
+      return AskInterval();
+    case ZoomAction::Copy:
+      return CopyChart();
+    case ZoomAction::Save:
+      return SaveChart();
+    case ZoomAction::Print:
+      return PrintChart();
+    case ZoomAction::Close:
+      close();
+  }
 }
 
 void frmZoom::ShowChart() {
@@ -263,9 +208,7 @@ void frmZoom::Redraw() {
                                    session_.separator, interval_);
   content.title = title_;
   picZoom_->SetContent(std::move(content));
-  buttons_[static_cast<std::size_t>(ZoomAction::Title)]->setChecked(!title_.empty());
-  buttons_[static_cast<std::size_t>(ZoomAction::Legend)]->setChecked(!picLegenda_->isHidden());
-  buttons_[static_cast<std::size_t>(ZoomAction::GridLines)]->setChecked(gridLines_);
+  buttons_->SetShown(!title_.empty(), !picLegenda_->isHidden(), gridLines_);
 }
 
 void frmZoom::ShowPoint(const PlotPoint& point) {
@@ -343,10 +286,11 @@ void frmZoom::OfferPdf(TextId reason) {
 }
 
 void GraficoZoomSub(const Session& session, Dialogs& dialogs, QWidget* owner) {
-  const auto clicked =
-      std::find_if(std::begin(kCharts), std::end(kCharts),
-                   [&](const Chart& chart) { return session.clickedChart == chart.name; });
-  if (clicked == std::end(kCharts)) return;
+  constexpr PlotName kPlots[] = {kPicCs, kPicCx, kPicCp};
+  const auto* const clicked =
+      std::find_if(std::begin(kPlots), std::end(kPlots),
+                   [&](const PlotName& plot) { return session.clickedChart == plot.name; });
+  if (clicked == std::end(kPlots)) return;
   auto window = std::make_unique<frmZoom>(session, dialogs, clicked->variable, owner);
   if (!window->Sized()) {
     dialogs.Show(owner, Attention({kCannotBeSized}, Icon::Exclamation));

@@ -2,22 +2,22 @@
 #pragma once
 
 #include <QDialog>
-#include <array>
 #include <memory>
 #include <optional>
 
-#include "app/charts/ChartPrint.h"
+#include "app/charts/ChartOutput.h"
 #include "app/widgets/Dialogs.h"
 #include "charts/AxisScaling.h"
 #include "session/Session.h"
 
 class QLabel;
-class QToolButton;
 
 namespace velmora {
 
 class ChartView;
 class LegendView;
+class ZoomButtons;
+enum class ZoomAction : std::uint8_t;
 
 /// Shows the chart of what the session held when the window was opened. Title, legend, grid lines
 /// and range of time are the window's own.
@@ -39,15 +39,13 @@ class frmZoom : public QDialog {
 
  private:
   void BuildPanels();
-  void BuildButtons();
   void BuildLegend();
-  QLabel* NewLabel(const char* name);
-  QWidget* ButtonRow();
   QWidget* CoordinateRow();
   void LayOut();
   void Wire();
   void ShowChart();
 
+  void Do(ZoomAction action);
   void ToggleTitle();
   void ToggleLegend();
   void ToggleGridLines();
@@ -68,8 +66,6 @@ class frmZoom : public QDialog {
   QString FileToSave(const QString& filter, const QString& suffix);
   void Write(const QString& file, const QByteArray& bytes);
 
-  static constexpr std::size_t kButtons = 8;
-
   const Session& session_;
   Dialogs& dialogs_;
   std::unique_ptr<PrintDesk> printers_;
@@ -81,7 +77,7 @@ class frmZoom : public QDialog {
   std::optional<TimeInterval> interval_;
   std::string title_;  // UTF-8
 
-  std::array<QToolButton*, kButtons> buttons_{};  // by action
+  ZoomButtons* buttons_ = nullptr;
   ChartView* picZoom_ = nullptr;
   LegendView* picLegenda_ = nullptr;
   QLabel* picHidden_ = nullptr;  // what was copied last

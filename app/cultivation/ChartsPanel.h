@@ -1,20 +1,13 @@
 // The three plots of the cultivation window with their legend.
 #pragma once
 
-#include <QPoint>
-#include <QString>
-#include <QWidget>
-#include <array>
-
-#include "app/charts/ChartView.h"
-#include "data/ExperimentLists.h"
-#include "kinetics/ModelCurves.h"
+#include "app/charts/PlotsPanel.h"
 
 namespace velmora {
 
 class LegendView;
 
-class ChartsPanel : public QWidget {
+class ChartsPanel : public PlotsPanel {
   Q_OBJECT
 
  public:
@@ -25,25 +18,14 @@ class ChartsPanel : public QWidget {
             char separator);
   /// Shows the legend, or hides it.
   void ToggleLegend();
-  void SetLegendHeading(const QString& text);
-
- signals:
-  /// A plot was clicked.
-  void Activated();
-  /// The menu of the plot with this name was asked for.
-  void MenuAsked(const QString& chart, const QPoint& globalPosition);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void Build();
-  void LayOut();
-  void Wire();
   void PlaceLegend();
 
-  std::array<ChartView*, 3> charts_{};  // Cx, Cs, Cp
-  LegendView* legend_ = nullptr;
+  LegendView* legend_;
 };
 
 }  // namespace velmora

@@ -1,18 +1,18 @@
 // What is done with the cultivation: fitting method, data set and production kinetics.
 #pragma once
 
-#include <QButtonGroup>
 #include <QWidget>
 #include <array>
 
 #include "cultivation/CultivationForm.h"
-#include "language/Texts.h"
 
 class QCheckBox;
 class QGroupBox;
 class QToolButton;
 
 namespace velmora {
+
+class OptionGroup;
 
 /// The choices that are the same for all experiments. Once they are fixed each group is unlocked by
 /// its own button.
@@ -28,7 +28,6 @@ class ChoicesPanel : public QWidget {
   void ReadInto(CultivationForm& form) const;
   /// Fixes all three groups, or frees them. A group in which nothing is chosen stays free.
   void SetFixed(bool fixed);
-  void SetLanguage(Language language);
 
  signals:
   void Edited();
@@ -47,14 +46,10 @@ class ChoicesPanel : public QWidget {
   void Build();
   void LayOut();
   void Wire();
-  Group NewGroup(const QString& frame, const QString& unlock);
-  std::array<Group*, 3> Groups() { return {&method_, &dataSet_, &production_}; }
 
-  Group method_;
-  Group dataSet_;
-  Group production_;
-  QButtonGroup methods_;              // ids are those of Method
-  QButtonGroup productions_;          // ids are those of Production
+  std::array<Group, 3> groups_;  // method, data set, production
+  OptionGroup* methods_ = nullptr;
+  OptionGroup* productions_ = nullptr;
   std::array<QCheckBox*, 3> data_{};  // Cx, Cs, Cp
 };
 

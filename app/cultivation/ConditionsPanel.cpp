@@ -1,12 +1,11 @@
 #include "app/cultivation/ConditionsPanel.h"
 
 #include <QGridLayout>
-#include <QRadioButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "app/cultivation/NumberBox.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/NumberEntry.h"
 #include "app/widgets/PanelParts.h"
 
 namespace velmora {
@@ -38,6 +37,13 @@ constexpr auto kBoxes = std::to_array<BoxRow>({
     {kProduction, At::beta, "txtBeta", "lblBeta", 445},
     {kProduction, At::CsAst2, "txtCs2", "lblCs2", 446},
 });
+// A chosen option's value is above 0.
+constexpr int ValueOf(Yields yields) {
+  return static_cast<int>(yields) + 1;
+}
+constexpr std::array<Option, 2> kYieldOptions = {
+    {{ValueOf(Yields::Stoichiometric), "optEsteq"}, {ValueOf(Yields::Global), "optGlobal"}}};
+
 constexpr int kBoxesInARow = 2;
 constexpr int kColumnsOfABox = 3;  // label, box, unit
 constexpr int kLabelWidth = 30;
@@ -54,7 +60,7 @@ ConditionsPanel::ConditionsPanel(QWidget* parent) : QWidget(parent) {
 
 void ConditionsPanel::Build() {
   for (std::size_t i = 0; i < frames_.size(); ++i)
-    frames_[i] = NewFrame(QLatin1StringView(kFrameNames[i]), this);
+    frames_[i] = Named<QGroupBox>(kFrameNames[i], this);
   for (const BoxRow& row : kBoxes) {
     QWidget* const frame = frames_[row.frame];
     Box box{row.position, new NumberBox(QLatin1StringView(row.box), frame),
@@ -66,11 +72,8 @@ void ConditionsPanel::Build() {
     box.unit->setMinimumWidth(kUnitWidth);
     boxes_.push_back(box);
   }
-  stoichiometric_ = new QRadioButton(frames_[kYields]);
-  stoichiometric_->setObjectName(QStringLiteral("optEsteq"));
-  stoichiometric_->setChecked(true);
-  global_ = new QRadioButton(frames_[kYields]);
-  global_->setObjectName(QStringLiteral("optGlobal"));
+  yields_ = new OptionGroup(kYieldOptions, frames_[kYields]);
+  yields_->Choose(ValueOf(Yields::Stoichiometric));
 }
 
 void ConditionsPanel::LayOut() {
@@ -93,20 +96,23 @@ void ConditionsPanel::LayOut() {
     grids[frame]->addWidget(boxes_[i].box, row, column + 1);
     grids[frame]->addWidget(boxes_[i].unit, row, column + 2);
   }
-  grids[kYields]->addWidget(stoichiometric_, 1, 0, 1, kColumnsOfABox);
-  grids[kYields]->addWidget(global_, 1, kColumnsOfABox, 1, kColumnsOfABox);
-  setTabOrder(Find(At::YpsTyped)->box, stoichiometric_);
-  setTabOrder(stoichiometric_, global_);
+  QWidget* before = Find(At::YpsTyped)->box;
+  int column = 0;
+  for (QAbstractButton* const option : yields_->buttons()) {
+    grids[kYields]->addWidget(option, 1, column, 1, kColumnsOfABox);
+    setTabOrder(before, option);
+    before = option;
+    column += kColumnsOfABox;
+  }
 }
 
 void ConditionsPanel::Wire() {
   for (const Box& each : boxes_)
     connect(each.box, &QLineEdit::textEdited, this, [this] { emit Edited(); });
-  for (QRadioButton* const option : {stoichiometric_, global_})
-    connect(option, &QRadioButton::clicked, this, [this] {
-      AllowEntry();
-      emit Edited();
-    });
+  connect(yields_, &QButtonGroup::idClicked, this, [this] {
+    AllowEntry();
+    emit Edited();
+  });
 }
 
 const ConditionsPanel::Box* ConditionsPanel::Find(At position) const {
@@ -117,13 +123,17 @@ const ConditionsPanel::Box* ConditionsPanel::Find(At position) const {
 
 void ConditionsPanel::SetForm(const CultivationForm& form) {
   for (const Box& each : boxes_) each.box->Show(form.At(each.position));
-  (form.yields == Yields::Global ? global_ : stoichiometric_)->setChecked(true);
+  yields_->Choose(ValueOf(form.yields));
   SetProduction(form.production);
 }
 
 void ConditionsPanel::ReadInto(CultivationForm& form) const {
   for (const Box& each : boxes_) form.At(each.position) = each.box->Value();
-  form.yields = global_->isChecked() ? Yields::Global : Yields::Stoichiometric;
+  form.yields = ChosenYields();
+}
+
+Yields ConditionsPanel::ChosenYields() const {
+  return static_cast<Yields>(yields_->Chosen() - 1);
 }
 
 void ConditionsPanel::SetBox(At position, const Entry& entry) {
@@ -139,7 +149,7 @@ void ConditionsPanel::SetProduction(Production production) {
 /// beta and the concentration from which it acts, unless production is associated with growth
 /// alone.
 void ConditionsPanel::AllowEntry() {
-  const bool alpha = production_ != Production::PNAC && !global_->isChecked();
+  const bool alpha = production_ != Production::PNAC && ChosenYields() != Yields::Global;
   const bool beta = production_ != Production::PAC;
   const auto allow = [this](At position, bool on) {
     const Box* const each = Find(position);
@@ -166,8 +176,7 @@ void ConditionsPanel::SetLanguage(Language language) {
 bool ConditionsPanel::FocusBox(At position) {
   const Box* const each = Find(position);
   if (each == nullptr) return false;
-  each->box->setFocus();
-  each->box->selectAll();
+  GoToBox(*each->box);
   return true;
 }
 

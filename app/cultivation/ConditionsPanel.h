@@ -3,8 +3,6 @@
 
 #include <QWidget>
 #include <array>
-#include <cstdint>
-#include <string>
 #include <vector>
 
 #include "cultivation/CultivationForm.h"
@@ -12,11 +10,11 @@
 
 class QGroupBox;
 class QLabel;
-class QRadioButton;
 
 namespace velmora {
 
 class NumberBox;
+class OptionGroup;
 
 class ConditionsPanel : public QWidget {
   Q_OBJECT
@@ -51,14 +49,14 @@ class ConditionsPanel : public QWidget {
   void Build();
   void LayOut();
   void Wire();
+  Yields ChosenYields() const;
   void AllowEntry();
   const Box* Find(At position) const;
 
   static constexpr int kFrames = 4;
   std::array<QGroupBox*, kFrames> frames_{};
   std::vector<Box> boxes_;  // in the order of the table
-  QRadioButton* stoichiometric_ = nullptr;
-  QRadioButton* global_ = nullptr;
+  OptionGroup* yields_ = nullptr;
   Production production_ = Production::None;
 };
 

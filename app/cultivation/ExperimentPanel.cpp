@@ -14,7 +14,8 @@ constexpr int kNumberWidth = 56;
 
 }  // namespace
 
-ExperimentPanel::ExperimentPanel(QWidget* parent) : QWidget(parent) {
+ExperimentPanel::ExperimentPanel(QWidget* parent) : QGroupBox(parent) {
+  setObjectName(QStringLiteral("frameExperimento"));
   Build();
   LayOut();
   Wire();
@@ -22,27 +23,29 @@ ExperimentPanel::ExperimentPanel(QWidget* parent) : QWidget(parent) {
 }
 
 void ExperimentPanel::Build() {
-  frame_ = NewFrame(QStringLiteral("frameExperimento"), this);
-  back_ = NewButton(QStringLiteral("cdmBackExp"), Symbol::Back, frame_);
-  previous_ = NewButton(QStringLiteral("cdmNext(0)"), Symbol::Previous, frame_);
-  number_ = new QLineEdit(frame_);
-  number_->setObjectName(QStringLiteral("txtNExp"));
+  back_ = NewButton("cdmBackExp", Symbol::Back, this);
+  previous_ = NewButton("cdmNext(0)", Symbol::Previous, this);
+  number_ = Named<QLineEdit>("txtNExp", this);
   number_->setReadOnly(true);
   number_->setFocusPolicy(Qt::NoFocus);
   number_->setAlignment(Qt::AlignCenter);
   number_->setFixedWidth(kNumberWidth);
-  next_ = NewButton(QStringLiteral("cdmNext(1)"), Symbol::Next, frame_);
-  count_ = NewLabel(QStringLiteral("lblLugar"), {}, frame_);
-  none_ = NewLabel(QStringLiteral("lblExpNaoAdic"), {}, frame_);
-  notSaved_ = NewLabel(QStringLiteral("lblNaoSalvo"), {}, frame_);
+  next_ = NewButton("cdmNext(1)", Symbol::Next, this);
+  count_ = Named<QLabel>("lblLugar", this);
+  none_ = Named<QLabel>("lblExpNaoAdic", this);
+  notSaved_ = Named<QLabel>("lblNaoSalvo", this);
   notSaved_->setStyleSheet(QStringLiteral("color: #B35900"));
-  savedCount_ = NewLabel(QStringLiteral("lblSalvos"), {}, frame_);
-  info_ = NewLabel(QStringLiteral("lblInfo"), {}, frame_);
-  info_->setWordWrap(true);
+  savedCount_ = Named<QLabel>("lblSalvos", this);
 }
 
 void ExperimentPanel::LayOut() {
-  auto* const row = new QHBoxLayout(frame_);
+  auto* const info = Named<QLabel>("lblInfo", this);
+  info->setWordWrap(true);
+  auto* const state = new QVBoxLayout;
+  state->setSpacing(0);
+  state->addWidget(savedCount_);
+  state->addWidget(notSaved_);
+  auto* const row = new QHBoxLayout(this);
   TightenInside(*row);
   row->addWidget(back_);
   row->addSpacing(2 * kSpacing);
@@ -50,16 +53,9 @@ void ExperimentPanel::LayOut() {
        std::initializer_list<QWidget*>{previous_, number_, next_, count_, none_})
     row->addWidget(widget);
   row->addSpacing(2 * kSpacing);
-  auto* const state = new QVBoxLayout;
-  state->setSpacing(0);
-  state->addWidget(savedCount_);
-  state->addWidget(notSaved_);
   row->addLayout(state);
   row->addSpacing(2 * kSpacing);
-  row->addWidget(info_, 1);
-  auto* const all = new QVBoxLayout(this);
-  Tighten(*all);
-  all->addWidget(frame_);
+  row->addWidget(info, 1);
 }
 
 void ExperimentPanel::Wire() {
@@ -85,8 +81,6 @@ void ExperimentPanel::Show() {
   previous_->setAccessibleName(QStringLiteral("%1 −").arg(Caption(TextId::Experiments, language_)));
   next_->setAccessibleName(QStringLiteral("%1 +").arg(Caption(TextId::Experiments, language_)));
   number_->setText(place == 0 ? QString() : QString::number(number));
-  number_->setAccessibleName(Caption(TextId::ExperimentNumber, language_));
-  number_->setToolTip(Caption(TextId::ExperimentNumber, language_));
   count_->setText(QStringLiteral("%1 / %2").arg(place).arg(count));
   count_->setVisible(count > 0);
   none_->setVisible(count == 0);
@@ -95,7 +89,6 @@ void ExperimentPanel::Show() {
                            .arg(savedCount)
                            .arg(count));
   savedCount_->setVisible(count > 0);
-  notSaved_->setText(Caption(TextId::ExperimentNotSaved, language_));
   notSaved_->setVisible(place > 0 && !saved);
 }
 

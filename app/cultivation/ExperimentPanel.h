@@ -1,11 +1,10 @@
 // Which experiment the window shows, and how far the cultivation is.
 #pragma once
 
-#include <QWidget>
+#include <QGroupBox>
 
 #include "language/Texts.h"
 
-class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QToolButton;
@@ -21,7 +20,7 @@ struct ExperimentStanding {
   int savedCount = 0;  // experiments whose conditions are saved
 };
 
-class ExperimentPanel : public QWidget {
+class ExperimentPanel : public QGroupBox {
   Q_OBJECT
 
  public:
@@ -44,7 +43,6 @@ class ExperimentPanel : public QWidget {
 
   ExperimentStanding standing_;
   Language language_ = Language::Portuguese;
-  QGroupBox* frame_ = nullptr;
   QToolButton* back_ = nullptr;
   QToolButton* previous_ = nullptr;
   QToolButton* next_ = nullptr;
@@ -53,7 +51,6 @@ class ExperimentPanel : public QWidget {
   QLabel* none_ = nullptr;
   QLabel* notSaved_ = nullptr;
   QLabel* savedCount_ = nullptr;
-  QLabel* info_ = nullptr;
 };
 
 }  // namespace velmora

@@ -102,8 +102,6 @@ void FormEntry::Clear() {
 }
 
 void FormEntry::SetLanguage(Language language) {
-  choices_->SetLanguage(language);
-  model_->SetLanguage(language);
   conditions_->SetLanguage(language);
   parameters_->SetLanguage(language);
 }

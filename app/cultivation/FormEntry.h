@@ -4,7 +4,7 @@
 #include <QObject>
 #include <array>
 
-#include "app/cultivation/NumberBox.h"
+#include "app/widgets/NumberEntry.h"
 #include "cultivation/CultivationForm.h"
 #include "language/Texts.h"
 

@@ -12,12 +12,13 @@ namespace velmora {
 namespace {
 
 QString NameOf(const Model& model) {
-  return QString::fromUtf8(model.name.data(), static_cast<qsizetype>(model.name.size()));
+  return Utf8(model.name);
 }
 
 }  // namespace
 
-ModelPanel::ModelPanel(QWidget* parent) : QWidget(parent) {
+ModelPanel::ModelPanel(QWidget* parent) : QGroupBox(parent) {
+  setObjectName(QStringLiteral("frameModelo"));
   Build();
   LayOut();
   Wire();
@@ -25,19 +26,17 @@ ModelPanel::ModelPanel(QWidget* parent) : QWidget(parent) {
 }
 
 void ModelPanel::Build() {
-  frame_ = NewFrame(QStringLiteral("frameModelo"), this);
-  list_ = new QComboBox(frame_);
-  list_->setObjectName(QStringLiteral("cmbModelo"));
+  list_ = Named<QComboBox>("cmbModelo", this);
   list_->setMaxVisibleItems(static_cast<int>(kModels.size()));
   for (const Model& model : kModels) {
     list_->addItem(NameOf(model));
     list_->setItemData(list_->count() - 1, QString::fromStdString(Equation(model)),
                        Qt::ToolTipRole);
   }
-  confirm_ = NewButton(QStringLiteral("cmdConfirmarModelo"), Symbol::Confirm, frame_);
-  unlock_ = NewButton(QStringLiteral("cdmTrocarModelo"), Symbol::Unlock, frame_);
-  heading_ = NewLabel(QStringLiteral("lblModelo"), {}, frame_);
-  chosen_ = NewLabel(QStringLiteral("lblModeloEscolhido"), {}, frame_);
+  confirm_ = NewButton("cmdConfirmarModelo", Symbol::Confirm, this);
+  unlock_ = NewButton("cdmTrocarModelo", Symbol::Unlock, this);
+  heading_ = Named<QLabel>("lblModelo", this);
+  chosen_ = Named<QLabel>("lblModeloEscolhido", this);
   QFont strong = chosen_->font();
   strong.setBold(true);
   chosen_->setFont(strong);
@@ -53,13 +52,10 @@ void ModelPanel::LayOut() {
   name->setSpacing(kSpacing);
   name->addWidget(heading_);
   name->addWidget(chosen_, 1);
-  auto* const inside = new QVBoxLayout(frame_);
-  TightenInside(*inside);
-  inside->addLayout(row);
-  inside->addLayout(name);
   auto* const all = new QVBoxLayout(this);
-  Tighten(*all);
-  all->addWidget(frame_);
+  TightenInside(*all);
+  all->addLayout(row);
+  all->addLayout(name);
 }
 
 void ModelPanel::Wire() {
@@ -97,12 +93,6 @@ void ModelPanel::SetConfirmed(bool confirmed) {
   list_->setToolTip(equation);
   chosen_->setToolTip(equation);
   heading_->setToolTip(equation);
-}
-
-void ModelPanel::SetLanguage(Language language) {
-  confirm_->setToolTip(Caption(TextId::ConfirmModel, language));
-  confirm_->setAccessibleName(Caption(TextId::ConfirmModel, language));
-  list_->setAccessibleName(Caption(TextId::GrowthKinetics, language));
 }
 
 }  // namespace velmora

@@ -1,20 +1,17 @@
 // The growth model: chosen from the list, confirmed with the green button, then fixed.
 #pragma once
 
-#include <QWidget>
-#include <string>
+#include <QGroupBox>
 
 #include "kinetics/Modelos.h"
-#include "language/Texts.h"
 
 class QComboBox;
-class QGroupBox;
 class QLabel;
 class QToolButton;
 
 namespace velmora {
 
-class ModelPanel : public QWidget {
+class ModelPanel : public QGroupBox {
   Q_OBJECT
 
  public:
@@ -24,7 +21,6 @@ class ModelPanel : public QWidget {
   void SetModel(const Model& model, bool confirmed);
   const Model& Chosen() const;
   bool Confirmed() const { return confirmed_; }
-  void SetLanguage(Language language);
 
  signals:
   /// The user chose, confirmed or unlocked a model.
@@ -37,7 +33,6 @@ class ModelPanel : public QWidget {
   void SetConfirmed(bool confirmed);
 
   bool confirmed_ = false;
-  QGroupBox* frame_ = nullptr;
   QComboBox* list_ = nullptr;
   QToolButton* confirm_ = nullptr;
   QToolButton* unlock_ = nullptr;

@@ -2,7 +2,8 @@
 
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QVBoxLayout>
+#include <QLabel>
+#include <algorithm>
 
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
@@ -34,18 +35,12 @@ std::array<QWidget*, 6> ParametersPanel::Row::All() const {
   return {tick, name, value, lower, upper, unit};
 }
 
-ParametersPanel::ParametersPanel(QWidget* parent) : QWidget(parent) {
-  Build();
+ParametersPanel::ParametersPanel(QWidget* parent) : QGroupBox(parent) {
+  setObjectName(QStringLiteral("frameParametros"));
+  for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = NewRow(i);
   LayOut();
   Wire();
   SetModel(kModels.front());
-}
-
-void ParametersPanel::Build() {
-  frame_ = NewFrame(QStringLiteral("frameParametros"), this);
-  lowerHeading_ = NewLabel(QStringLiteral("lblLimInf"), {}, frame_);
-  upperHeading_ = NewLabel(QStringLiteral("lblLimSup"), {}, frame_);
-  for (std::size_t i = 0; i < rows_.size(); ++i) rows_[i] = NewRow(i);
 }
 
 ParametersPanel::Row ParametersPanel::NewRow(std::size_t index) {
@@ -53,14 +48,13 @@ ParametersPanel::Row ParametersPanel::NewRow(std::size_t index) {
   const QString name = Utf8(parameter.name);
   const int number = static_cast<int>(index) + 1;
   Row row;
-  row.tick = new QCheckBox(frame_);
-  row.tick->setObjectName(QStringLiteral("chk") + name);
-  row.name = NewLabel(QStringLiteral("lbl") + name, Utf8(parameter.symbol), frame_);
-  row.value = new NumberBox(QStringLiteral("txt") + name, frame_);
-  row.lower = new NumberBox(MemberName(QLatin1StringView("txtLimInf"), number), frame_);
-  row.upper = new NumberBox(MemberName(QLatin1StringView("txtLimSup"), number), frame_);
-  const QLatin1StringView units(HasUnit(parameter.position) ? "lblUnidConc" : "lblSemUnid");
-  row.unit = NewLabel(MemberName(units, number - 1), QStringLiteral("–"), frame_);
+  row.tick = Named<QCheckBox>(QStringLiteral("chk") + name, this);
+  row.name = NewLabel(QStringLiteral("lbl") + name, Utf8(parameter.symbol), this);
+  row.value = new NumberBox(QStringLiteral("txt") + name, this);
+  row.lower = new NumberBox(MemberName("txtLimInf", number), this);
+  row.upper = new NumberBox(MemberName("txtLimSup", number), this);
+  const char* const units = HasUnit(parameter.position) ? "lblUnidConc" : "lblSemUnid";
+  row.unit = NewLabel(MemberName(units, number - 1), QStringLiteral("–"), this);
   row.name->setBuddy(row.value);
   row.value->setMinimumWidth(kValueWidth);
   for (NumberBox* const bound : {row.lower, row.upper}) bound->setMinimumWidth(kBoundWidth);
@@ -68,11 +62,11 @@ ParametersPanel::Row ParametersPanel::NewRow(std::size_t index) {
 }
 
 void ParametersPanel::LayOut() {
-  auto* const grid = new QGridLayout(frame_);
+  auto* const grid = new QGridLayout(this);
   TightenInside(*grid);
   grid->setVerticalSpacing(kSpacing / 2);
-  grid->addWidget(lowerHeading_, 0, kLowerBound);
-  grid->addWidget(upperHeading_, 0, kUpperBound);
+  grid->addWidget(Named<QLabel>("lblLimInf", this), 0, kLowerBound);
+  grid->addWidget(Named<QLabel>("lblLimSup", this), 0, kUpperBound);
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     int column = kTick;
     for (QWidget* const part : rows_[i].All())
@@ -81,9 +75,6 @@ void ParametersPanel::LayOut() {
   grid->setColumnStretch(kValue, 3);
   grid->setColumnStretch(kLowerBound, 2);
   grid->setColumnStretch(kUpperBound, 2);
-  auto* const all = new QVBoxLayout(this);
-  Tighten(*all);
-  all->addWidget(frame_);
 }
 
 void ParametersPanel::Wire() {
@@ -115,7 +106,7 @@ void ParametersPanel::SetValues(const CultivationForm& form) {
 
 void ParametersPanel::SetFit(const FitRows& fit) {
   for (std::size_t i = 0; i < rows_.size(); ++i) {
-    rows_[i].tick->setChecked(fit[i].ticked && rows_[i].tick->isEnabledTo(frame_));
+    rows_[i].tick->setChecked(fit[i].ticked && rows_[i].tick->isEnabledTo(this));
     rows_[i].lower->Show(fit[i].lower);
     rows_[i].upper->Show(fit[i].upper);
   }
@@ -154,8 +145,7 @@ bool ParametersPanel::FocusRow(At position) {
   NumberBox* target = row.value;
   for (NumberBox* const box : {row.upper, row.lower, row.value})
     if (EmptyOrZero(*box)) target = box;
-  target->setFocus();
-  target->selectAll();
+  GoToBox(*target);
   return true;
 }
 

@@ -1,21 +1,20 @@
 // The ten kinetic parameters as one table: fitted or not, value, bounds, unit.
 #pragma once
 
-#include <QWidget>
+#include <QGroupBox>
 #include <array>
 #include <string>
 
-#include "app/cultivation/NumberBox.h"
+#include "app/widgets/NumberEntry.h"
 #include "cultivation/CultivationForm.h"
 #include "language/Texts.h"
 
 class QCheckBox;
-class QGroupBox;
 class QLabel;
 
 namespace velmora {
 
-class ParametersPanel : public QWidget {
+class ParametersPanel : public QGroupBox {
   Q_OBJECT
 
  public:
@@ -54,14 +53,10 @@ class ParametersPanel : public QWidget {
     std::array<QWidget*, 6> All() const;
   };
 
-  void Build();
   Row NewRow(std::size_t index);
   void LayOut();
   void Wire();
 
-  QGroupBox* frame_ = nullptr;
-  QLabel* lowerHeading_ = nullptr;
-  QLabel* upperHeading_ = nullptr;
   std::array<Row, kFittable.size()> rows_;  // in the order of kFittable
 };
 

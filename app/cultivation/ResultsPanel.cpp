@@ -10,9 +10,9 @@
 #include "app/widgets/PanelParts.h"
 
 namespace velmora {
-namespace {}  // namespace
 
-ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
+ResultsPanel::ResultsPanel(QWidget* parent) : QGroupBox(parent) {
+  setObjectName(QStringLiteral("frameResultados"));
   Build();
   LayOut();
   Wire();
@@ -20,15 +20,13 @@ ResultsPanel::ResultsPanel(QWidget* parent) : QWidget(parent) {
 }
 
 void ResultsPanel::Build() {
-  frame_ = NewFrame(QStringLiteral("frameResultados"), this);
-  text_ = new QPlainTextEdit(frame_);
-  text_->setObjectName(QStringLiteral("txtResultados"));
+  text_ = Named<QPlainTextEdit>("txtResultados", this);
   text_->setReadOnly(true);
   text_->setUndoRedoEnabled(false);
   text_->setTabChangesFocus(true);
-  toggle_ = NewButton(QStringLiteral("cmdIrVoltar"), Symbol::Initial, frame_);
-  report_ = NewButton(QStringLiteral("cmdRelatorio"), Symbol::Report, frame_);
-  clear_ = NewButton(QStringLiteral("cmdLimpar"), Symbol::Clear, frame_);
+  toggle_ = NewButton("cmdIrVoltar", Symbol::Initial, this);
+  report_ = NewButton("cmdRelatorio", Symbol::Report, this);
+  clear_ = NewButton("cmdLimpar", Symbol::Clear, this);
 }
 
 void ResultsPanel::LayOut() {
@@ -36,13 +34,10 @@ void ResultsPanel::LayOut() {
   buttons->setSpacing(kSpacing);
   for (QToolButton* const button : {toggle_, report_, clear_}) buttons->addWidget(button);
   buttons->addStretch();
-  auto* const row = new QHBoxLayout(frame_);
+  auto* const row = new QHBoxLayout(this);
   TightenInside(*row);
   row->addWidget(text_, 1);
   row->addLayout(buttons);
-  auto* const all = new QVBoxLayout(this);
-  Tighten(*all);
-  all->addWidget(frame_);
 }
 
 void ResultsPanel::Wire() {
@@ -89,7 +84,6 @@ void ResultsPanel::Show() {
   toggle_->setIcon(DrawnIcon(initial ? Symbol::Initial : Symbol::Forward));
   toggle_->setToolTip(Caption(initial ? TextId::ToInitial : TextId::ToEstimated, language_));
   toggle_->setAccessibleName(toggle_->toolTip());
-  text_->setAccessibleName(Caption(TextId::Results, language_));
   toggle_->setEnabled(available_ && !running_);
   report_->setEnabled(available_ && !running_);
   clear_->setEnabled(!running_);

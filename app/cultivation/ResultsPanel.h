@@ -1,19 +1,18 @@
 // The results of a run as text, and what can be done with them.
 #pragma once
 
-#include <QWidget>
+#include <QGroupBox>
 #include <cstdint>
 #include <string>
 
 #include "language/Texts.h"
 
-class QGroupBox;
 class QPlainTextEdit;
 class QToolButton;
 
 namespace velmora {
 
-class ResultsPanel : public QWidget {
+class ResultsPanel : public QGroupBox {
   Q_OBJECT
 
  public:
@@ -46,7 +45,6 @@ class ResultsPanel : public QWidget {
   Direction direction_ = Direction::ToInitial;
   bool available_ = false;
   bool running_ = false;
-  QGroupBox* frame_ = nullptr;
   QPlainTextEdit* text_ = nullptr;
   QToolButton* clear_ = nullptr;
   QToolButton* toggle_ = nullptr;

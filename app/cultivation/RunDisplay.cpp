@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "app/cultivation/FormEntry.h"
-#include "app/cultivation/ReportPictures.h"
 #include "app/cultivation/ResultsPanel.h"
 #include "app/cultivation/RunPanel.h"
 #include "app/cultivation/ScoreView.h"

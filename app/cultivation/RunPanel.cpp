@@ -10,7 +10,6 @@
 #include "app/widgets/PanelParts.h"
 
 namespace velmora {
-namespace {}  // namespace
 
 RunPanel::RunPanel(QWidget* parent) : QWidget(parent) {
   Build();
@@ -20,17 +19,16 @@ RunPanel::RunPanel(QWidget* parent) : QWidget(parent) {
 }
 
 void RunPanel::Build() {
-  save_ = new QPushButton(DrawnIcon(Symbol::Save), {}, this);
-  save_->setObjectName(QStringLiteral("cdmSalvar"));
-  start_ = new QPushButton(DrawnIcon(Symbol::Start), {}, this);
-  start_->setObjectName(QStringLiteral("cmdAjustar"));
-  stop_ = NewButton(QStringLiteral("Command1"), Symbol::Stop, this);
-  label_ = NewLabel(QStringLiteral("lblAjustePar"), {}, this);
+  save_ = Named<QPushButton>("cdmSalvar", this);
+  save_->setIcon(DrawnIcon(Symbol::Save));
+  start_ = Named<QPushButton>("cmdAjustar", this);
+  start_->setIcon(DrawnIcon(Symbol::Start));
+  stop_ = NewButton("Command1", Symbol::Stop, this);
+  label_ = Named<QLabel>("lblAjustePar", this);
   label_->hide();
-  clock_ = NewLabel(QStringLiteral("lblTimer"), {}, this);
+  clock_ = Named<QLabel>("lblTimer", this);
   clock_->hide();
-  progress_ = new QProgressBar(this);
-  progress_->setObjectName(QStringLiteral("progresso"));
+  progress_ = Named<QProgressBar>("progresso", this);
   progress_->setFormat(QStringLiteral("%v / %m"));
   progress_->hide();
 }
@@ -94,8 +92,8 @@ void RunPanel::SetLanguage(Language language) {
 }
 
 void RunPanel::Show() {
-  save_->setText(Caption(TextId::Save, language_));
   start_->setText(Caption(simulates_ ? TextId::Simulate : TextId::Estimate, language_));
+  start_->setAccessibleName(start_->text());
   if (heading_) label_->setText(Caption(*heading_, language_));
 }
 

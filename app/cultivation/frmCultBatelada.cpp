@@ -111,7 +111,6 @@ void frmCultBatelada::changeEvent(QEvent* event) {
   experiment_->SetLanguage(language);
   entry_->SetLanguage(language);
   run_->SetLanguage(language);
-  charts_->SetLegendHeading(Caption(TextId::LegendHeading, language));
 }
 
 void frmCultBatelada::resizeEvent(QResizeEvent* event) {

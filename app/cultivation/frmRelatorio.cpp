@@ -1,9 +1,11 @@
 #include "app/cultivation/frmRelatorio.h"
 
+#include <QBuffer>
 #include <QEvent>
 #include <QFile>
 #include <QHBoxLayout>
 #include <QImage>
+#include <QPainter>
 #include <QPushButton>
 #include <QTextDocument>
 #include <QTextEdit>
@@ -11,8 +13,11 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "app/charts/ChartPainter.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 #include "data/FileFault.h"
+#include "report/ReportCharts.h"
 
 namespace velmora {
 namespace {
@@ -23,7 +28,30 @@ constexpr int kPageMargin = 24, kMargin = 8;
 constexpr int kPictureWidth = 680;
 constexpr int kButtonPadding = 16;  // both sides together
 
+std::string PngOf(const ChartContent& content, const std::vector<LegendRow>& legend) {
+  QImage image(kReportChartWidth, kReportChartHeight, QImage::Format_RGB32);
+  QPainter painter(&image);
+  painter.setRenderHint(QPainter::Antialiasing);
+  PainterCanvas canvas(painter);
+  DrawReportChart(canvas, content, legend);
+  painter.end();
+  QByteArray png;
+  QBuffer buffer(&png);
+  buffer.open(QIODevice::WriteOnly);
+  image.save(&buffer, "PNG");
+  return png.toStdString();
+}
+
 }  // namespace
+
+std::vector<ReportPicture> ReportPictures(const ExperimentLists& lists, const ModelCurves& curves,
+                                          bool gridLines, char separator) {
+  const std::vector<LegendRow> legend = LegendRows(lists);
+  std::vector<ReportPicture> pictures;
+  for (const auto& [titleId, content] : ReportCharts(lists, curves, gridLines, separator))
+    pictures.push_back({titleId, {PngOf(content, legend), kReportChartWidth, kReportChartHeight}});
+  return pictures;
+}
 
 frmRelatorio::frmRelatorio(const Session& session, Dialogs& dialogs, ReportContent report,
                            QWidget* parent)
@@ -39,19 +67,16 @@ frmRelatorio::frmRelatorio(const Session& session, Dialogs& dialogs, ReportConte
 }
 
 void frmRelatorio::BuildPanels() {
-  RichTextBox1_ = new QTextEdit(this);
-  RichTextBox1_->setObjectName(QStringLiteral("RichTextBox1"));
+  RichTextBox1_ = Named<QTextEdit>("RichTextBox1", this);
   RichTextBox1_->setReadOnly(true);
   // Black on white whatever the desktop's colours, as the charts are and as it will be on paper.
   QPalette paper = RichTextBox1_->palette();
   paper.setColor(QPalette::Base, Qt::white);
   paper.setColor(QPalette::Text, Qt::black);
   RichTextBox1_->setPalette(paper);
-  cmdSalvar_ = new QPushButton(this);
-  cmdSalvar_->setObjectName(QStringLiteral("cmdSalvar"));
+  cmdSalvar_ = Named<QPushButton>("cmdSalvar", this);
   cmdSalvar_->setDefault(true);
-  cmdFechar_ = new QPushButton(this);
-  cmdFechar_->setObjectName(QStringLiteral("cmdFechar"));
+  cmdFechar_ = Named<QPushButton>("cmdFechar", this);
 }
 
 void frmRelatorio::LayOut() {

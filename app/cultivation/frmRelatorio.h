@@ -12,6 +12,10 @@ class QTextEdit;
 
 namespace velmora {
 
+/// A report's charts as Qt draws them, PNG pictures.
+std::vector<ReportPicture> ReportPictures(const ExperimentLists& lists, const ModelCurves& curves,
+                                          bool gridLines, char separator);
+
 /// Shows one report, as it was handed over; only its language follows the session's.
 class frmRelatorio : public QDialog {
   Q_OBJECT

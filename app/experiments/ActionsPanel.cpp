@@ -7,16 +7,15 @@
 #include <QToolButton>
 #include <limits>
 
-#include "app/experiments/WholeNumberBox.h"
-#include "app/widgets/Icons.h"
+#include "app/widgets/NumberEntry.h"
+#include "app/widgets/PanelParts.h"
 
 namespace velmora {
 namespace {
 
 using enum ExperimentAction;
 
-constexpr int kIconSize = 24;      // px
-constexpr int kNextStepSize = 32;  // px
+constexpr QSize kNextStepIcon(32, 24);  // px
 constexpr int kPlaceDigits = 5;
 constexpr int kGroupSpacing = 18;  // px, between groups of buttons
 
@@ -41,7 +40,8 @@ const QString kNextStepLook = QStringLiteral(
 
 }  // namespace
 
-ActionsPanel::ActionsPanel(QWidget* parent) : QWidget(parent), place_(new QLineEdit(this)) {
+ActionsPanel::ActionsPanel(QWidget* parent)
+    : QWidget(parent), place_(Named<QLineEdit>("txtExcluir", this)) {
   BuildButtons();
   LayOut();
   Wire();
@@ -50,17 +50,12 @@ ActionsPanel::ActionsPanel(QWidget* parent) : QWidget(parent), place_(new QLineE
 
 void ActionsPanel::BuildButtons() {
   for (const ButtonRow& row : kButtons) {
-    auto* const button = new QToolButton(this);
-    button->setObjectName(QLatin1StringView(row.name));
-    button->setIcon(DrawnIcon(row.symbol));
-    button->setIconSize(QSize(kIconSize, kIconSize));
-    button->setFocusPolicy(Qt::StrongFocus);
-    button->setAutoRaise(row.action != NextStep);
-    buttons_[static_cast<std::size_t>(row.action)] = button;
+    buttons_[static_cast<std::size_t>(row.action)] = NewFlatButton(row.name, row.symbol, this);
   }
   Button(GridLines).setCheckable(true);
   Button(Legend).setCheckable(true);
-  Button(NextStep).setIconSize(QSize(kNextStepSize, kIconSize));
+  Button(NextStep).setAutoRaise(false);
+  Button(NextStep).setIconSize(kNextStepIcon);
   Button(NextStep).setStyleSheet(kNextStepLook);
 }
 
@@ -78,23 +73,18 @@ void ActionsPanel::LayOut() {
   for (const ExperimentAction action : {ViewGraphs, GridLines, Legend})
     layout->addWidget(&Button(action));
   layout->addStretch(1);
-  auto* const nextStep = new QLabel(this);
-  nextStep->setObjectName(QStringLiteral("lblProxEtapa"));
-  layout->addWidget(nextStep);
+  layout->addWidget(Named<QLabel>("lblProxEtapa", this));
   layout->addWidget(&Button(NextStep));
 }
 
 QBoxLayout* ActionsPanel::DeletionRow() {
   auto* const row = new QHBoxLayout;
-  auto* const question = new QLabel(this);
-  question->setObjectName(QStringLiteral("lblDesejaExcluir"));
+  auto* const question = Named<QLabel>("lblDesejaExcluir", this);
   row->addWidget(question);
   for (std::size_t i = 0; i < deleting_.size(); ++i) {
-    deleting_[i] = new QRadioButton(this);
-    deleting_[i]->setObjectName(QStringLiteral("Option1(%1)").arg(i));
+    deleting_[i] = Named<QRadioButton>(MemberName("Option1", static_cast<int>(i)), this);
     row->addWidget(deleting_[i]);
   }
-  place_->setObjectName(QStringLiteral("txtExcluir"));
   place_->setFixedWidth(fontMetrics().horizontalAdvance(QString(kPlaceDigits + 2, u'0')));
   question->setBuddy(place_);
   row->addWidget(place_);
@@ -130,8 +120,7 @@ int ActionsPanel::PlaceToDelete() const {
 }
 
 void ActionsPanel::GoToPlace() {
-  place_->setFocus();
-  place_->selectAll();
+  GoToBox(*place_);
 }
 
 void ActionsPanel::EndDeleting() {

@@ -8,12 +8,11 @@
 
 #include "app/charts/Markers.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 #include "data/ExperimentEntry.h"
 
 namespace velmora {
 namespace {
-
-// Text ids of the captions that no control of the caption table has.
 
 constexpr int kSample = 16;  // px, height of what a chooser shows
 constexpr QSize kLineSample(34, kSample);
@@ -22,26 +21,20 @@ constexpr int kNumberWidth = 88;   // px, of the first column with the place
 constexpr std::int16_t kLineStyles = 3;
 enum Column { kPlace, kNumber, kMarker, kColour, kLine, kVisible };
 
-QString Member(const char* array, int place) {
-  return QStringLiteral("%1(%2)").arg(QLatin1StringView(array)).arg(place);
-}
-
 /// An empty chooser of pictures.
 QComboBox* Chooser(const char* array, int place, const QSize& sample, QWidget* parent) {
-  auto* const chooser = new QComboBox(parent);
-  chooser->setObjectName(Member(array, place));
+  auto* const chooser = Named<QComboBox>(MemberName(array, place), parent);
   chooser->setIconSize(sample);
   return chooser;
 }
 
 void AddPicture(QComboBox& chooser, const QPixmap& picture, std::string_view name) {
-  const QString spoken = QString::fromUtf8(name.data(), static_cast<qsizetype>(name.size()));
   chooser.addItem(QIcon(picture), QString());
-  chooser.setItemData(chooser.count() - 1, spoken, Qt::AccessibleTextRole);
+  chooser.setItemData(chooser.count() - 1, Utf8(name), Qt::AccessibleTextRole);
 }
 
-QLabel* CaptionLabel(QWidget* parent) {
-  auto* const label = new QLabel(parent);
+QLabel* CaptionLabel(const QString& name, QWidget* parent) {
+  auto* const label = Named<QLabel>(name, parent);
   label->setWordWrap(true);
   label->setFixedWidth(kCaptionWidth);
   label->setAlignment(Qt::AlignHCenter | Qt::AlignBottom);
@@ -51,7 +44,9 @@ QLabel* CaptionLabel(QWidget* parent) {
 }  // namespace
 
 DisplayPanel::DisplayPanel(QWidget* parent)
-    : QWidget(parent), numberCaption_(CaptionLabel(this)), markerCaption_(CaptionLabel(this)) {
+    : QWidget(parent),
+      numberCaption_(CaptionLabel(QStringLiteral("lblExperimentos"), this)),
+      markerCaption_(CaptionLabel(QStringLiteral("lblMarcador"), this)) {
   for (int place = 1; place <= kRows; ++place) BuildRow(place);
   LayOut();
   Wire();
@@ -61,8 +56,7 @@ DisplayPanel::DisplayPanel(QWidget* parent)
 void DisplayPanel::BuildRow(int place) {
   Row& row = At(place);
   const QSize square(kSample, kSample);
-  row.number = new QToolButton(this);
-  row.number->setObjectName(Member("cmdMostrar", place));
+  row.number = Named<QToolButton>(MemberName("cmdMostrar", place), this);
   row.number->setCheckable(true);
   row.number->setFocusPolicy(Qt::StrongFocus);
   row.marker = Chooser("IcmbEstiloLinha", place, square, this);
@@ -74,8 +68,7 @@ void DisplayPanel::BuildRow(int place) {
   row.line = Chooser("IcmbLinha", place, kLineSample, this);
   for (std::int16_t line = 1; line <= kLineStyles; ++line)
     AddPicture(*row.line, LinePixmap(line, kLineSample), std::to_string(line));
-  row.visible = new QCheckBox(this);
-  row.visible->setObjectName(Member("Check1", place));
+  row.visible = Named<QCheckBox>(MemberName("Check1", place), this);
 }
 
 void DisplayPanel::LayOut() {
@@ -106,8 +99,7 @@ void DisplayPanel::LayOutCaptions(QGridLayout& layout) {
         {"Label10", row.colour}, {"Label9", row.line}, {"Label11", row.visible}};
     int column = kColour;
     for (const auto& [name, control] : captioned) {
-      QLabel* const caption = CaptionLabel(this);
-      caption->setObjectName(Member(name, place));
+      QLabel* const caption = CaptionLabel(MemberName(name, place), this);
       caption->setBuddy(control);
       // A column is captioned once, above it; the captions of the lower rows only name choosers.
       caption->setVisible(place == 1);
@@ -140,20 +132,21 @@ void DisplayPanel::Wire() {
   }
 }
 
-void DisplayPanel::SetLanguage(Language language) {
-  numberCaption_->setText(Caption(TextId::Experiments, language));
-  markerCaption_->setText(Caption(TextId::Symbol, language));
+void DisplayPanel::NameControls() {
   for (int place = 1; place <= kRows; ++place) {
     const Row& row = At(place);
-    const auto caption = [this, place](const char* label) {
-      return findChild<QLabel*>(Member(label, place))->text() + QStringLiteral(" %1").arg(place);
+    const auto name = [place](QWidget* control, const QLabel* caption) {
+      control->setAccessibleName(caption->text() + QStringLiteral(" %1").arg(place));
     };
-    row.number->setAccessibleName(numberCaption_->text() + QStringLiteral(" %1").arg(place));
+    const auto labelled = [this, place](const char* array) {
+      return findChild<QLabel*>(MemberName(array, place));
+    };
+    name(row.number, numberCaption_);
     row.number->setToolTip(row.number->accessibleName());
-    row.marker->setAccessibleName(markerCaption_->text() + QStringLiteral(" %1").arg(place));
-    row.colour->setAccessibleName(caption("Label10"));
-    row.line->setAccessibleName(caption("Label9"));
-    row.visible->setAccessibleName(caption("Label11"));
+    name(row.marker, markerCaption_);
+    name(row.colour, labelled("Label10"));
+    name(row.line, labelled("Label9"));
+    name(row.visible, labelled("Label11"));
   }
 }
 

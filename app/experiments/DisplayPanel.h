@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "data/Experiment.h"
-#include "language/Texts.h"
 
 class QCheckBox;
 class QComboBox;
@@ -24,8 +23,8 @@ class DisplayPanel : public QWidget {
 
   explicit DisplayPanel(QWidget* parent = nullptr);
 
-  /// Words what the caption table does not list.
-  void SetLanguage(Language language);
+  /// Names the choosers for screen readers by their captions.
+  void NameControls();
   /// Shows the experiments' numbers, place by place, and marks the one at `shown` (0: none). The
   /// rows behind them but for the next one, which is for a new experiment, cannot be used.
   void SetExperiments(const std::vector<std::int16_t>& numbers, int shown);

@@ -1,31 +1,63 @@
 #include "app/experiments/HeaderPanel.h"
 
+#include <QApplication>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QValidator>
 
-#include "app/experiments/DescriptionBox.h"
-#include "app/experiments/WholeNumberBox.h"
+#include "app/widgets/PanelParts.h"
+#include "data/Description.h"
 
 namespace velmora {
 namespace {
 
-template <typename Box = QLineEdit>
-Box* NamedBox(const QString& name, QWidget* parent) {
-  auto* const box = new Box(parent);
-  box->setObjectName(name);
-  return box;
-}
+/// Changes the box's text into one that fits.
+class FittingValidator : public QValidator {
+ public:
+  using QValidator::QValidator;
+
+  State validate(QString& input, int& cursor) const override {
+    const DescriptionText fitting = FittingDescription(input.toStdString());
+    const std::string before = FittingDescription(input.left(cursor).toStdString()).text;
+    if (fitting.lettersLeftOut) QApplication::beep();
+    input = QString::fromStdString(fitting.text);
+    cursor = static_cast<int>(QString::fromStdString(before).size());
+    return Acceptable;
+  }
+};
+
+/// Lets in only what the experiment's file can give back. A typed comma, leading blank or letter
+/// outside Windows-1252 is refused with a beep; what comes in otherwise (pasted, dropped, composed)
+/// is made to fit, with a beep where letters are left out.
+class DescriptionBox : public QLineEdit {
+ public:
+  explicit DescriptionBox(QWidget* parent) : QLineEdit(parent) {
+    setValidator(new FittingValidator(this));
+  }
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override {
+    const QString typed = event->text();
+    const bool printable = !typed.isEmpty() && typed.front().isPrint();
+    const int start = hasSelectedText() ? selectionStart() : cursorPosition();
+    if (printable && !MayBeTyped(typed.toStdString(), start == 0))
+      QApplication::beep();
+    else
+      QLineEdit::keyPressEvent(event);
+  }
+};
 
 }  // namespace
 
 HeaderPanel::HeaderPanel(char separator, QWidget* parent)
     : QWidget(parent),
       entry_(separator),
-      number_(NamedBox(QStringLiteral("txtExp"), this)),
-      points_(NamedBox(QStringLiteral("txtNumPontos"), this)),
-      finalTime_(NamedBox(QStringLiteral("txtTFinal"), this)),
-      description_(NamedBox<DescriptionBox>(QStringLiteral("txtComentario"), this)) {
+      number_(Named<QLineEdit>("txtExp", this)),
+      points_(Named<QLineEdit>("txtNumPontos", this)),
+      finalTime_(Named<QLineEdit>("txtTFinal", this)),
+      description_(Named<DescriptionBox>("txtComentario", this)) {
   LayOut();
   Wire();
 }
@@ -34,16 +66,15 @@ void HeaderPanel::LayOut() {
   auto* const layout = new QGridLayout(this);
   layout->setContentsMargins({});
   layout->setVerticalSpacing(2);
-  Place(*layout, *number_, QStringLiteral("lblNumExp"), 0, 0);
-  Place(*layout, *points_, QStringLiteral("lblNumPontos"), 0, 1);
-  Place(*layout, *finalTime_, QStringLiteral("lblTFinal"), 0, 2);
-  Place(*layout, *description_, QStringLiteral("lblDescricao"), 2, 0);
+  Place(*layout, *number_, "lblNumExp", 0, 0);
+  Place(*layout, *points_, "lblNumPontos", 0, 1);
+  Place(*layout, *finalTime_, "lblTFinal", 0, 2);
+  Place(*layout, *description_, "lblDescricao", 2, 0);
 }
 
-void HeaderPanel::Place(QGridLayout& layout, QLineEdit& box, const QString& label, int row,
+void HeaderPanel::Place(QGridLayout& layout, QLineEdit& box, const char* label, int row,
                         int column) {
-  auto* const caption = new QLabel(this);
-  caption->setObjectName(label);
+  auto* const caption = Named<QLabel>(label, this);
   caption->setBuddy(&box);
   const int columns = &box == description_ ? 3 : 1;
   layout.addWidget(caption, row, column, 1, columns);
@@ -87,9 +118,7 @@ std::optional<int> HeaderPanel::Points() const {
 }
 
 void HeaderPanel::GoTo(EntryBox box) {
-  QLineEdit& wanted = box == EntryBox::FinalTime ? *finalTime_ : *number_;
-  wanted.setFocus();
-  wanted.selectAll();
+  GoToBox(box == EntryBox::FinalTime ? *finalTime_ : *number_);
 }
 
 }  // namespace velmora

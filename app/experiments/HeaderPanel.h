@@ -39,7 +39,7 @@ class HeaderPanel : public QWidget {
   void LayOut();
   void Wire();
   /// Puts a box with its caption above it into the layout.
-  void Place(QGridLayout& layout, QLineEdit& box, const QString& label, int row, int column);
+  void Place(QGridLayout& layout, QLineEdit& box, const char* label, int row, int column);
 
   NumberEntry entry_;
   QLineEdit* number_;

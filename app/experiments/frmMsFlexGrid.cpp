@@ -2,18 +2,18 @@
 
 #include <QEvent>
 #include <QFile>
-#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
 #include "app/charts/LegendView.h"
+#include "app/charts/PlotsPanel.h"
 #include "app/experiments/DisplayPanel.h"
 #include "app/experiments/EntryPanel.h"
 #include "app/experiments/ExperimentGridView.h"
-#include "app/experiments/PlotsPanel.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 #include "data/ExperimentFile.h"
 #include "data/FileFault.h"
 #include "session/Session.h"
@@ -47,13 +47,11 @@ void frmMsFlexGrid::BuildPanels() {
   entry_ = new EntryPanel(session_.separator, this);
   displays_ = new DisplayPanel(this);
   legend_ = new LegendView(ProgramFolder(), this);
-  legend_->setObjectName(QStringLiteral("picLegenda"));
-  plots_ = new PlotsPanel(this);
+  plots_ = new PlotsPanel({kPicCs, kPicCx, kPicCp}, this);
 }
 
 void frmMsFlexGrid::LayOut() {
-  auto* const graphs = new QGroupBox(this);
-  graphs->setObjectName(QStringLiteral("frmGrafico"));
+  auto* const graphs = Named<QGroupBox>("frmGrafico", this);
   auto* const plots = new QVBoxLayout(graphs);
   plots->addWidget(plots_);
   auto* const choosers = new QVBoxLayout;
@@ -86,7 +84,7 @@ void frmMsFlexGrid::Wire() {
   connect(displays_, &DisplayPanel::Edited, this, &frmMsFlexGrid::TakeDisplays);
   connect(displays_, &DisplayPanel::ShowWanted, this, &frmMsFlexGrid::ShowPlace);
   connect(plots_, &PlotsPanel::Activated, this, &frmMsFlexGrid::TellEmptyPlots);
-  connect(plots_, &PlotsPanel::MenuRequested, this, &frmMsFlexGrid::ChartMenu);
+  connect(plots_, &PlotsPanel::MenuAsked, this, &frmMsFlexGrid::ChartMenu);
 }
 
 void frmMsFlexGrid::ShowAtStart() {
@@ -101,9 +99,7 @@ void frmMsFlexGrid::ShowAtStart() {
 void frmMsFlexGrid::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() != QEvent::LanguageChange) return;
-  displays_->SetLanguage(session_.language);
-  legend_->SetHeading(Caption(TextId::LegendHeading, session_.language));
-  entry_->Grid().setAccessibleName(Caption(TextId::ExperimentalData, session_.language));
+  displays_->NameControls();
 }
 
 void frmMsFlexGrid::Do(ExperimentAction action) {

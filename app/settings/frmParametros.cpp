@@ -11,6 +11,7 @@
 
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/NumberEntry.h"
+#include "app/widgets/PanelParts.h"
 #include "cultivation/FitSetUp.h"
 #include "estimation/EstimationSettings.h"
 #include "language/Numbers.h"
@@ -56,25 +57,20 @@ void frmParametros::BuildPanels() {
   static_assert(kBoxTable.size() == kBoxes);
   auto* const numbers = new NumberEntry(session_.separator, this);
   for (std::size_t i = 0; i < kBoxes; ++i) {
-    labels_[i] = new QLabel(this);
-    labels_[i]->setObjectName(QLatin1StringView(kBoxTable[i].label));
-    boxes_[i] = new QLineEdit(this);
-    boxes_[i]->setObjectName(QLatin1StringView(kBoxTable[i].name));
+    labels_[i] = Named<QLabel>(kBoxTable[i].label, this);
+    boxes_[i] = Named<QLineEdit>(kBoxTable[i].name, this);
     boxes_[i]->installEventFilter(this);
     labels_[i]->setBuddy(boxes_[i]);
     numbers->Watch(*boxes_[i]);
   }
-  lblEPN_ = new QLabel(this);
-  lblEPN_->setObjectName(QStringLiteral("lblEPN"));
-  cdmAtualizar_ = new QPushButton(this);
-  cdmAtualizar_->setObjectName(QStringLiteral("cdmAtualizar"));
-  cdmFechar_ = new QPushButton(this);
-  cdmFechar_->setObjectName(QStringLiteral("cdmFechar"));
+  lblEPN_ = Named<QLabel>("lblEPN", this);
+  cdmAtualizar_ = Named<QPushButton>("cdmAtualizar", this);
+  cdmFechar_ = Named<QPushButton>("cdmFechar", this);
 }
 
 void frmParametros::LayOut() {
   auto* const grid = new QGridLayout;
-  grid->setHorizontalSpacing(18);
+  grid->setHorizontalSpacing(kDialogMargin);
   grid->setVerticalSpacing(8);
   for (std::size_t i = 0; i < kBoxes; ++i) {
     const int row = static_cast<int>(i);
@@ -92,8 +88,8 @@ void frmParametros::LayOut() {
   buttons->addWidget(cdmFechar_);
 
   auto* const whole = new QVBoxLayout(this);
-  whole->setContentsMargins(18, 18, 18, 18);
-  whole->setSpacing(18);
+  whole->setContentsMargins(kDialogMargin, kDialogMargin, kDialogMargin, kDialogMargin);
+  whole->setSpacing(kDialogMargin);
   whole->addLayout(grid);
   whole->addLayout(buttons);
   whole->setSizeConstraint(QLayout::SetFixedSize);
@@ -114,11 +110,8 @@ void frmParametros::ShowSettings() {
 void frmParametros::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   if (event->type() != QEvent::LanguageChange) return;
-  for (QPushButton* const button : {cdmAtualizar_, cdmFechar_}) {
-    button->setText(button->toolTip());
+  for (QPushButton* const button : {cdmAtualizar_, cdmFechar_})
     button->setMinimumWidth(button->sizeHint().width() + kButtonPadding);
-  }
-  for (std::size_t i = 0; i < kBoxes; ++i) boxes_[i]->setAccessibleName(labels_[i]->text());
 }
 
 bool frmParametros::eventFilter(QObject*, QEvent* event) {
@@ -140,9 +133,7 @@ void frmParametros::Apply() {
     return;
   }
   dialogs_.Show(this, SettingsRefusal());
-  QLineEdit* const failed = boxes_[*checked.refused];
-  failed->setFocus();
-  failed->selectAll();
+  GoToBox(*boxes_[*checked.refused]);
 }
 
 }  // namespace velmora

@@ -7,6 +7,7 @@
 
 #include "app/shell/GrowthCurveView.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 
 namespace velmora {
 namespace {
@@ -23,8 +24,7 @@ constexpr Line kLines[] = {
     {"lblAutores", true, 1},      {"lblEquipe", false, 1},      {"lblFerramenta", false, 1}};
 
 QLabel* NewLine(const Line& line, QWidget* parent) {
-  auto* const label = new QLabel(parent);
-  label->setObjectName(QLatin1StringView(line.name));
+  auto* const label = Named<QLabel>(line.name, parent);
   QFont font = label->font();
   font.setPointSizeF(line.scale * font.pointSizeF());
   font.setBold(line.scale > 1);
@@ -50,18 +50,18 @@ void frmSobre::LayOut() {
   texts->addStretch();
 
   auto* const upper = new QHBoxLayout;
-  upper->setSpacing(18);
+  upper->setSpacing(kDialogMargin);
   upper->addWidget(new GrowthCurveView(this), 0, Qt::AlignTop);
   upper->addLayout(texts, 1);
 
-  auto* const close = new QPushButton(QStringLiteral("OK"), this);
-  close->setObjectName(QStringLiteral("cmdFechar"));
+  auto* const close = Named<QPushButton>("cmdFechar", this);
+  close->setText(QStringLiteral("OK"));
   close->setDefault(true);
   connect(close, &QPushButton::clicked, this, &frmSobre::close);
 
   auto* const whole = new QVBoxLayout(this);
-  whole->setContentsMargins(18, 18, 18, 18);
-  whole->setSpacing(18);
+  whole->setContentsMargins(kDialogMargin, kDialogMargin, kDialogMargin, kDialogMargin);
+  whole->setSpacing(kDialogMargin);
   whole->addLayout(upper);
   whole->addWidget(close, 0, Qt::AlignRight);
   whole->setSizeConstraint(QLayout::SetFixedSize);

@@ -8,24 +8,17 @@
 
 #include "app/shell/GrowthCurveView.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/PanelParts.h"
 
 namespace velmora {
 namespace {
 
 constexpr int kTextWidth = 300;
 
-QLabel* NewLabel(const char* name, QWidget* parent) {
-  auto* const label = new QLabel(parent);
-  label->setObjectName(QLatin1StringView(name));
+QLabel* NewLine(const char* name, QWidget* parent) {
+  auto* const label = Named<QLabel>(name, parent);
   label->setWordWrap(true);
   return label;
-}
-
-template <typename Button>
-Button* NewButton(const char* name, QWidget* parent) {
-  auto* const button = new Button(parent);
-  button->setObjectName(QLatin1StringView(name));
-  return button;
 }
 
 }  // namespace
@@ -41,14 +34,14 @@ frmSplash::frmSplash(Session& session, QWidget* parent) : QDialog(parent), sessi
 
 void frmSplash::BuildPanels() {
   picture_ = new GrowthCurveView(this);
-  lblNome_ = NewLabel("lblNome", this);
-  lblAjusteParCin_ = NewLabel("lblAjusteParCin", this);
-  lblversao_ = NewLabel("lblversao", this);
-  lblEscolher_ = NewLabel("lblEscolher", this);
-  optIdioma_[0] = NewButton<QRadioButton>("optIdioma(0)", this);
-  optIdioma_[1] = NewButton<QRadioButton>("optIdioma(1)", this);
-  cmdOk_ = NewButton<QPushButton>("cmdOk", this);
-  cmdSair_ = NewButton<QPushButton>("cmdSair", this);
+  lblNome_ = NewLine("lblNome", this);
+  lblAjusteParCin_ = NewLine("lblAjusteParCin", this);
+  lblversao_ = NewLine("lblversao", this);
+  lblEscolher_ = NewLine("lblEscolher", this);
+  optIdioma_[0] = Named<QRadioButton>("optIdioma(0)", this);
+  optIdioma_[1] = Named<QRadioButton>("optIdioma(1)", this);
+  cmdOk_ = Named<QPushButton>("cmdOk", this);
+  cmdSair_ = Named<QPushButton>("cmdSair", this);
 
   lblNome_->setText(QStringLiteral("Velmora"));
   QFont large = font();
@@ -72,7 +65,7 @@ void frmSplash::LayOut() {
   lblAjusteParCin_->setMinimumWidth(kTextWidth);
 
   auto* const upper = new QHBoxLayout;
-  upper->setSpacing(18);
+  upper->setSpacing(kDialogMargin);
   upper->addWidget(picture_);
   upper->addLayout(texts, 1);
 
@@ -83,8 +76,8 @@ void frmSplash::LayOut() {
   buttons->addWidget(cmdSair_);
 
   auto* const whole = new QVBoxLayout(this);
-  whole->setContentsMargins(18, 18, 18, 18);
-  whole->setSpacing(18);
+  whole->setContentsMargins(kDialogMargin, kDialogMargin, kDialogMargin, kDialogMargin);
+  whole->setSpacing(kDialogMargin);
   whole->addLayout(upper);
   whole->addLayout(buttons);
   whole->setSizeConstraint(QLayout::SetFixedSize);

@@ -9,7 +9,7 @@
 namespace velmora {
 namespace {
 
-enum class Property : std::uint8_t { Title, Text, ToolTip };
+enum class Property : std::uint8_t { Title, Text, ToolTip, Name };  // Name: for screen readers
 using enum Property;
 
 struct CaptionRow {
@@ -34,10 +34,15 @@ constexpr auto kCaptions = std::to_array<CaptionRow>({
     {"dlgIntervalos", "lblMinTempo", Text, 162},
     {"dlgIntervalos", "lblMaxTempo", Text, 160},
     {"dlgIntervalos", "OKButton", ToolTip, 409},
+    {"dlgIntervalos", "CancelButton", Text, 408},
+    {"dlgIntervalos", "txtMinT", Name, 162},
+    {"dlgIntervalos", "txtMaxT", Name, 160},
 
     {"dlgTituloGrafico", "", Title, 150},
     {"dlgTituloGrafico", "frameNomeGraf", Text, 168},
+    {"dlgTituloGrafico", "txtTitulo", Name, 168},
     {"dlgTituloGrafico", "OKButton", ToolTip, 410},
+    {"dlgTituloGrafico", "CancelButton", Text, 408},
     {"dlgTituloGrafico", "CancelButton", ToolTip, 408},
 
     {"frmCultBatelada", "", Title, 128},
@@ -67,9 +72,17 @@ constexpr auto kCaptions = std::to_array<CaptionRow>({
     {"frmCultBatelada", "lblLimSup", Text, 156},
     {"frmCultBatelada", "lblLimInf", Text, 155},
     {"frmCultBatelada", "frameResultados", Text, 183},
+    {"frmCultBatelada", "Label15", Text, 153},
+    {"frmCultBatelada", "lblNaoSalvo", Text, 320},
+    {"frmCultBatelada", "cdmSalvar", Text, 185},
+    {"frmCultBatelada", "txtNExp", ToolTip, 173},
+    {"frmCultBatelada", "cmbModelo", Name, 115},
+    {"frmCultBatelada", "txtResultados", Name, 183},
     {"frmCultBatelada", "cdmTrocarAjuste", ToolTip, 403},
+    {"frmCultBatelada", "cdmTrocarConjDados", ToolTip, 402},
     {"frmCultBatelada", "cdmTrocarCinProd", ToolTip, 401},
     {"frmCultBatelada", "cdmTrocarModelo", ToolTip, 404},
+    {"frmCultBatelada", "cmdConfirmarModelo", ToolTip, 347},
     {"frmCultBatelada", "cdmSalvar", ToolTip, 428},
     {"frmCultBatelada", "cmdAjustar", ToolTip, 400},
     {"frmCultBatelada", "cmdLimpar", ToolTip, 406},
@@ -99,6 +112,9 @@ constexpr auto kCaptions = std::to_array<CaptionRow>({
     {"frmMsFlexGrid", "Label9", Text, 142},
     {"frmMsFlexGrid", "Label10", Text, 124},
     {"frmMsFlexGrid", "Label11", Text, 148},
+    {"frmMsFlexGrid", "lblExperimentos", Text, 145},
+    {"frmMsFlexGrid", "lblMarcador", Text, 159},
+    {"frmMsFlexGrid", "MSFlexGrid1", Name, 197},
     {"frmMsFlexGrid", "lblDesejaExcluir", Text, 133},
     {"frmMsFlexGrid", "Option1(0)", Text, 164},
     {"frmMsFlexGrid", "Option1(1)", Text, 186},
@@ -124,7 +140,16 @@ constexpr auto kCaptions = std::to_array<CaptionRow>({
     {"frmParametros", "lblAcuracia", Text, 106},
     {"frmParametros", "lblNumRand", Text, 174},
     {"frmParametros", "lblEPN", Text, 199},
+    {"frmParametros", "txtNPOP", Name, 188},
+    {"frmParametros", "txtITER", Name, 169},
+    {"frmParametros", "txtPCROS", Name, 177},
+    {"frmParametros", "txtFACT", Name, 139},
+    {"frmParametros", "txtFACT1", Name, 140},
+    {"frmParametros", "txtEPS", Name, 106},
+    {"frmParametros", "txtIU", Name, 174},
+    {"frmParametros", "cdmAtualizar", Text, 407},
     {"frmParametros", "cdmAtualizar", ToolTip, 407},
+    {"frmParametros", "cdmFechar", Text, 414},
     {"frmParametros", "cdmFechar", ToolTip, 414},
 
     {"frmRelatorio", "", Title, 506},
@@ -183,6 +208,8 @@ void Apply(QWidget& control, Property property, const QString& text) {
     case ToolTip:
       control.setToolTip(text);
       if (!NamedByToolTip(control)) return;
+      break;
+    case Name:
       break;
   }
   control.setAccessibleName(WithoutMnemonic(text));

@@ -5,10 +5,12 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QIntValidator>
 #include <QKeyEvent>
-#include <QLineEdit>
+#include <QLocale>
 #include <QMenu>
 #include <QMimeData>
+#include <QPalette>
 #include <algorithm>
 #include <optional>
 
@@ -16,6 +18,10 @@
 
 namespace velmora {
 namespace {
+
+constexpr QColor kEstimated(0x00, 0x66, 0xB3);
+constexpr int kNarrowest = 56;  // px
+constexpr int kUsualWidth = 90;
 
 /// The box's text less what the next entry replaces.
 QString KeptText(const QLineEdit& box) {
@@ -61,9 +67,9 @@ bool IsPaste(const QAction& action) {
 
 /// One box's entry on its way through the filter. A handler returns whether it has dealt with the
 /// event; what it leaves, the box does by itself.
-class Entry {
+class KeyEntry {
  public:
-  Entry(QLineEdit& box, char separator) : box_(box), separator_(separator) {}
+  KeyEntry(QLineEdit& box, char separator) : box_(box), separator_(separator) {}
 
   bool Refused() const { return refused_; }
 
@@ -165,13 +171,51 @@ void NumberEntry::Watch(QLineEdit& box) {
 bool NumberEntry::eventFilter(QObject* watched, QEvent* event) {
   auto* const box = qobject_cast<QLineEdit*>(watched);
   if (box == nullptr || box->isReadOnly()) return false;
-  Entry entry(*box, separator_);
+  KeyEntry entry(*box, separator_);
   const bool dealtWith = entry.Handle(*event);
   if (entry.Refused()) {
     QApplication::beep();
     emit Refused();
   }
   return dealtWith;
+}
+
+void LimitToWholeNumbers(QLineEdit& box, int least, int most) {
+  QLocale locale = QLocale::c();
+  locale.setNumberOptions(QLocale::RejectGroupSeparator | QLocale::OmitGroupSeparator);
+  auto* const validator = new QIntValidator(least, most, &box);
+  validator->setLocale(locale);
+  box.setValidator(validator);
+  QObject::connect(&box, &QLineEdit::inputRejected, &box, [] { QApplication::beep(); });
+}
+
+NumberBox::NumberBox(const QString& name, QWidget* parent) : QLineEdit(parent) {
+  setObjectName(name);
+  setAccessibleName(name);
+  setMinimumWidth(kNarrowest);
+  connect(this, &QLineEdit::textEdited, this, [this] { SetMark(Mark::None); });
+}
+
+void NumberBox::Show(const Entry& entry, Mark mark) {
+  shown_ = entry;
+  shownText_ = QString::fromStdString(entry.text);
+  setText(shownText_);
+  setCursorPosition(0);
+  SetMark(mark);
+}
+
+Entry NumberBox::Value() const {
+  return text() == shownText_ ? shown_ : Entry(text().toStdString());
+}
+
+QSize NumberBox::sizeHint() const {
+  return {kUsualWidth, QLineEdit::sizeHint().height()};
+}
+
+void NumberBox::SetMark(Mark mark) {
+  QPalette colours;
+  if (mark == Mark::Estimated) colours.setColor(QPalette::Text, kEstimated);
+  setPalette(colours);
 }
 
 }  // namespace velmora

@@ -1,9 +1,10 @@
-// The key filter of numeric boxes.
+// Boxes for numbers, and the key filter of those that take decimals.
 #pragma once
 
+#include <QLineEdit>
 #include <QObject>
 
-class QLineEdit;
+#include "cultivation/CultivationForm.h"
 
 namespace velmora {
 
@@ -28,6 +29,35 @@ class NumberEntry : public QObject {
 
  private:
   char separator_;
+};
+
+/// Lets only whole numbers within the bounds, both included, into `box`; what is refused sounds the
+/// beep. Text set from code passes.
+void LimitToWholeNumbers(QLineEdit& box, int least, int most);
+
+/// A box that may show a number rounded. As long as its text is the one that it was given, it still
+/// stands for the exact number behind it; what the user types stands for itself.
+class NumberBox : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  enum class Mark { None, Estimated };
+
+  explicit NumberBox(const QString& name, QWidget* parent = nullptr);
+
+  /// Shows the entry's text. An estimated number stands out in colour until the user edits the box.
+  void Show(const Entry& entry, Mark mark = Mark::None);
+
+  /// What was shown, as long as its text still stands there; else what was typed.
+  Entry Value() const;
+
+  QSize sizeHint() const override;
+
+ private:
+  void SetMark(Mark mark);
+
+  QString shownText_;
+  Entry shown_;
 };
 
 }  // namespace velmora

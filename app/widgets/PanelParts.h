@@ -1,52 +1,73 @@
-// The small parts from which panels are laid out.
+// The small parts from which windows and panels are laid out.
 #pragma once
 
+#include <QButtonGroup>
 #include <QGroupBox>
 #include <QLabel>
 #include <QLayout>
 #include <QToolButton>
+#include <span>
 
 #include "app/widgets/Icons.h"
 
+class QDialog;
+class QPushButton;
+
 namespace velmora {
 
-inline constexpr int kSpacing = 6;  // between controls and between panels, pixels
+inline constexpr int kSpacing = 6;         // between controls and between panels, pixels
+inline constexpr int kDialogSpacing = 12;  // inside a small dialog
+inline constexpr int kDialogMargin = 18;   // around its contents
+
+/// A control with its name, by which captions and tests find it.
+template <class Control>
+Control* Named(const QString& name, QWidget* parent) {
+  auto* const control = new Control(parent);
+  control->setObjectName(name);
+  return control;
+}
+template <class Control>
+Control* Named(const char* name, QWidget* parent) {
+  return Named<Control>(QString::fromLatin1(name), parent);
+}
 
 /// The name of a member of a control array.
-inline QString MemberName(QLatin1StringView array, int index) {
-  return QStringLiteral("%1(%2)").arg(array).arg(index);
-}
+QString MemberName(const char* array, int index);
 
-inline QGroupBox* NewFrame(const QString& name, QWidget* parent) {
-  auto* const frame = new QGroupBox(parent);
-  frame->setObjectName(name);
-  return frame;
-}
+QLabel* NewLabel(const QString& name, const QString& text, QWidget* parent);
 
-inline QLabel* NewLabel(const QString& name, const QString& text, QWidget* parent) {
-  auto* const label = new QLabel(text, parent);
-  label->setObjectName(name);
-  return label;
-}
-
-inline QToolButton* NewButton(const QString& name, Symbol symbol, QWidget* parent) {
-  auto* const button = new QToolButton(parent);
-  button->setObjectName(name);
-  button->setIcon(DrawnIcon(symbol));
-  button->setFocusPolicy(Qt::StrongFocus);
-  return button;
-}
+/// A button that shows a drawing alone.
+QToolButton* NewButton(const char* name, Symbol symbol, QWidget* parent);
+/// The same without a frame until it is used, for a row of them.
+QToolButton* NewFlatButton(const char* name, Symbol symbol, QWidget* parent);
 
 /// One spacing everywhere, and nothing lost around a panel.
-inline void Tighten(QLayout& layout) {
-  layout.setSpacing(kSpacing);
-  layout.setContentsMargins(0, 0, 0, 0);
-}
-
+void Tighten(QLayout& layout);
 /// The same inside a frame, which keeps a margin.
-inline void TightenInside(QLayout& layout) {
-  layout.setSpacing(kSpacing);
-  layout.setContentsMargins(kSpacing, kSpacing / 2, kSpacing, kSpacing / 2);
-}
+void TightenInside(QLayout& layout);
+
+/// The frame of a small dialog above its buttons, which are made here, after what stands in the
+/// frame; the cancel button closes the dialog. Returns the OK button, the default one.
+QPushButton* LayOutDialog(QDialog& dialog, QGroupBox& frame);
+
+/// Gives the box the keyboard with its text selected.
+void GoToBox(QLineEdit& box);
+
+/// A radio button and the value that it stands for, above 0.
+struct Option {
+  int value;
+  const char* name;
+};
+
+/// Radio buttons of which one is chosen, or none.
+class OptionGroup : public QButtonGroup {
+ public:
+  OptionGroup(std::span<const Option> options, QWidget* parent);
+
+  /// Chooses the option of `value`; for a value that none stands for, none.
+  void Choose(int value);
+  /// The chosen option's value; 0 where none is chosen.
+  int Chosen() const;
+};
 
 }  // namespace velmora

@@ -18,8 +18,8 @@
 #include <memory>
 #include <ostream>
 
-#include "app/cultivation/ReportPictures.h"
 #include "app/cultivation/frmCultBatelada.h"
+#include "app/cultivation/frmRelatorio.h"
 #include "app/widgets/Idiomas.h"
 #include "cultivation/FitSetUp.h"
 #include "data/SafeSave.h"
