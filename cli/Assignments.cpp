@@ -95,6 +95,8 @@ std::string ConditionNames() {
 
 double NumberOf(std::string_view option, std::string_view text, const Wording& say) {
   if (const std::optional<double> number = ParseNumber(text, '.')) return *number;
+  if (IsOutOfRange(text, '.'))
+    FailUsage(std::string(option) + ": " + say(TextId::FileOutOfRange, {text}));
   const bool comma = ParseNumber(text, ',').has_value();
   FailUsage(say(comma ? TextId::DecimalComma : TextId::NotANumber, {option, text}));
 }

@@ -13,8 +13,8 @@ struct DescriptionText {
 };
 
 /// Makes a pasted text fit: a comma, which would end the field, becomes a semicolon, a line break
-/// or TAB a blank; other control characters and letters outside Windows-1252 are left out; leading
-/// blanks are dropped.
+/// or TAB a blank; other ASCII control characters and letters outside Windows-1252 are left out;
+/// leading blanks are dropped.
 DescriptionText FittingDescription(std::string_view pasted);
 
 /// Whether a typed text may enter as it stands, `first` where nothing stands before it.

@@ -12,14 +12,14 @@ namespace {
 
 constexpr int kMostNumber = std::numeric_limits<std::int16_t>::max();
 
-// Texts of the string table.
-
-std::string Quoted(const std::string& text) {
+/// The text found, and what to say of it where it is a number.
+Piece Found(const std::string& text, bool outOfRange) {
+  if (outOfRange) return {TextId::FileOutOfRange, {text}};
   return "\"" + text + "\"";
 }
 
-Message NotSaved(Piece where, const std::string& found) {
-  return {{TextId::PossibleErrors, "\n", std::move(where), ": " + Quoted(found)},
+Message NotSaved(Piece where, Piece found) {
+  return {{TextId::PossibleErrors, "\n", std::move(where), ": ", std::move(found)},
           TextId::ExperimentNotSaved,
           Icon::Exclamation};
 }
@@ -40,7 +40,13 @@ EntryRead::Refusal BadCell(GridCell cell, std::span<const GridRow> rows) {
   const auto row = static_cast<std::size_t>(cell.row);
   const auto column = static_cast<std::size_t>(cell.column);
   const std::string where = std::to_string(cell.row + 1) + ", " + std::string(kGridHeaders[column]);
-  return {NotSaved(where, rows[row][column]), EntryBox::Cell, cell};
+  const std::string& text = rows[row][column];
+  return {NotSaved(where, Found(text, IsCellOutOfRange(text))), EntryBox::Cell, cell};
+}
+
+EntryRead::Refusal BadFinalTime(const std::string& text, char separator) {
+  const bool outOfRange = IsOutOfRange(Normalised(text, separator), separator);
+  return {NotSaved(TextId::FinalTime, Found(text, outOfRange)), EntryBox::FinalTime, {}};
 }
 
 int FilledCells(const std::vector<std::string>& row) {
@@ -69,9 +75,10 @@ EntryRead ReadEntry(const ExperimentHeader& header, std::span<const GridRow> row
   const std::optional<std::int16_t> number = NumberOf(header.number);
   const std::optional<double> finalTime = ReadBox(header.finalTime, separator);
   if (!number)
-    read.refusal = {NotSaved(TextId::ExperimentNumber, header.number), EntryBox::Number, {}};
+    read.refusal = {
+        NotSaved(TextId::ExperimentNumber, Found(header.number, false)), EntryBox::Number, {}};
   else if (!finalTime)
-    read.refusal = {NotSaved(TextId::FinalTime, header.finalTime), EntryBox::FinalTime, {}};
+    read.refusal = BadFinalTime(header.finalTime, separator);
   else if (grid.badCell)
     read.refusal = BadCell(*grid.badCell, rows);
   read.experiment.number = number.value_or(0);

@@ -8,7 +8,7 @@
 namespace velmora {
 
 FieldReader::FieldReader(const FileText& file, const std::string& path)
-    : rest_(file.text), badLetter_(file.badLetter) {
+    : rest_(file.text), badByte_(file.badByte) {
   place_.path = path;
 }
 
@@ -18,7 +18,7 @@ std::string_view FieldReader::Text(FileField field, int item) {
   place_.field = field;
   place_.item = item;
   if (rest_.empty()) {
-    Fail(badLetter_.empty() ? FileReason::EndOfFile : FileReason::BadLetter, badLetter_);
+    Fail(badByte_.empty() ? FileReason::EndOfFile : FileReason::BadByte, badByte_);
     return {};
   }
   rest_.remove_prefix(std::min(rest_.find_first_not_of(' '), rest_.size()));
@@ -40,14 +40,18 @@ double FieldReader::Number(FileField field, int item) {
 
 double FieldReader::NumberIn(std::string_view part) {
   const std::optional<double> number = ReadBox(part, '.');
-  if (!number) Fail(FileReason::NotANumber, part);
+  if (!number) FailNumber(part);
   return number.value_or(0);
+}
+
+void FieldReader::FailNumber(std::string_view part) {
+  Fail(IsOutOfRange(part, '.') ? FileReason::OutOfRange : FileReason::NotANumber, part);
 }
 
 double FieldReader::WholeIn(std::string_view part, Limits limits) {
   const std::optional<double> number = ParseNumber(part, '.');
   if (!number) {
-    Fail(FileReason::NotANumber, part);
+    FailNumber(part);
   } else if (*number != std::trunc(*number)) {
     Fail(FileReason::NotAWholeNumber, part);
   } else if (*number < limits.least || *number > limits.most) {
@@ -56,11 +60,15 @@ double FieldReader::WholeIn(std::string_view part, Limits limits) {
   return Good() ? *number : 0;
 }
 
+FileFault FieldReader::FaultHere(FileReason reason, std::string_view found) const {
+  FileFault fault = place_;
+  fault.reason = reason;
+  fault.detail = Quoted(found);
+  return fault;
+}
+
 void FieldReader::Fail(FileReason reason, std::string_view found) {
-  if (!Good()) return;
-  fault_ = place_;
-  fault_->reason = reason;
-  fault_->detail = Quoted(found);
+  if (Good()) fault_ = FaultHere(reason, found);
 }
 
 std::string_view FieldReader::RightOf(char mark, std::string_view text) {

@@ -44,6 +44,8 @@ class FieldReader {
   /// The number that a part of the field read last states.
   double NumberIn(std::string_view part);
   double WholeIn(std::string_view part, Limits limits);
+  /// What is to be said of the field read last, without ending the reading.
+  FileFault FaultHere(FileReason reason, std::string_view found) const;
   /// Faults the field read last, unless there is a fault already.
   void Fail(FileReason reason, std::string_view found);
 
@@ -60,9 +62,10 @@ class FieldReader {
     return {std::numeric_limits<Type>::min(), std::numeric_limits<Type>::max()};
   }
   void PassFieldEnd();
+  void FailNumber(std::string_view part);
 
   std::string_view rest_;
-  std::string_view badLetter_;
+  std::string_view badByte_;
   FileFault place_;  // of the field read last; its reason is not in use
   int nextLine_ = 1;
   std::optional<FileFault> fault_;

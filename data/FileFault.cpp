@@ -3,8 +3,7 @@
 namespace velmora {
 namespace {
 
-static_assert(TextOf(TextId::FileCannotOpen, FileReason::HoldsExperiments) ==
-              TextId::FileHoldsExperiments);
+static_assert(TextOf(TextId::FileCannotOpen, FileReason::BadByte) == TextId::FileBadByte);
 static_assert(TextOf(TextId::FieldNone, FileField::FourthValue) == TextId::FieldStartValue);
 
 std::string FieldOf(const FileFault& fault, Language language) {
@@ -20,6 +19,14 @@ std::string FaultReason(const FileFault& fault, Language language) {
   std::string text = FieldOf(fault, language);
   if (!text.empty()) text += ": ";
   return text + Filled(TextOf(TextId::FileCannotOpen, fault.reason), language, {fault.detail});
+}
+
+std::vector<Piece> FaultPieces(const FileFault& fault) {
+  return {{TextId::LineOfFile, {std::to_string(fault.line)}},
+          ", ",
+          {TextOf(TextId::FieldNone, fault.field), {std::to_string(fault.item)}},
+          ": ",
+          {TextOf(TextId::FileCannotOpen, fault.reason), {fault.detail}}};
 }
 
 std::string FaultDetail(const FileFault& fault, Language language) {

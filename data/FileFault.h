@@ -3,7 +3,9 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
+#include "language/Message.h"
 #include "language/Texts.h"
 
 namespace velmora {
@@ -20,10 +22,13 @@ enum class FileReason : std::uint8_t {
   OutOfRange,          // detail: the text found
   MissingBar,          // a point line with fewer than four values ended by "|"
   TooManyExperiments,  // more than the nine of a cultivation
-  BadLetter,           // detail: the letter that the file's encoding lacks, or the byte in hex
+  BadLetter,           // detail: the letter that Windows-1252 lacks, or a byte that is none in hex
   LineBreakInText,     // a text that is to fill one line holds a line break
   HoldsConditions,     // a conditions file where an experiment file was to be read
   HoldsExperiments,    // the other way round
+  UnknownChoice,       // detail: the text or value that stands for no choice
+  FittedTwice,         // detail: the code of a parameter that is fitted already
+  BadByte,             // detail: the byte of a UTF-8 file that is no letter, in hex
 };
 
 /// The item of a file that a fault is about.
@@ -64,6 +69,9 @@ struct FileFault {
 
 /// The field and the reason, with what to do, on one line of UTF-8.
 std::string FaultReason(const FileFault& fault, Language language);
+
+/// "Line 12, option text 1: " and the reason, of a fault whose line and item are known.
+std::vector<Piece> FaultPieces(const FileFault& fault);
 
 /// The file's path, and on a line below it the line, the field and the reason.
 std::string FaultDetail(const FileFault& fault, Language language);

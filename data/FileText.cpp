@@ -13,31 +13,22 @@ constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnd = "\r\n";
 constexpr int kMostQuoted = 40;  // letters
 
-/// Where the first byte stands that is no letter, or npos.
-std::size_t BadByteAt(std::string_view bytes, bool utf8) {
-  std::string_view rest = bytes;
-  if (utf8) {
-    while (const std::size_t length = LetterLength(rest)) rest.remove_prefix(length);
-  } else {
-    const auto undefined = [](char byte) { return !FromWindows1252({&byte, 1}); };
-    const auto at = std::find_if(rest.begin(), rest.end(), undefined);
-    rest.remove_prefix(static_cast<std::size_t>(at - rest.begin()));
-  }
-  return rest.empty() ? std::string_view::npos : bytes.size() - rest.size();
+/// Where the first byte of a UTF-8 text stands that is no letter, or its end.
+std::size_t BadByteAt(std::string_view utf8) {
+  std::string_view rest = utf8;
+  while (const std::size_t length = LetterLength(rest)) rest.remove_prefix(length);
+  return utf8.size() - rest.size();
 }
 
 }  // namespace
 
 FileText DecodeFile(std::string_view bytes) {
-  const bool utf8 = bytes.starts_with(kByteOrderMark);
-  if (utf8) bytes.remove_prefix(kByteOrderMark.size());
-  FileText file;
-  if (const std::size_t bad = BadByteAt(bytes, utf8); bad != std::string_view::npos) {
-    file.badLetter = ByteInHex(bytes[bad]);
-    bytes = bytes.substr(0, bytes.find_last_of(kLineEnd, bad) + 1);
-  }
-  file.text = utf8 ? std::string(bytes) : FromWindows1252(bytes).value();
-  return file;
+  if (!bytes.starts_with(kByteOrderMark)) return {FromWindows1252(bytes), ""};
+  bytes.remove_prefix(kByteOrderMark.size());
+  const std::size_t bad = BadByteAt(bytes);
+  if (bad == bytes.size()) return {std::string(bytes), ""};
+  return {std::string(bytes.substr(0, bytes.find_last_of(kLineEnd, bad) + 1)),
+          ByteInHex(bytes[bad])};
 }
 
 void AppendLine(std::string& text, std::string_view line) {

@@ -15,11 +15,11 @@ inline constexpr std::string_view kFirstTitle = "Ajuste de parâmetros";
 inline constexpr std::string_view kExperimentsTitle = "Dados de entrada";
 inline constexpr std::string_view kConditionsTitle = "Condições de cultivo";
 
-/// A file's text, UTF-8 without a byte order mark. Where a byte stands for no letter, the text
-/// ends before the line with that byte and `badLetter` names it ("0x81").
+/// A file's text, UTF-8 without a byte order mark. Where a byte of a UTF-8 file is no letter, the
+/// text ends before the line with that byte and `badByte` names it ("0xE7").
 struct FileText {
   std::string text;
-  std::string badLetter;
+  std::string badByte;
 };
 
 /// Decodes a file that begins with the UTF-8 byte order mark as UTF-8, every other as Windows-1252.

@@ -33,6 +33,13 @@ std::vector<std::string> CellsOf(std::string_view row) {
   }
 }
 
+/// A cell's text with a point for its decimal mark; what has two marks is no number either way.
+std::string WithPoint(std::string_view cell) {
+  std::string number(cell);
+  std::replace(number.begin(), number.end(), ',', '.');
+  return number;
+}
+
 }  // namespace
 
 GridBlock ParseBlock(std::string_view text) {
@@ -54,11 +61,11 @@ std::string BlockText(const GridBlock& block) {
 }
 
 std::optional<double> CellNumber(std::string_view text) {
-  const auto isMark = [](char c) { return c == '.' || c == ','; };
-  if (text.empty() || std::count_if(text.begin(), text.end(), isMark) > 1) return std::nullopt;
-  std::string number(text);
-  std::replace(number.begin(), number.end(), ',', '.');
-  return ParseNumber(number, '.');
+  return ParseNumber(WithPoint(text), '.');
+}
+
+bool IsCellOutOfRange(std::string_view text) {
+  return IsOutOfRange(WithPoint(text), '.');
 }
 
 bool IsEmpty(const GridRow& row) {

@@ -37,8 +37,10 @@ GridBlock ParseBlock(std::string_view text);
 std::string BlockText(const GridBlock& block);
 
 /// The number in a cell, with a decimal point or a decimal comma. Nothing where the cell is empty,
-/// holds something else, or has thousands separators.
+/// holds something else, has thousands separators, or its number is out of range.
 std::optional<double> CellNumber(std::string_view text);
+/// Whether no double holds the number in a cell.
+bool IsCellOutOfRange(std::string_view text);
 
 bool IsEmpty(const GridRow& row);
 

@@ -130,7 +130,10 @@ double MeasuredTable::Value(std::size_t row, std::size_t column) {
   if (cell.empty()) FailAt(row, column, TextId::CellEmpty);
   const bool comma = cell.find(',') != std::string::npos;
   const std::optional<double> value = ParseNumber(cell, comma ? ',' : '.');
-  if (!value) FailAt(row, column, TextId::CellNotANumber);
+  if (!value) {
+    const bool outOfRange = IsOutOfRange(cell, comma ? ',' : '.');
+    FailAt(row, column, outOfRange ? TextId::FileOutOfRange : TextId::CellNotANumber);
+  }
   if (*value < 0) FailAt(row, column, TextId::CellNegative);
   if (comma || cell.find('.') != std::string::npos) {
     const char mark = comma ? ',' : '.';

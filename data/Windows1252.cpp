@@ -6,14 +6,14 @@
 namespace velmora {
 namespace {
 
-constexpr char16_t kNoLetter = 0;
 constexpr unsigned kFirstOwn = 0x80;
 
-/// The letters of the bytes 80..9F; all other bytes stand for the letter of their own number.
+/// The letters of the bytes 80..9F; all other bytes stand for the letter of their own number. So do
+/// the five that the encoding leaves without a letter: as control characters they come back as the
+/// bytes that they were.
 constexpr std::array<char16_t, 32> kOwnLetters = {
-    u'€', kNoLetter, u'‚',      u'ƒ', u'„',      u'…',      u'†', u'‡',      u'ˆ', u'‰', u'Š',
-    u'‹', u'Œ',      kNoLetter, u'Ž', kNoLetter, kNoLetter, u'‘', u'’',      u'“', u'”', u'•',
-    u'–', u'—',      u'˜',      u'™', u'š',      u'›',      u'œ', kNoLetter, u'ž', u'Ÿ'};
+    u'€', 0x81, u'‚', u'ƒ', u'„', u'…', u'†', u'‡', u'ˆ', u'‰', u'Š', u'‹', u'Œ', 0x8D, u'Ž', 0x8F,
+    0x90, u'‘', u'’', u'“', u'”', u'•', u'–', u'—', u'˜', u'™', u'š', u'›', u'œ', 0x9D, u'ž', u'Ÿ'};
 
 bool IsOwn(char32_t number) {
   return number >= kFirstOwn && number < kFirstOwn + kOwnLetters.size();
@@ -70,7 +70,7 @@ void AppendUtf8(char16_t letter, std::string& text) {
 std::optional<char> ByteOf(char32_t letter) {
   if (letter <= 0xFF && !IsOwn(letter)) return static_cast<char>(letter);
   const auto at = std::find(kOwnLetters.begin(), kOwnLetters.end(), letter);
-  if (letter == kNoLetter || at == kOwnLetters.end()) return std::nullopt;
+  if (at == kOwnLetters.end()) return std::nullopt;
   return static_cast<char>(kFirstOwn + static_cast<unsigned>(at - kOwnLetters.begin()));
 }
 
@@ -89,15 +89,12 @@ Encoded ToWindows1252(std::string_view utf8) {
   return encoded;
 }
 
-std::optional<std::string> FromWindows1252(std::string_view bytes) {
+std::string FromWindows1252(std::string_view bytes) {
   std::string text;
   text.reserve(bytes.size());
   for (const char byte : bytes) {
     const auto number = static_cast<unsigned char>(byte);
-    const bool own = IsOwn(number);
-    const char16_t letter = own ? kOwnLetters[number - kFirstOwn] : char16_t{number};
-    if (own && letter == kNoLetter) return std::nullopt;
-    AppendUtf8(letter, text);
+    AppendUtf8(IsOwn(number) ? kOwnLetters[number - kFirstOwn] : char16_t{number}, text);
   }
   return text;
 }

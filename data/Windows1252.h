@@ -17,15 +17,15 @@ struct Encoded {
 };
 Encoded ToWindows1252(std::string_view utf8);
 
-/// The UTF-8 text of Windows-1252 bytes; nothing where a byte stands for no letter (81, 8D, 8F,
-/// 90, 9D).
-std::optional<std::string> FromWindows1252(std::string_view bytes);
+/// The UTF-8 text of Windows-1252 bytes. Those that stand for no letter (81, 8D, 8F, 90, 9D) are
+/// the control characters of their numbers, so that any bytes at all come back as they were.
+std::string FromWindows1252(std::string_view bytes);
 
 /// The number of bytes of the letter that a UTF-8 text begins with; 0 where it is empty or begins
 /// with no valid letter.
 std::size_t LetterLength(std::string_view utf8);
 
-/// A byte that is no letter, as a message names it: "0x81".
+/// A byte that is no letter, as a message names it: "0xC3".
 std::string ByteInHex(char byte);
 
 }  // namespace velmora

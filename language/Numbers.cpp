@@ -86,6 +86,29 @@ std::string_view WithoutBlanks(std::string_view text) {
   return text;
 }
 
+struct Parsed {
+  double value = 0;
+  std::errc error = std::errc::invalid_argument;  // or result_out_of_range, or none
+};
+
+Parsed Parse(std::string_view text, char separator) {
+  std::string number(WithoutBlanks(text));
+  if (number.starts_with('+')) {
+    number.erase(0, 1);
+    if (number.starts_with('+') || number.starts_with('-')) return {};
+  }
+  const char foreign = separator == '.' ? ',' : '.';
+  const bool decimalText = number.find(foreign) == std::string::npos &&
+                           number.find_first_not_of("+-0123456789eE.,") == std::string::npos;
+  if (!decimalText) return {};
+  std::replace(number.begin(), number.end(), separator, '.');
+  Parsed parsed;
+  const char* const end = number.data() + number.size();
+  const auto [stop, error] = std::from_chars(number.data(), end, parsed.value);
+  if (stop == end) parsed.error = error;
+  return parsed;
+}
+
 }  // namespace
 
 std::string ShortestText(double value) {
@@ -148,28 +171,13 @@ std::string Normalised(std::string_view text, char separator) {
 }
 
 std::optional<double> ParseNumber(std::string_view text, char separator) {
-  std::string number(WithoutBlanks(text));
-  if (number.starts_with('+')) {
-    number.erase(0, 1);
-    if (number.starts_with('+') || number.starts_with('-')) return std::nullopt;
-  }
-  const char foreign = separator == '.' ? ',' : '.';
-  const bool decimalText = number.find(foreign) == std::string::npos &&
-                           number.find_first_not_of("+-0123456789eE.,") == std::string::npos;
-  if (!decimalText) return std::nullopt;
-  std::replace(number.begin(), number.end(), separator, '.');
-  double value = 0;
-  const char* const end = number.data() + number.size();
-  const auto [stop, error] = std::from_chars(number.data(), end, value);
-  if (stop != end || number.empty()) return std::nullopt;
-  // A number too small for a double reads as zero; one too large is none.
-  if (error == std::errc::result_out_of_range) {
-    const bool tiny =
-        number.find("E-") != std::string::npos || number.find("e-") != std::string::npos;
-    return tiny ? std::optional<double>(0.0) : std::nullopt;
-  }
-  if (error != std::errc{} || !std::isfinite(value)) return std::nullopt;
-  return value;
+  const Parsed parsed = Parse(text, separator);
+  if (parsed.error != std::errc{}) return std::nullopt;
+  return parsed.value;
+}
+
+bool IsOutOfRange(std::string_view text, char separator) {
+  return Parse(text, separator).error == std::errc::result_out_of_range;
 }
 
 std::optional<double> ReadBox(std::string_view text, char separator) {

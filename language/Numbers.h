@@ -46,9 +46,12 @@ double RoundHalfEven(double value, int decimals);
 std::string Normalised(std::string_view text, char separator);
 
 /// The number that `text` as a whole states, with `separator` as its decimal mark; blanks around
-/// it are passed over. Nothing where the text is no number, has a thousands separator or is too
-/// large for a double.
+/// it are passed over. Nothing where the text is no number, has a thousands separator or is out of
+/// range.
 std::optional<double> ParseNumber(std::string_view text, char separator);
+
+/// Whether `text` states a number that no double holds: too large or, though not 0, too near to 0.
+bool IsOutOfRange(std::string_view text, char separator);
 
 /// `ParseNumber` of the normalised text: what every box and cell is read with.
 std::optional<double> ReadBox(std::string_view text, char separator);

@@ -267,6 +267,9 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::FileLineBreak, "\"{1}\" has a line break; write it on one line", "\"{1}\" tem uma quebra de linha; escreva-o em uma só linha"},
     {TextId::FileHoldsConditions, "the file holds cultivation conditions; open it as such", "o arquivo contém condições de cultivo; abra-o como tal"},
     {TextId::FileHoldsExperiments, "the file holds experiments; open it as such", "o arquivo contém experimentos; abra-o como tal"},
+    {TextId::FileUnknownChoice, "\"{1}\" is not known and selects nothing; choose, and save the conditions again", "\"{1}\" não é conhecido e não seleciona nada; escolha e salve as condições de novo"},
+    {TextId::FileFittedTwice, "\"{1}\" stands for a parameter that is fitted already; remove one of the two, with its bounds, and count one less", "\"{1}\" indica um parâmetro que já é ajustado; retire um dos dois, com seus limites, e conte um a menos"},
+    {TextId::FileBadByte, "the byte {1} is no letter, although the file begins as UTF-8; save it as UTF-8 or as Windows-1252", "o byte {1} não é uma letra, embora o arquivo comece como UTF-8; salve-o como UTF-8 ou como Windows-1252"},
 
     // The items of a file, in the order of FileField; {1} is the item's number.
     {TextId::FieldNone, "", ""},
@@ -324,6 +327,8 @@ constexpr auto kTable = std::to_array<Entry>({
 
     // Experiments and conditions.
     {TextId::NumbersRepeated, "These numbers belong to more than one experiment: {1}. Saving changes the experiment that is shown. To give it another number, save it with that number and delete the old one by its place.", "Estes números pertencem a mais de um experimento: {1}. Salvar altera o experimento exibido. Para dar-lhe outro número, salve-o com esse número e exclua o antigo pela sua posição."},
+    {TextId::ConditionsMissing, "Conditions are missing for these experiments: {1}.", "Faltam as condições destes experimentos: {1}."},
+    {TextId::NoYields, "Choose the yield coefficients: stoichiometric or global.", "Escolha os coeficientes de rendimento: estequiométricos ou globais."},
 
     // The windows.
     {TextId::WriteWithoutEntries, ". Its entries will not be in the file. Write the file without them?", ". O que foi digitado não estará no arquivo. Gravar o arquivo assim mesmo?"},
@@ -363,6 +368,7 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::InExperiment, "experiment {1} (place {2}): {3}", "experimento {1} (posição {2}): {3}"},
 
     // Tables from a spreadsheet.
+    {TextId::LabelMissing, "there is no experiment \"{1}\"; the table has {2}", "não há o experimento \"{1}\"; a tabela tem {2}"},
     {TextId::NotUtf8, "the table is not UTF-8 text; save it as CSV UTF-8", "a tabela não é texto UTF-8; salve-a como CSV UTF-8"},
     {TextId::NoHeader, "there is no header line with the columns t, Cs, Cx and Cp", "falta a linha de cabeçalho com as colunas t, Cs, Cx e Cp"},
     {TextId::MissingColumn, "there is no column {1}; the header needs the columns t, Cs, Cx and Cp", "falta a coluna {1}; o cabeçalho precisa das colunas t, Cs, Cx e Cp"},

@@ -139,6 +139,9 @@ enum class TextId : std::int16_t {
   FileLineBreak,
   FileHoldsConditions,
   FileHoldsExperiments,
+  FileUnknownChoice,
+  FileFittedTwice,
+  FileBadByte,
 
   // The items of a file, in the order of FileField; {1} is the item's number.
   FieldNone,
@@ -196,6 +199,8 @@ enum class TextId : std::int16_t {
 
   // Experiments and conditions.
   NumbersRepeated,
+  ConditionsMissing,
+  NoYields,
 
   // The windows.
   WriteWithoutEntries,
@@ -235,6 +240,7 @@ enum class TextId : std::int16_t {
   InExperiment,
 
   // Tables from a spreadsheet.
+  LabelMissing,
   NotUtf8,
   NoHeader,
   MissingColumn,

@@ -74,6 +74,7 @@ TEST_F(Import, RefusesWhatItCannotRead) {
       {"no number", "t,Cs,Cx,Cp\n0,n.d.,2,3\n", ":2: row 1, column Cs: \"n.d.\" is not a number"},
       {"negative", "t,Cs,Cx,Cp\n0,1,-2,3\n", "column Cx: \"-2\" is negative"},
       {"infinite", "t,Cs,Cx,Cp\n0,1,2,inf\n", "\"inf\" is not a number"},
+      {"huge", "t,Cs,Cx,Cp\n0,1,2,1e399\n", "column Cp: \"1e399\" is out of range"},
       {"thousands", "t;Cs;Cx;Cp\n0;1.234,5;2;3\n", "\"1.234,5\" is not a number"},
       {"comma beside points", "t;Cs;Cx;Cp\n0.5;1,234;2;3\n", "\"1,234\" has another decimal mark"},
       {"unquoted decimal commas", "t,Cs,Cx,Cp\n0,1,5,2,5,3\n", "row 1 has 6 cells"},

@@ -49,6 +49,14 @@ TEST(GridText, NamesTheFirstCellThatIsNoNumber) {
   EXPECT_EQ(Worded(bad.refusal->message, Language::English),
             "Possibilities of error:\n2, Cx (g/L): \"x\"");
   EXPECT_EQ(bad.refusal->cell, (GridCell{1, 2}));
+  const auto huge =
+      ReadEntry({"3", "", "1"}, std::vector<GridRow>{{"0", "1,5e399", "2", "3"}}, '.');
+  ASSERT_TRUE(huge.refusal);
+  EXPECT_EQ(Worded(huge.refusal->message, Language::English),
+            "Possibilities of error:\n1, Cs (g/L): \"1,5e399\" is out of range; correct it");
+  EXPECT_NE(Worded(ReadEntry({"3", "", "1e-400"}, {}, '.').refusal->message, Language::English)
+                .find("\"1e-400\" is out of range"),
+            std::string::npos);
 }
 
 TEST(GridText, ShowsEveryDoubleSoThatItReadsBack) {
@@ -110,6 +118,7 @@ TEST(Description, TakesWhatItsFileCanGiveBack) {
   };
   for (const Row& row : {Row{"glicose, 100 g/L", "glicose; 100 g/L", false},
                          Row{"\r\n  a\r\nb\nc\rd\te", "a b c d e", false},
+                         Row{"a\u0081\u009D", "a\u0081\u009D", false},
                          Row{"Fermentação “€” µ", "Fermentação “€” µ", false},
                          Row{"β-glucan 発酵 a\x01", "-glucan  a", true}, Row{"a\xC3", "a", true}}) {
     const DescriptionText fitting = FittingDescription(row.pasted);

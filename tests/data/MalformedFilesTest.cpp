@@ -31,6 +31,7 @@ const Malformed kRows[] = {
     {"", EndOfFile, 1, Title, 0, ""},
     {"T\nT\n$\n", NotANumber, 3, ExperimentCount, 0, ""},
     {"T\nT\n$-1\n", OutOfRange, 3, ExperimentCount, 0, "-1"},
+    {"T\nT\n$1e399\n", OutOfRange, 3, ExperimentCount, 0, "1e399"},
     {"T\nT\n$2000000000\n" + kBlock, EndOfFile, 13, ExperimentNumber, 0, "", 1},
     {"T\nT\n" + std::string(10'000'000, '7') + "x", NotANumber, 3, ExperimentCount, 0,
      std::string(40, '7')},
@@ -40,12 +41,13 @@ const Malformed kRows[] = {
     // The comma makes 3 the number of points, 0 the final time and 24 the marker.
     {kHeader + "#1\nglucose, 3\n 0 \n 24 \nCircCheio\n", NotANumber, 8, Line, 0, "CircCheio"},
     {WithPoint("|1|NaN|0|0|"), NotANumber, 13, Point, 2, "NaN"},
-    {WithPoint("|1|1e999|0|0|"), NotANumber, 13, Point, 2, "1e999"},
+    {WithPoint("|1|1e999|0|0|"), OutOfRange, 13, Point, 2, "1e999"},
+    {WithPoint("|1|1|1e-999|0|"), OutOfRange, 13, Point, 2, "1e-999"},
     {WithPoint("|1|0| |0|"), NotANumber, 13, Point, 2, " "},
     {WithPoint("|1|2|3|4"), MissingBar, 13, Point, 2, "|1|2|3|4"},
     {WithPoint(""), MissingBar, 13, Point, 2, ""},
-    {"T\nT\n$2\n" + kBlock + "#2\n\x81\n", BadLetter, 14, Description, 0, "0x81", 1},
-    {"\xEF\xBB\xBFT\nT\n$1\n#1\nca\xE7\x61\n", BadLetter, 5, Description, 0, "0xE7"},
+    {"\xEF\xBB\xBFT\nT\n$1\n#1\nca\xE7\x61\n", BadByte, 5, Description, 0, "0xE7"},
+    {"\xEF\xBB\xBFT\nT\n$2\n" + kBlock + "#2\n\x81\n", BadByte, 14, Description, 0, "0x81", 1},
 };
 
 TEST(ExperimentFile, IsFaultedByLineAndFieldAndKeepsWhatWasReadBefore) {

@@ -70,11 +70,26 @@ TEST(Numbers, ReadWholeTextsOnly) {
   EXPECT_EQ(ParseNumber(" .5 ", '.'), 0.5);
   EXPECT_EQ(ParseNumber("+2.", '.'), 2);
   EXPECT_EQ(ParseNumber("6,66E-08", ','), 6.66e-8);
-  EXPECT_EQ(ParseNumber("1e-999", '.'), 0);
   EXPECT_FALSE(ParseNumber("1.5", ','));
   EXPECT_EQ(ReadBox("1.5", ','), 1.5);
   EXPECT_EQ(ReadBox("", '.'), 0);
   EXPECT_FALSE(ReadBox("1,5", '.')) << "a thousands separator is never read as a decimal mark";
+}
+
+/// The largest double is 1.7976931348623157E+308; half of the smallest, 4.94E-324, rounds to 0.
+TEST(Numbers, TellWhatNoDoubleHoldsFromWhatIsNoNumber) {
+  for (const std::string& text :
+       {std::string("1e399"), std::string("-1E+309"), std::string("1.7976931348623159e308"),
+        std::string("1e-400"), std::string("2.4e-324"), std::string(400, '9') + "e-5"}) {
+    EXPECT_FALSE(ParseNumber(text, '.')) << text;
+    EXPECT_TRUE(IsOutOfRange(text, '.')) << text;
+  }
+  EXPECT_TRUE(IsOutOfRange("1,5e999", ','));
+  EXPECT_EQ(ParseNumber("0e-999", '.'), 0);
+  EXPECT_EQ(ParseNumber("0e999", '.'), 0);
+  EXPECT_EQ(ParseNumber("3e-324", '.'), 5e-324);
+  for (const char* text : {"", "abc", "1e399x", "1,5e999", "5"})
+    EXPECT_FALSE(IsOutOfRange(text, '.')) << text;
 }
 
 TEST(Numbers, RoundHalvesToEven) {
