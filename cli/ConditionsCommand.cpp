@@ -3,9 +3,9 @@
 
 #include "cli/Assignments.h"
 #include "cli/Commands.h"
-#include "cultivation/ConditionsEntry.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/ConditionsSetUp.h"
+#include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
 #include "estimation/EvolucaoDiferencial.h"
 #include "language/Numbers.h"
@@ -90,7 +90,7 @@ void SaveConditions(int place, const Experiment& experiment, const Plan& plan, c
 }
 
 void RequireExperiments(int count, const Wording& say) {
-  if (count == 0) throw Failure{ExitCode::Refused, say.Of(*RefuseRun(0, {}))};
+  if (count == 0) throw Failure{ExitCode::Refused, say.Of(*RefuseRun({}, {}))};
   RequireRoom(count, say);
 }
 

@@ -1,6 +1,7 @@
 // velmora-cli models, check and import: the catalogue, what files hold, files from tables.
 #include "cli/Commands.h"
 #include "cultivation/ConditionsFile.h"
+#include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
 #include "data/CsvTable.h"
 #include "data/ExperimentFile.h"
@@ -26,18 +27,29 @@ std::string ExperimentsReport(const CheckOptions& options, std::string_view byte
                                      ShortestText(experiment.finalTime), experiment.description}) +
         "\n";
   }
+  if (const auto repeated = TellRepeatedNumbers(lists)) text += say.Of(*repeated) + "\n";
   return text;
+}
+
+std::string YieldsText(const ConditionsRow& row, const Wording& say) {
+  switch (YieldsOf(row)) {
+    case Yields::Global:
+      return say(TextId::GlobalYields);
+    case Yields::Stoichiometric:
+      return say(TextId::StoichiometricYields);
+    case Yields::None:
+      break;
+  }
+  return "Fp = " + ShortestText(row[At::Fp]);
 }
 
 std::string RecordLine(int place, const ConditionsRead& read, const Wording& say) {
   const ConditionsRecord& record = read.conditions.At(place);
   const std::string models = ModelNames(record, read.conditions.fitted);
-  const bool global = record.row[At::Fp] == 0;
   return say(TextId::ConditionsLine,
              {std::to_string(place), std::to_string(record.number),
               models.empty() ? say(TextId::NoCatalogueModel) : models, record.options.method,
-              record.options.production,
-              say(global ? TextId::GlobalYields : TextId::StoichiometricYields)}) +
+              record.options.production, YieldsText(record.row, say)}) +
          "\n";
 }
 
@@ -61,7 +73,9 @@ std::string ConditionsReport(const CheckOptions& options, std::string_view bytes
   if (read.experiments == 0)
     return HasBatchLine(bytes) ? text : text + say(TextId::NoBatchLine) + "\n";
   for (int place = 1; place <= read.experiments; ++place) text += RecordLine(place, read, say);
-  return text + FittedLines(read.conditions, say);
+  text += FittedLines(read.conditions, say);
+  for (const FileFault& remark : read.remarks) text += say.Of(remark) + "\n";
+  return text;
 }
 
 [[noreturn]] void Refuse(const TableFault& fault, const std::string& path, const Wording& say) {

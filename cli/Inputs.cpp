@@ -193,7 +193,7 @@ void RequireRoom(int experiments, const Wording& say) {
 
 void RequireCultivation(const Inputs& inputs, const Wording& say) {
   RequireRoom(inputs.Count(), say);
-  if (const auto refusal = RefuseRun(inputs.Count(), inputs.conditions))
+  if (const auto refusal = RefuseRun(inputs.lists.Experiments(), inputs.conditions))
     throw Failure{ExitCode::Refused, say.Of(*refusal)};
   for (int place = 1; place <= inputs.Count(); ++place) {
     const int number = inputs.lists.At(place).number;

@@ -1,12 +1,15 @@
 #include "cultivation/ConditionsFile.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
-#include <vector>
 
+#include "cultivation/CultivationForm.h"
 #include "data/FieldReader.h"
 #include "data/FileText.h"
 #include "data/SafeSave.h"
+#include "kinetics/Modelos.h"
+#include "kinetics/Parameters.h"
 #include "language/Numbers.h"
 
 namespace velmora {
@@ -26,27 +29,72 @@ int ReadCount(FieldReader& in) {
   return count;
 }
 
-ConditionsRecord ReadRecord(FieldReader& in) {
+/// The data set and the names of the fitted parameters select nothing; a model may be left to what
+/// the row's switches say.
+bool StandsForAChoice(Option option, std::string_view text) {
+  switch (option) {
+    case Option::Method:
+      return MethodNamed(text) != Method::None;
+    case Option::Production:
+      return ProductionNamed(text) != Production::None;
+    case Option::Model:
+      return text.empty() || FindModel(text) != nullptr;
+    case Option::DataSet:
+    case Option::Fitted:
+      break;
+  }
+  return true;
+}
+
+void ReadRow(FieldReader& in, ConditionsRow& row, std::vector<FileFault>& remarks) {
+  for (int position = 1; position <= ConditionsRow::kCount; ++position) {
+    row[position] = in.Number(FileField::Condition, position);
+    if (At{position} == At::Fp && YieldsOf(row) == Yields::None)
+      remarks.push_back(in.FaultHere(FileReason::UnknownChoice, ShortestText(row[position])));
+  }
+}
+
+void ReadOptions(FieldReader& in, OptionTexts& options, std::vector<FileFault>& remarks) {
+  for (int position = 1; position <= kOptionTexts; ++position) {
+    const std::string_view text = in.Text(FileField::OptionText, position);
+    options[position] = text;
+    if (!StandsForAChoice(Option{position}, text))
+      remarks.push_back(in.FaultHere(FileReason::UnknownChoice, text));
+  }
+}
+
+ConditionsRecord ReadRecord(FieldReader& in, std::vector<FileFault>& remarks) {
   ConditionsRecord record;
   record.saved = true;
   record.number = in.Marked<std::int16_t>('#', FileField::ExperimentNumber);
-  for (int position = 1; position <= ConditionsRow::kCount; ++position)
-    record.row[position] = in.Number(FileField::Condition, position);
-  for (int position = 1; position <= kOptionTexts; ++position)
-    record.options[position] = in.Text(FileField::OptionText, position);
+  ReadRow(in, record.row, remarks);
+  ReadOptions(in, record.options, remarks);
   return record;
+}
+
+/// A parameter code, which must not be one of those read before it.
+At ReadCode(FieldReader& in, int item, const std::vector<FitVariable>& before) {
+  const At code{in.Whole<std::int16_t>(FileField::ParameterCode, kFittableCodes, item)};
+  if (std::any_of(before.begin(), before.end(),
+                  [code](const FitVariable& row) { return row.position == code; }))
+    in.Fail(FileReason::FittedTwice, ShortestText(static_cast<double>(code)));
+  return code;
 }
 
 std::vector<FitVariable> ReadFitted(FieldReader& in) {
   const int count = in.Whole<std::int16_t>(FileField::FittedCount, kFittedCount);
   std::vector<FitVariable> fitted;
   for (int j = 1; j <= count && in.Good(); ++j) {
-    FitVariable& row = fitted.emplace_back();
+    FitVariable row;
     row.upper = in.Number(FileField::UpperBound, j);
     row.lower = in.Number(FileField::LowerBound, j);
-    row.position = At{in.Whole<std::int16_t>(FileField::ParameterCode, kFittableCodes, j)};
+    row.position = ReadCode(in, j, fitted);
     row.start = in.Number(FileField::FourthValue, j);
+    fitted.push_back(row);
   }
+  std::sort(fitted.begin(), fitted.end(), [](const FitVariable& a, const FitVariable& b) {
+    return FittableIndex(a.position) < FittableIndex(b.position);
+  });
   return fitted;
 }
 
@@ -93,7 +141,7 @@ ConditionsRead ReadConditionsBytes(std::string_view bytes, const std::string& pa
   ConditionsRead read;
   read.experiments = ReadCount(in);
   for (int place = 1; place <= read.experiments && in.Good(); ++place) {
-    read.conditions.At(place) = ReadRecord(in);
+    read.conditions.At(place) = ReadRecord(in, read.remarks);
     read.conditions.fitted = ReadFitted(in);
   }
   if (!in.Good()) return {{}, 0, in.Fault()};

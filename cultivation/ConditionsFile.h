@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "cultivation/CultivationConditions.h"
 #include "data/FileFault.h"
@@ -18,12 +19,15 @@ struct ConditionsRead {
   CultivationConditions conditions;
   int experiments = 0;
   std::optional<FileFault> fault;
+  /// The methods, productions, models and yields that stand for no choice, line by line. They end
+  /// no reading: what they should select stays unselected.
+  std::vector<FileFault> remarks{};
 };
 
 /// Reads a conditions file by the field rules of the experiment file. A file without the line
 /// "Batelada" has no "$" in its fourth item and reads as no experiments. More than nine
-/// experiments or ten fitted parameters are a fault. The fitted-parameter table is that of the last
-/// block.
+/// experiments or ten fitted parameters are a fault, and so is a parameter fitted twice. The
+/// fitted-parameter table is that of the last block, put into table order.
 ConditionsRead ReadConditions(const std::string& path);
 ConditionsRead ReadConditionsBytes(std::string_view bytes, const std::string& path);
 

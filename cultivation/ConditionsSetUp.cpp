@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <stdexcept>
 
 #include "cultivation/FitSetUp.h"
 #include "kinetics/Modelos.h"
@@ -10,8 +9,6 @@
 
 namespace velmora {
 namespace {
-
-constexpr int kAlfaDecimals = 4;
 
 /// The values that must be above 0, and what is said where one is not.
 struct PositiveValue {
@@ -36,6 +33,7 @@ std::optional<Refusal> RefuseChoices(const CultivationForm& form, int place, cha
       std::any_of(form.fit.begin(), form.fit.end(), [](const FitRow& row) { return row.ticked; });
   if (form.method != Method::Manual && !fits)
     return Refusal{Attention({TextId::NothingFitted}), std::nullopt};
+  if (form.yields == Yields::None) return Refusal{Attention({TextId::NoYields}), std::nullopt};
   return std::nullopt;
 }
 
@@ -48,8 +46,10 @@ std::optional<Refusal> ReadValues(const CultivationForm& form, char separator, C
     const auto positive = std::find_if(kPositive.begin(), kPositive.end(),
                                        [at](const PositiveValue& p) { return p.position == at; });
     const bool mustBePositive = positive != kPositive.end();
-    if (!value || (mustBePositive && !(*value > 0)))
-      return Refusal{Attention({mustBePositive ? positive->text : TextId::OutOfBounds}), at};
+    if (!value || (mustBePositive && !(*value > 0))) {
+      const bool tooSmall = mustBePositive && !form.At(at).OutOfRange(separator);
+      return Refusal{Attention({tooSmall ? positive->text : TextId::OutOfBounds}), at};
+    }
     row[position] = *value;
   }
   return std::nullopt;
@@ -64,11 +64,6 @@ std::optional<Refusal> RefuseYields(const CultivationForm& form, const Condition
   if (form.yields == Yields::Stoichiometric || std::isfinite(AlfaOfYields(row)))
     return std::nullopt;
   return Refusal{Attention({TextId::OutOfBounds}), At::YpsTyped};
-}
-
-/// A computed alpha as its box shows it.
-Entry ShownAlfa(const ConditionsRow& row, char separator) {
-  return {PlainText(RoundHalfEven(row[At::alpha], kAlfaDecimals), separator), row[At::alpha]};
 }
 
 /// Sets alpha as production and yields decide it; what to show for it, if it was decided.
@@ -109,46 +104,6 @@ OptionTexts OptionsOf(const CultivationForm& form) {
 
 }  // namespace
 
-std::string_view NameOf(Method method) {
-  switch (method) {
-    case Method::Manual:
-      return "Manual";
-    case Method::ED:
-      return "ED";
-    case Method::LM:
-      return "LM";
-    case Method::None:
-      break;
-  }
-  return "";
-}
-
-std::string_view NameOf(Production production) {
-  switch (production) {
-    case Production::PAC:
-      return "PAC";
-    case Production::PPAC:
-      return "PPAC";
-    case Production::PNAC:
-      return "PNAC";
-    case Production::None:
-      break;
-  }
-  return "";
-}
-
-Method MethodNamed(std::string_view name) {
-  for (const Method method : {Method::Manual, Method::ED, Method::LM})
-    if (NameOf(method) == name) return method;
-  return Method::None;
-}
-
-Production ProductionNamed(std::string_view name) {
-  for (const Production production : {Production::PAC, Production::PPAC, Production::PNAC})
-    if (NameOf(production) == name) return production;
-  return Production::None;
-}
-
 Saved SalvarCondCult(const CultivationForm& form, int place, std::int16_t number, char separator,
                      CultivationConditions& conditions) {
   Saved saved;
@@ -169,39 +124,19 @@ Saved SalvarCondCult(const CultivationForm& form, int place, std::int16_t number
   return saved;
 }
 
-Entry Shown(At position, double value, char separator) {
-  if (position >= At::muMax && position <= At::Kip)
-    return {Formatted(value, kTwoToFour, separator), value};
-  if (position >= At::CxAst && position <= At::v)
-    return {Formatted(value, kOneToFour, separator), value};
-  return Entry::Of(value, separator);
-}
-
-CultivationForm FormOf(const ConditionsRecord& record, const std::vector<FitVariable>& fitted,
-                       char separator) {
-  CultivationForm form;
-  for (const Parameter& parameter : kParameters)
-    if (IsEntered(parameter.position))
-      form.At(parameter.position) =
-          Shown(parameter.position, record.row[parameter.position], separator);
-  form.method = MethodNamed(record.options.method);
-  form.production = ProductionNamed(record.options.production);
-  form.yields = record.row[At::Fp] == 0 ? Yields::Global : Yields::Stoichiometric;
-  if (form.yields == Yields::Global) form.At(At::alpha) = ShownAlfa(record.row, separator);
-  form.model = record.options.model;
-  for (const auto& [position, lower, upper, start] : fitted)
-    form.fit[static_cast<std::size_t>(FittableIndex(position))] = {
-        true, Entry::Of(lower, separator), Entry::Of(upper, separator)};
-  return form;
-}
-
-std::optional<Message> RefuseRun(int experiments, const CultivationConditions& conditions) {
-  if (experiments == 0) return Attention({TextId::NoExperiment});
-  if (experiments != conditions.SavedCount()) return Attention({TextId::CountsDiffer});
-  for (int place = 2; place <= experiments; ++place)
-    if (conditions.At(place).options != conditions.At(1).options)
-      return Attention({TextId::OptionsDiffer, "\n", TextId::OptionsFootnote});
-  return std::nullopt;
+bool RunPassesOver(const CultivationForm& form, int place, char separator,
+                   const CultivationConditions& conditions) {
+  const ConditionsRecord& stored = conditions.At(place);
+  CultivationConditions asShown = conditions;
+  if (SalvarCondCult(form, place, stored.number, separator, asShown).refusal) return true;
+  ConditionsRecord& shown = asShown.At(place);
+  // A file may hold a rounded quotient of the yields.
+  if (form.yields == Yields::Global) shown.row[At::alpha] = stored.row[At::alpha];
+  const bool searches = form.method != Method::Manual;
+  for (std::size_t row = 0; searches && row < kFittable.size(); ++row)
+    if (form.fit[row].ticked)
+      shown.row[kFittable[row].position] = stored.row[kFittable[row].position];
+  return shown.row != stored.row || shown.options.production != stored.options.production;
 }
 
 }  // namespace velmora

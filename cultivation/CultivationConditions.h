@@ -1,14 +1,17 @@
-// The cultivation conditions of all experiments, with the fit options and the fitted parameters.
+// The cultivation conditions of all experiments, with the fit options and the fitted parameters,
+// and what they must be for a run.
 #pragma once
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
+#include "data/Experiment.h"
 #include "estimation/FitProblem.h"
 #include "kinetics/KineticParameters.h"
+#include "language/Message.h"
 
 namespace velmora {
 
@@ -32,6 +35,7 @@ struct OptionTexts {
   friend bool operator==(const OptionTexts&, const OptionTexts&) = default;
 };
 inline constexpr int kOptionTexts = 5;
+enum class Option { Method = 1, DataSet, Production, Model, Fitted };
 
 /// What is stored for the experiment at one place of the experiment list.
 struct ConditionsRecord {
@@ -66,5 +70,19 @@ class CultivationConditions {
  private:
   std::array<ConditionsRecord, kMostExperiments> records_;
 };
+
+/// Brings the records to the places of their experiments' numbers, after experiments were inserted
+/// or deleted; the records of experiments that are no more are dropped. Whether anything changed.
+bool AlignConditions(const std::vector<Experiment>& experiments, CultivationConditions& conditions);
+
+/// What a run, and a file of the conditions, is refused for where not as many conditions are saved
+/// as there are experiments; it names the numbers of the experiments that lack theirs.
+std::optional<Message> RefuseMissing(const std::vector<Experiment>& experiments,
+                                     const CultivationConditions& conditions);
+
+/// What a run is refused for, in order: no experiment, missing conditions, experiments saved with
+/// different options.
+std::optional<Message> RefuseRun(const std::vector<Experiment>& experiments,
+                                 const CultivationConditions& conditions);
 
 }  // namespace velmora

@@ -1,4 +1,5 @@
-// What the user states of one experiment before it is saved: what stands in the boxes, and choices.
+// What the user states of one experiment before it is saved, what stands in the boxes and the
+// choices, and how a stored record looks there.
 #pragma once
 
 #include <array>
@@ -7,7 +8,10 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
+#include "cultivation/CultivationConditions.h"
+#include "data/Experiment.h"
 #include "kinetics/Modelos.h"
 #include "language/Message.h"
 #include "language/Numbers.h"
@@ -16,7 +20,7 @@ namespace velmora {
 
 enum class Method : std::uint8_t { None, Manual, ED, LM };
 enum class Production : std::uint8_t { None, PAC, PPAC, PNAC };
-enum class Yields : std::uint8_t { Stoichiometric, Global };
+enum class Yields : std::uint8_t { None, Stoichiometric, Global };
 
 /// The option texts of methods and productions: "Manual", "ED", "LM"; "PAC", "PPAC", "PNAC".
 std::string_view NameOf(Method method);
@@ -40,6 +44,11 @@ struct Entry {
   /// The number that the box stands for; nothing where its text is none.
   std::optional<double> Number(char separator) const {
     return exact ? exact : ReadBox(text, separator);
+  }
+
+  /// Whether no double holds the number in the text.
+  bool OutOfRange(char separator) const {
+    return !exact && IsOutOfRange(Normalised(text, separator), separator);
   }
 
   friend bool operator==(const Entry&, const Entry&) = default;
@@ -78,5 +87,26 @@ struct Refusal {
   Message message;
   std::optional<At> box;  // the conditions box to go to
 };
+
+/// The yields that a stored row was saved with; none where its Fp is neither 0 nor 1.
+Yields YieldsOf(const ConditionsRow& row);
+
+/// What the box of `position` shows for `value`: plain number text, "0.00##" for positions 8-11,
+/// "0.0###" for 12-17.
+Entry Shown(At position, double value, char separator);
+/// What the box of alpha shows where the yields decide it: rounded to four decimals.
+Entry ShownAlfa(const ConditionsRow& row, char separator);
+
+/// The form that shows a stored record with the fit's table: its boxes, options and fit rows
+/// (`MostrarCondCult`). The model is taken from the option text, unconfirmed.
+CultivationForm FormOf(const ConditionsRecord& record, const std::vector<FitVariable>& fitted,
+                       char separator);
+
+/// The boxes that an experiment without saved conditions begins with: the concentrations of its
+/// first measured point, and its final time.
+std::vector<std::pair<At, Entry>> SuggestedEntries(const Experiment& experiment, char separator);
+
+/// Whether two forms state the same. Whether the model is confirmed does not count.
+bool SameEntries(const CultivationForm& left, const CultivationForm& right);
 
 }  // namespace velmora

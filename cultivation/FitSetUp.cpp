@@ -1,11 +1,22 @@
 #include "cultivation/FitSetUp.h"
 
+#include <cmath>
+#include <limits>
+
 #include "language/Numbers.h"
 
 namespace velmora {
 namespace {
 
+/// 0 for no number, and the infinite for one that no double holds: neither can be fitted.
+double ValueOf(const Entry& box, char separator) {
+  if (box.OutOfRange(separator)) return std::numeric_limits<double>::infinity();
+  return box.Number(separator).value_or(0);
+}
+
 std::optional<Message> RefuseRow(const FitVariable& row) {
+  for (const double value : {row.start, row.lower, row.upper})
+    if (!std::isfinite(value)) return Attention({TextId::OutOfBounds});
   if (row.start == 0 || row.lower == 0 || row.upper == 0)
     return Attention(
         {TextId::PossibleErrors, "\n", TextId::FitEntryMissing, "\n", TextId::BoundIsZero});
@@ -17,7 +28,7 @@ std::optional<Message> RefuseRow(const FitVariable& row) {
 }  // namespace
 
 std::vector<FitVariable> VarAjustadas(const CultivationForm& form, char separator) {
-  const auto number = [=](const Entry& box) { return box.Number(separator).value_or(0); };
+  const auto number = [=](const Entry& box) { return ValueOf(box, separator); };
   std::vector<FitVariable> table;
   for (std::size_t row = 0; row < kFittable.size(); ++row) {
     const auto& [ticked, lower, upper] = form.fit[row];

@@ -13,7 +13,7 @@
 namespace velmora {
 
 /// The fitted-parameter table of the form's ticked rows, in table order; shows no message. A box
-/// that holds no number counts as 0.
+/// that holds no number counts as 0, one whose number no double holds as infinite.
 std::vector<FitVariable> VarAjustadas(const CultivationForm& form, char separator);
 
 /// The table with the values of a conditions row as start values: where a stored fit starts.
@@ -22,8 +22,8 @@ std::vector<FitVariable> StartingFrom(const ConditionsRow& row, std::vector<FitV
 /// The positions of the fitted parameters.
 std::vector<At> PositionsOf(std::span<const FitVariable> table);
 
-/// The refusal of the first row whose value or bound is 0 (a bound of 0 is refused also below), or
-/// whose value lies outside its bounds.
+/// The refusal of the first row whose value or bound no double holds or is 0 (a bound of 0 is
+/// refused also below), or whose value lies outside its bounds.
 std::optional<Refusal> RefuseFitRows(std::span<const FitVariable> table);
 
 /// The refusal of a choice that cannot be fitted: `RefuseFitRows`, and no parameter at all.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string>
+#include <utility>
 
 #include "cultivation/FitSetUp.h"
 
@@ -31,6 +32,16 @@ void AddNumber(std::string& numbers, std::int16_t number) {
   numbers += std::to_string(number);
 }
 
+/// All remarks of a file, a line each.
+Message Told(const std::vector<FileFault>& remarks) {
+  std::vector<Piece> pieces;
+  for (const FileFault& remark : remarks) {
+    if (!pieces.empty()) pieces.emplace_back("\n");
+    for (Piece& piece : FaultPieces(remark)) pieces.push_back(std::move(piece));
+  }
+  return Attention(std::move(pieces));
+}
+
 Message Told(TextId before, const std::string& numbers, TextId after) {
   return Attention({before, " " + numbers + " ", after});
 }
@@ -39,7 +50,9 @@ Message Told(TextId before, const std::string& numbers, TextId after) {
 
 const Model* RecognisedModel(const ConditionsRecord& record,
                              const std::vector<FitVariable>& fitted) {
-  const Model* const named = FindModel(record.options.model);
+  const std::string& name = record.options.model;
+  const Model* const named = FindModel(name);
+  if (named == nullptr && !name.empty()) return nullptr;
   if (named != nullptr && HoldsSwitchesOf(*named, record.row)) return named;
   const std::vector<const Model*> models = ModelsOf(VectorOf(record.row), PositionsOf(fitted));
   return models.size() == 1 ? models.front() : nullptr;
@@ -64,6 +77,7 @@ OpenedConditions CompareWithLists(const ConditionsRead& read,
     opened.messages.push_back(Told(TextId::ConditionsOf, matching, TextId::SuccessfullyInserted));
   if (!toReview.empty())
     opened.messages.push_back(Told(TextId::TheConditionsOf, toReview, TextId::InsertedButReview));
+  if (!read.remarks.empty()) opened.messages.push_back(Told(read.remarks));
   if (RecognisedModel(opened.conditions.At(1), read.conditions.fitted) == nullptr)
     opened.messages.push_back(Attention({TextId::ConfirmModel}));
   return opened;

@@ -14,7 +14,8 @@ namespace velmora {
 
 /// The growth model of a stored experiment: the one that its option text names where the row holds
 /// its switches; otherwise the only one that switches and fitted parameters allow. Null where they
-/// allow none or several: the user then has to confirm one.
+/// allow none or several, and where the option text names a model that there is not: the user then
+/// has to confirm one.
 const Model* RecognisedModel(const ConditionsRecord& record,
                              const std::vector<FitVariable>& fitted);
 

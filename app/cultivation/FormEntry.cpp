@@ -6,7 +6,6 @@
 #include "app/cultivation/ConditionsPanel.h"
 #include "app/cultivation/ModelPanel.h"
 #include "app/cultivation/ParametersPanel.h"
-#include "cultivation/ConditionsEntry.h"
 
 namespace velmora {
 

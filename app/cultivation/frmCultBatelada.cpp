@@ -18,8 +18,8 @@
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/NumberEntry.h"
 #include "app/widgets/PanelParts.h"
-#include "cultivation/ConditionsEntry.h"
 #include "cultivation/ConditionsSetUp.h"
+#include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
 #include "cultivation/OpenedConditions.h"
 #include "cultivation/Simulation.h"
@@ -258,7 +258,7 @@ void frmCultBatelada::Ajustar() {
   const auto refusal =
       form.method == Method::Manual ? RefuseFitRows(table) : ChecarVarAjustadas(table);
   if (refusal) return Refuse(*refusal);
-  if (const auto message = RefuseRun(NumExperimentos(), session_.conditions)) {
+  if (const auto message = RefuseRun(session_.lists.Experiments(), session_.conditions)) {
     Tell(*message);
     return;
   }
@@ -309,9 +309,12 @@ void frmCultBatelada::ExportarDados() {
 
 void frmCultBatelada::SalvarArqCondBat() {
   const int experiments = NumExperimentos();
-  const int saved = session_.conditions.SavedCount();
-  if (experiments < 1 || saved != experiments) {
-    Tell(Attention({saved == 0 ? TextId::NoConditionsAdded : TextId::CountsDiffer}));
+  if (experiments < 1 || session_.conditions.SavedCount() == 0) {
+    Tell(Attention({TextId::NoConditionsAdded}));
+    return;
+  }
+  if (const auto missing = RefuseMissing(session_.lists.Experiments(), session_.conditions)) {
+    Tell(*missing);
     return;
   }
   const Message question = UnsavedQuestion();

@@ -201,7 +201,7 @@ INSTANTIATE_TEST_SUITE_P(Estimating, Refusing, testing::Values(
     RefusalCase{"ValueOutside", "cmdAjustar", 1, {{"txtMiMax", "0.04"}}, {TextId::FitEntryOutOfBounds}},
     RefusalCase{"NothingTicked", "cmdAjustar", 1, kUntick, kNothingTicked, "Aviso"},
     RefusalCase{"NoExperiment", "cmdAjustar", 0, {}, {TextId::NoExperiment}},
-    RefusalCase{"OneOfTwoSaved", "cmdAjustar", 2, {}, {TextId::CountsDiffer}},
+    RefusalCase{"OneOfTwoSaved", "cmdAjustar", 2, {}, {TextId::CountsDiffer, "\n", {TextId::ConditionsMissing, {"2"}}}},
     RefusalCase{"OptionsDiffer", "cmdAjustar", 2, kSecondDiffers, {TextId::OptionsDiffer, "\n", TextId::OptionsFootnote}},
     RefusalCase{"NoSuchMethodYet", "cmdAjustar", 1, kMarquardt,
                 {TextId::NoLevenbergMarquardt}}));

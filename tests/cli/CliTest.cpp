@@ -57,6 +57,7 @@ TEST_F(Cli, RefusesWithOneLineAndItsExitCode) {
                     "yeast-nine-conditions.abr --model Monod",
                 1, "Monod has no parameter Kis");
   ExpectRefusal("fit " + kBoth + "--pcros 0,8", 2, "--pcros: \"0,8\" has a comma");
+  ExpectRefusal("fit " + kBoth + "--eps 1e-400", 2, "--eps: \"1e-400\" is out of range");
   ExpectRefusal("fit " + kBoth + "--model monod", 2, "there is no model \"monod\"");
   ExpectRefusal("score " + kBoth + "--set Km=3", 2, "there is no parameter \"Km\"");
   ExpectRefusal("fit " + kMolasses, 2, "CONDITIONS");
@@ -84,6 +85,9 @@ TEST_F(Cli, SaysWhatIsWrongInAFile) {
   WriteFile(changed, Replaced("molasses-conditions.abr", "Batelada\r\n", ""));
   ExpectRefusal("fit " + kMolasses + changed, 1, "The number of experiments is not equal");
   EXPECT_NE(RunCli("check " + changed).out.find("not \"Batelada\""), std::string::npos);
+  WriteFile(changed, Replaced("molasses-conditions.abr", "PAC", "PCA"));
+  EXPECT_NE(RunCli("check " + changed).out.find("changed.abr:39: option text 3: \"PCA\" is not"),
+            std::string::npos);
 }
 
 TEST_F(Cli, RefusesConditionsThatCannotBeFitted) {

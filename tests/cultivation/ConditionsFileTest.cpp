@@ -1,9 +1,12 @@
 // The cultivation-conditions file in both directions, and what reading says about one that is none.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 #include "cultivation/ConditionsFile.h"
+#include "cultivation/CultivationForm.h"
+#include "cultivation/OpenedConditions.h"
 #include "data/ExperimentFile.h"
 #include "data/Windows1252.h"
 #include "tests/data/FileTesting.h"
@@ -72,9 +75,10 @@ TEST(ConditionsFile, GivesRandomConditionsBackUnchanged) {
       for (int k = 1; k <= kOptionTexts; ++k)
         record.options[k] = random() % 3 == 0 ? "" : "µ Ÿ " + std::to_string(random());
     }
-    for (std::uint64_t rows = random() % (kMostFitted + 1); rows > 0; --rows)
-      conditions.fitted.push_back({At{static_cast<int>(8 + random() % 10)}, RandomValue(random),
-                                   RandomValue(random), RandomValue(random)});
+    for (const Parameter& parameter : kFittable)
+      if (random() % 2 == 0)
+        conditions.fitted.push_back(
+            {parameter.position, RandomValue(random), RandomValue(random), RandomValue(random)});
     const Encoded file = ToWindows1252(ConditionsText(conditions, experiments, true));
     const ConditionsRead read = ReadConditionsBytes(file.bytes, "");
     ASSERT_FALSE(read.fault);
@@ -100,7 +104,69 @@ TEST(ConditionsFile, IsRefusedWholeWithLineAndField) {
   expectFault("$1\r\n#1\r\n" + RowLines("NaN"), NotANumber, 6, Condition, 1, "NaN");
   expectFault("$1\r\n" + block + "11\r\n", OutOfRange, 42, FittedCount, 0, "11");
   expectFault("$1\r\n" + block + "1\r\n1\r\n1\r\n7\r\n", OutOfRange, 45, ParameterCode, 1, "7");
+  expectFault("$1\r\n" + block + "2\r\n1\r\n1\r\n9\r\n1\r\n1\r\n1\r\n9\r\n1\r\n", FittedTwice, 49,
+              ParameterCode, 2, "9");
   expectFault("$2\r\n" + block + "0\r\n", EndOfFile, 43, ExperimentNumber, 0, "");
+}
+
+/// In a file v, Cp*, Cx*, n and m may stand in any order; what is fitted follows the check boxes.
+TEST(ConditionsFile, GivesTheFittedParametersInTableOrder) {
+  std::string fitted = "5\r\n";
+  for (const char* code : {"17", "14", "12", "15", "13"})
+    fitted += std::string("2\r\n1\r\n") + code + "\r\n0." + code + "\r\n";
+  const ConditionsRead read = ReadConditionsBytes(
+      "T\r\nT\r\nBatelada\r\n$1\r\n#1\r\n" + RowLines("1") + "ED\r\n\r\nPAC\r\n\r\n\r\n" + fitted,
+      "");
+  EXPECT_EQ(read.conditions.fitted, (std::vector<FitVariable>{{At::CpAst, 1, 2, 0.13},
+                                                              {At::CxAst, 1, 2, 0.12},
+                                                              {At::n, 1, 2, 0.15},
+                                                              {At::m, 1, 2, 0.14},
+                                                              {At::v, 1, 2, 0.17}}));
+}
+
+TEST(ConditionsFile, TellsWhatStandsForNoChoiceAndSelectsNothing) {
+  std::string row;
+  for (int position = 1; position <= 31; ++position) row += position == 30 ? "0.5\r\n" : "2\r\n";
+  const ConditionsRead read = ReadConditionsBytes(
+      "T\r\nT\r\nBatelada\r\n$1\r\n#1\r\n" + row + "ed\r\nCy\r\nPCA\r\nMonod2\r\n\r\n0\r\n",
+      "c.abr");
+  const auto remark = [](int line, FileField field, int item, const std::string& found) {
+    return FileFault{FileReason::UnknownChoice, "c.abr", line, field, item, found};
+  };
+  EXPECT_FALSE(read.fault);
+  EXPECT_EQ(read.remarks, (std::vector<FileFault>{remark(35, FileField::Condition, 30, "0.5"),
+                                                  remark(37, FileField::OptionText, 1, "ed"),
+                                                  remark(39, FileField::OptionText, 3, "PCA"),
+                                                  remark(40, FileField::OptionText, 4, "Monod2")}));
+  const CultivationForm form = FormOf(read.conditions.At(1), {}, '.');
+  EXPECT_EQ(form.method, Method::None);
+  EXPECT_EQ(form.production, Production::None);
+  EXPECT_EQ(form.yields, Yields::None);
+
+  Experiment experiment;
+  experiment.number = 1;
+  const OpenedConditions opened = CompareWithLists(read, {experiment});
+  const auto told =
+      std::find_if(opened.messages.begin(), opened.messages.end(), [](const Message& message) {
+        return Worded(message, Language::English) ==
+               "Line 35, value 30 of the conditions: \"0.5\" is not known and selects nothing; "
+               "choose, and save the conditions again\n"
+               "Line 37, option text 1: \"ed\" is not known and selects nothing; choose, and save "
+               "the conditions again\n"
+               "Line 39, option text 3: \"PCA\" is not known and selects nothing; choose, and save "
+               "the conditions again\n"
+               "Line 40, option text 4: \"Monod2\" is not known and selects nothing; choose, and "
+               "save the conditions again";
+      });
+  EXPECT_NE(told, opened.messages.end());
+}
+
+TEST(ConditionsFile, RecognisesNoModelByAnUnknownName) {
+  ConditionsRecord record;
+  SetModelSwitches(*FindModel("Contois"), record.row);
+  EXPECT_EQ(RecognisedModel(record, {}), FindModel("Contois")) << "by its switches";
+  record.options.model = "Contois-Monod";
+  EXPECT_EQ(RecognisedModel(record, {}), nullptr);
 }
 
 TEST(CultivationConditions, MoveDownBehindARemovedPlace) {

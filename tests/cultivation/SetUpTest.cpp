@@ -52,52 +52,57 @@ TEST_P(Saving, IsRefusedAndStoresNothing) {
 
 INSTANTIATE_TEST_SUITE_P(
     Conditions, Saving,
-    testing::Values(RefusalCase{"NothingSelectedComesFirst", 0, [](CultivationForm& f) { f = {}; },
-                                TextId::NoExperimentSelected},
-                    RefusalCase{"BoundOfZero", 1,
-                                [](CultivationForm& f) {
-                                  f.fit[1].lower = "0";
-                                  f.method = Method::None;
-                                },
-                                TextId::PossibleErrors},
-                    RefusalCase{"EmptyBound", 1, [](CultivationForm& f) { f.fit[1].upper = ""; },
-                                TextId::PossibleErrors},
-                    RefusalCase{"ValueOutsideItsBounds", 1,
-                                [](CultivationForm& f) { f.fit[1].upper = "9.9"; },
-                                TextId::FitEntryOutOfBounds},
-                    RefusalCase{"NoMethod", 1,
-                                [](CultivationForm& f) {
-                                  f.method = Method::None;
-                                  f.production = Production::None;
-                                },
-                                TextId::NoMethod},
-                    RefusalCase{"NoProduction", 1,
-                                [](CultivationForm& f) {
-                                  f.production = Production::None;
-                                  f.modelConfirmed = false;
-                                },
-                                TextId::NoProduction},
-                    RefusalCase{"ModelNotConfirmed", 1,
-                                [](CultivationForm& f) {
-                                  f.modelConfirmed = false;
-                                  f.fit = {};
-                                },
-                                TextId::ConfirmModel},
-                    RefusalCase{"NothingFitted", 1, [](CultivationForm& f) { f.fit = {}; },
-                                TextId::NothingFitted},
-                    RefusalCase{"NoCells", 1, [](CultivationForm& f) { f.At(At::Cx0) = ""; },
-                                TextId::Cx0NotPositive},
-                    RefusalCase{"NoSubstrate", 1, [](CultivationForm& f) { f.At(At::Cs0) = "0"; },
-                                TextId::Cs0NotPositive},
-                    RefusalCase{"NoTime", 1, [](CultivationForm& f) { f.At(At::T) = "."; },
-                                TextId::TimeNotPositive},
-                    RefusalCase{"NoCellYield", 1, [](CultivationForm& f) { f.At(At::Yxs) = "0"; },
-                                TextId::YxsNotPositive},
-                    RefusalCase{"NoProductYield", 1,
-                                [](CultivationForm& f) { f.At(At::YpsTyped) = "0"; },
-                                TextId::YpsNotPositive},
-                    RefusalCase{"NotANumber", 1, [](CultivationForm& f) { f.At(At::ms) = "1,5"; },
-                                TextId::OutOfBounds}));
+    testing::Values(
+        RefusalCase{"NothingSelectedComesFirst", 0, [](CultivationForm& f) { f = {}; },
+                    TextId::NoExperimentSelected},
+        RefusalCase{"BoundOfZero", 1,
+                    [](CultivationForm& f) {
+                      f.fit[1].lower = "0";
+                      f.method = Method::None;
+                    },
+                    TextId::PossibleErrors},
+        RefusalCase{"EmptyBound", 1, [](CultivationForm& f) { f.fit[1].upper = ""; },
+                    TextId::PossibleErrors},
+        RefusalCase{"ValueOutsideItsBounds", 1, [](CultivationForm& f) { f.fit[1].upper = "9.9"; },
+                    TextId::FitEntryOutOfBounds},
+        RefusalCase{"NoMethod", 1,
+                    [](CultivationForm& f) {
+                      f.method = Method::None;
+                      f.production = Production::None;
+                    },
+                    TextId::NoMethod},
+        RefusalCase{"NoProduction", 1,
+                    [](CultivationForm& f) {
+                      f.production = Production::None;
+                      f.modelConfirmed = false;
+                    },
+                    TextId::NoProduction},
+        RefusalCase{"ModelNotConfirmed", 1,
+                    [](CultivationForm& f) {
+                      f.modelConfirmed = false;
+                      f.fit = {};
+                    },
+                    TextId::ConfirmModel},
+        RefusalCase{"NothingFitted", 1, [](CultivationForm& f) { f.fit = {}; },
+                    TextId::NothingFitted},
+        RefusalCase{"NoCells", 1, [](CultivationForm& f) { f.At(At::Cx0) = ""; },
+                    TextId::Cx0NotPositive},
+        RefusalCase{"NoSubstrate", 1, [](CultivationForm& f) { f.At(At::Cs0) = "0"; },
+                    TextId::Cs0NotPositive},
+        RefusalCase{"NoTime", 1, [](CultivationForm& f) { f.At(At::T) = "."; },
+                    TextId::TimeNotPositive},
+        RefusalCase{"NoCellYield", 1, [](CultivationForm& f) { f.At(At::Yxs) = "0"; },
+                    TextId::YxsNotPositive},
+        RefusalCase{"NoProductYield", 1, [](CultivationForm& f) { f.At(At::YpsTyped) = "0"; },
+                    TextId::YpsNotPositive},
+        RefusalCase{"NoDoubleHoldsABound", 1, [](CultivationForm& f) { f.fit[1].upper = "1e399"; },
+                    TextId::OutOfBounds},
+        RefusalCase{"NoDoubleHoldsAStart", 1, [](CultivationForm& f) { f.At(At::Ks) = "1e-400"; },
+                    TextId::OutOfBounds},
+        RefusalCase{"NoDoubleHoldsTheCells", 1, [](CultivationForm& f) { f.At(At::Cx0) = "1e399"; },
+                    TextId::OutOfBounds},
+        RefusalCase{"NotANumber", 1, [](CultivationForm& f) { f.At(At::ms) = "1,5"; },
+                    TextId::OutOfBounds}));
 
 TEST(Conditions, DecideAlfaAndYields) {
   CultivationConditions conditions;
@@ -166,18 +171,43 @@ TEST(Fit, NeedsAParameter) {
   EXPECT_FALSE(ChecarVarAjustadas(std::array{onlyV})) << "a value on its bound is accepted";
 }
 
+std::vector<Experiment> Numbered(std::initializer_list<std::int16_t> numbers) {
+  std::vector<Experiment> experiments;
+  for (const std::int16_t number : numbers) experiments.emplace_back().number = number;
+  return experiments;
+}
+
 TEST(Run, IsRefusedInOrder) {
+  const std::vector<Experiment> two = Numbered({1, 2});
   CultivationConditions conditions;
-  EXPECT_EQ(RefuseRun(0, conditions)->pieces.front(), Piece(TextId::NoExperiment));
+  EXPECT_EQ(RefuseRun({}, conditions)->pieces.front(), Piece(TextId::NoExperiment));
   CultivationForm form = Filled();
   ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
-  EXPECT_EQ(RefuseRun(2, conditions)->pieces.front(), Piece(TextId::CountsDiffer));
+  EXPECT_EQ(RefuseRun(two, conditions)->pieces.front(), Piece(TextId::CountsDiffer));
   form.production = Production::PPAC;
   ASSERT_FALSE(SalvarCondCult(form, 2, 2, '.', conditions).refusal);
-  EXPECT_EQ(RefuseRun(2, conditions)->pieces,
+  EXPECT_EQ(RefuseRun(two, conditions)->pieces,
             (std::vector<Piece>{TextId::OptionsDiffer, "\n", TextId::OptionsFootnote}));
   ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
-  EXPECT_FALSE(RefuseRun(2, conditions));
+  EXPECT_FALSE(RefuseRun(two, conditions));
+}
+
+TEST(Run, NamesTheExperimentsThatLackConditions) {
+  CultivationConditions conditions;
+  ASSERT_FALSE(SalvarCondCult(Filled(), 2, 5, '.', conditions).refusal);
+  const auto told = [&](const std::vector<Experiment>& experiments) {
+    const auto refusal = RefuseMissing(experiments, conditions);
+    return refusal ? Worded(*refusal, Language::English) : "";
+  };
+  const std::string counts =
+      "The number of experiments is not equal to the number of added cultivation conditions.";
+  EXPECT_EQ(told(Numbered({7, 5, 3})),
+            counts + "\nConditions are missing for these experiments: 7, 3.");
+  EXPECT_EQ(told(Numbered({5, 5})), counts + "\nConditions are missing for these experiments: 5.");
+  EXPECT_EQ(told(Numbered({5})), "");
+  EXPECT_EQ(told({}), counts) << "nothing lacks";
+  // Ten experiments, of which nine can have conditions.
+  EXPECT_TRUE(told(Numbered({5, 1, 2, 3, 4, 6, 7, 8, 9, 10})).ends_with(" 9, 10."));
 }
 
 TEST(Manual, SimulatesTheOthersWhereOneExperimentFaults) {
