@@ -1,8 +1,8 @@
 // velmora-cli conditions: a conditions file by the rules of the cultivation window.
 #include <algorithm>
 
-#include "cli/Assignments.h"
 #include "cli/Commands.h"
+#include "cli/Given.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
@@ -111,8 +111,7 @@ ExitCode Run(const ConditionsOptions& options, const Console& console) {
     SaveConditions(place, lists.At(place), plan, say, conditions);
   if (!BoundsAreOrdered(conditions.fitted))
     throw Failure{ExitCode::Refused, say.Of(BoundsRefusal())};
-  if (const auto fault = WriteConditions(conditions, lists.Count(), true, options.output))
-    throw Failure{ExitCode::File, say.Of(*fault)};
+  RequireDone(WriteConditions(conditions, lists.Count(), true, options.output), say);
   console.Print(say(TextId::Written, {options.output, std::to_string(lists.Count())}) + "\n");
   return ExitCode::Done;
 }

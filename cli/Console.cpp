@@ -35,6 +35,10 @@ void Console::Note(std::string_view text) const {
   std::fwrite(text.data(), 1, text.size(), stderr);
 }
 
+void RequireDone(const std::optional<FileFault>& fault, const Wording& say) {
+  if (fault) throw Failure{ExitCode::File, say.Of(*fault)};
+}
+
 std::string PlaceInFile(const std::string& path, int line) {
   std::string place = path + ":";
   if (line > 0) place.append(std::to_string(line)).append(":");

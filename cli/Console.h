@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <initializer_list>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -71,6 +72,9 @@ class Console {
 
   const Wording say;
 };
+
+/// Throws a `Failure` (File) where a file could not be read or written.
+void RequireDone(const std::optional<FileFault>& fault, const Wording& say);
 
 /// "PATH:LINE: ", or "PATH: " where `line` is 0.
 std::string PlaceInFile(const std::string& path, int line);

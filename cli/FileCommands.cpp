@@ -1,5 +1,6 @@
 // velmora-cli models, check and import: the catalogue, what files hold, files from tables.
 #include "cli/Commands.h"
+#include "cli/Given.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
@@ -16,7 +17,7 @@ std::string ExperimentsReport(const CheckOptions& options, std::string_view byte
                               const Wording& say) {
   ExperimentLists lists;
   const ExperimentsRead read = ReadExperimentBytes(bytes, options.file, lists);
-  if (read.fault) throw Failure{ExitCode::File, say.Of(*read.fault)};
+  RequireDone(read.fault, say);
   std::string text =
       say(TextId::IsExperiments, {options.file, std::to_string(lists.Count())}) + "\n";
   for (int place = 1; place <= lists.Count(); ++place) {
@@ -67,7 +68,7 @@ std::string FittedLines(const CultivationConditions& conditions, const Wording& 
 std::string ConditionsReport(const CheckOptions& options, std::string_view bytes,
                              const Wording& say) {
   const ConditionsRead read = ReadConditionsBytes(bytes, options.file);
-  if (read.fault) throw Failure{ExitCode::File, say.Of(*read.fault)};
+  RequireDone(read.fault, say);
   std::string text =
       say(TextId::IsConditions, {options.file, std::to_string(read.experiments)}) + "\n";
   if (read.experiments == 0)
@@ -103,7 +104,7 @@ ExitCode Run(const ModelsOptions&, const Console& console) {
 
 ExitCode Run(const CheckOptions& options, const Console& console) {
   const FileBytes file = ReadWholeFile(options.file);
-  if (file.fault) throw Failure{ExitCode::File, console.say.Of(*file.fault)};
+  RequireDone(file.fault, console.say);
   switch (KindOf(file.bytes)) {
     case FileKind::Experiments:
       console.Print(ExperimentsReport(options, file.bytes, console.say));
@@ -121,11 +122,10 @@ ExitCode Run(const CheckOptions& options, const Console& console) {
 ExitCode Run(const ImportOptions& options, const Console& console) {
   RequireOtherFile(options.table, options.output, console.say);
   const FileBytes file = ReadWholeFile(options.table);
-  if (file.fault) throw Failure{ExitCode::File, console.say.Of(*file.fault)};
+  RequireDone(file.fault, console.say);
   const TableRead table = ReadTable(file.bytes, options.only);
   if (table.fault) Refuse(*table.fault, options.table, console.say);
-  if (const auto fault = WriteExperiments(table.lists, options.output))
-    throw Failure{ExitCode::File, console.say.Of(*fault)};
+  RequireDone(WriteExperiments(table.lists, options.output), console.say);
   console.Print(
       console.say(TextId::Written, {options.output, std::to_string(table.lists.Count())}) + "\n");
   return ExitCode::Done;

@@ -131,14 +131,15 @@ void RefuseInputAsReport(const FitOptions& options, const Wording& say) {
 }
 
 /// Prints the fit and writes its report: a long search is not lost where only one of the two can be
-/// written.
-void Show(const EndedFit& fit, const FitOptions& options, const FitProgress& progress,
+/// written. Whether the report could.
+bool Show(const EndedFit& fit, const FitOptions& options, const FitProgress& progress,
           const Console& console) {
   std::optional<FileFault> unsaved;
   if (options.report) unsaved = WriteReport(fit, *options.report, console);
+  if (unsaved) console.Complain(console.say.Of(*unsaved));
   if (progress.Unwritten()) throw *progress.Unwritten();
   console.Print(options.json ? JsonOf(fit) : TextOf(fit, console.say));
-  if (unsaved) throw Failure{ExitCode::File, console.say.Of(*unsaved)};
+  return !unsaved;
 }
 
 }  // namespace
@@ -160,8 +161,7 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   if (deviations.fault) console.Complain(say.Of(InversionMessage()));
 
   const EndedFit fit{inputs, problem, result, deviations, OnOneLine(fault), RemarkOn(result, say)};
-  Show(fit, options, progress, console);
-  return CodeOf(fit, signals);
+  return Show(fit, options, progress, console) ? CodeOf(fit, signals) : ExitCode::File;
 }
 
 }  // namespace velmora::cli

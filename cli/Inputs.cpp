@@ -5,7 +5,7 @@
 #include <system_error>
 #include <utility>
 
-#include "cli/Assignments.h"
+#include "cli/Given.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/FitSetUp.h"
@@ -40,7 +40,7 @@ std::string LineOf(std::string_view text, int number) {
 /// The file's bytes. Throws a `Failure` (File) where it cannot be read, or is the other kind.
 std::string LoadBytes(const std::string& path, FileKind wanted, const Wording& say) {
   FileBytes file = ReadWholeFile(path);
-  if (file.fault) throw Failure{ExitCode::File, say.Of(*file.fault)};
+  RequireDone(file.fault, say);
   const FileKind kind = KindOf(file.bytes);
   if (kind != wanted && kind != FileKind::Unknown)
     throw Failure{ExitCode::File, PlaceInFile(path, 2) + say(wanted == FileKind::Experiments
@@ -51,97 +51,10 @@ std::string LoadBytes(const std::string& path, FileKind wanted, const Wording& s
 
 CultivationConditions LoadConditions(const std::string& path, const Wording& say) {
   ConditionsRead read = ReadConditionsBytes(LoadBytes(path, FileKind::Conditions, say), path);
-  if (read.fault) throw Failure{ExitCode::File, say.Of(*read.fault)};
+  RequireDone(read.fault, say);
   return std::move(read.conditions);
 }
 
-/// What the command line states of the conditions.
-struct Given {
-  const Model* model = nullptr;  // where it names one
-  std::vector<Assignment> values;
-  std::vector<FitVariable> fitted;
-
-  std::vector<At> Positions() const;
-};
-
-std::vector<At> Given::Positions() const {
-  std::vector<At> positions = PositionsOf(fitted);
-  for (const Assignment& value : values) positions.push_back(value.position);
-  return positions;
-}
-
-bool Contains(const std::vector<At>& positions, At position) {
-  return std::find(positions.begin(), positions.end(), position) != positions.end();
-}
-
-Given GivenBy(const InputOptions& options, const Wording& say) {
-  Given given;
-  if (options.model) given.model = &ModelNamed(*options.model, say);
-  for (const std::string& text : options.set) given.values.push_back(FittableAssignment(text, say));
-  given.fitted = FittedRanges(options.fit, say);
-  return given;
-}
-
-/// Whether every model has the parameter, so also one that is not known.
-bool IsCommon(At position) {
-  return std::all_of(kModels.begin(), kModels.end(),
-                     [=](const Model& model) { return Uses(model, position); });
-}
-
-/// Refuses what is given to a model, null where it is not known, that has no use for it.
-void RequireUse(const Model* model, const std::vector<At>& given, const Wording& say) {
-  for (const At position : given) {
-    if (model != nullptr)
-      cli::RequireUse(*model, position, say);
-    else if (!IsCommon(position))
-      throw Failure{ExitCode::Refused, say(TextId::ModelNotTold, {ParameterAt(position).name})};
-  }
-}
-
-/// Refuses a parameter of the named model that has no value: none is given, and the row is that of
-/// a model, null where it is not known, that does not use it.
-void RequireValues(const Given& given, const Model* own, bool fits, const Wording& say) {
-  const std::vector<At> positions = given.Positions();
-  for (const Parameter& parameter : kFittable) {
-    const At at = parameter.position;
-    const bool stored = own != nullptr ? Uses(*own, at) : IsCommon(at);
-    if (!Uses(*given.model, at) || stored || Contains(positions, at)) continue;
-    throw Failure{ExitCode::Refused, say(fits ? TextId::ValueMissing : TextId::ValueNotSet,
-                                         {given.model->name, parameter.name})};
-  }
-}
-
-void PutInto(ConditionsRecord& record, const Given& given) {
-  if (given.model != nullptr) {
-    SetModelSwitches(*given.model, record.row);
-    record.options.model = given.model->name;
-  }
-  for (const Assignment& value : given.values) record.row[value.position] = value.value;
-  for (const FitVariable& fitted : given.fitted) record.row[fitted.position] = fitted.start;
-}
-
-/// Adds a row in the table's order, or replaces that of its parameter.
-void PutInto(std::vector<FitVariable>& table, const FitVariable& row) {
-  std::erase_if(table, [&](const FitVariable& old) { return old.position == row.position; });
-  const auto behind = std::find_if(table.begin(), table.end(), [&](const FitVariable& other) {
-    return FittableIndex(other.position) > FittableIndex(row.position);
-  });
-  table.insert(behind, row);
-}
-
-void PutInto(CultivationConditions& conditions, const Given& given, bool fits, const Wording& say) {
-  if (given.model != nullptr) RequireUse(given.model, PositionsOf(conditions.fitted), say);
-  for (int place = 1; place <= kMostExperiments; ++place) {
-    ConditionsRecord& record = conditions.At(place);
-    if (!record.saved) continue;
-    const Model* const own = RecognisedModel(record, conditions.fitted);
-    RequireUse(given.model != nullptr ? given.model : own, given.Positions(), say);
-    if (given.model != nullptr) RequireValues(given, own, fits, say);
-    PutInto(record, given);
-  }
-  for (const FitVariable& row : given.fitted) PutInto(conditions.fitted, row);
-  if (fits) RequireNotFitted(given.values, conditions.fitted, say);
-}
 }  // namespace
 
 FileKind KindOf(std::string_view bytes) {
@@ -160,25 +73,12 @@ ExperimentLists LoadExperiments(const std::string& path, const Wording& say) {
   ExperimentLists lists;
   const std::string bytes = LoadBytes(path, FileKind::Experiments, say);
   const ExperimentsRead read = ReadExperimentBytes(bytes, path, lists);
-  if (read.fault) throw Failure{ExitCode::File, say.Of(*read.fault)};
+  RequireDone(read.fault, say);
   return lists;
 }
 
-const Model& ModelNamed(const std::string& name, const Wording& say) {
-  const Model* const model = FindModel(name);
-  if (model == nullptr) throw Failure{ExitCode::Usage, say(TextId::UnknownModel, {name})};
-  return *model;
-}
-
-void RequireUse(const Model& model, At position, const Wording& say) {
-  if (Uses(model, position)) return;
-  const std::string_view name = ParameterAt(position).name;
-  throw Failure{ExitCode::Refused,
-                say(TextId::ModelLacks, {model.name, name, ParameterNames(model)})};
-}
-
 Inputs LoadInputs(const InputOptions& options, const Wording& say) {
-  const Given given = GivenBy(options, say);
+  const Given given = GivenBy(options.model, options.set, options.fit, say);
   Inputs inputs{LoadExperiments(options.experiments, say), LoadConditions(options.conditions, say)};
   PutInto(inputs.conditions, given, options.fits, say);
   return inputs;
@@ -237,13 +137,6 @@ std::string ModelNames(const ConditionsRecord& record, const std::vector<FitVari
   std::string names;
   for (const Model* model : ModelsOf(VectorOf(record.row), PositionsOf(fitted)))
     Join(names, model->name, kBetween);
-  return names;
-}
-
-std::string ParameterNames(const Model& model) {
-  std::string names;
-  for (const Parameter& parameter : kFittable)
-    if (Uses(model, parameter.position)) Join(names, parameter.name, kBetween);
   return names;
 }
 

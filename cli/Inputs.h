@@ -10,7 +10,6 @@
 #include "cultivation/CultivationConditions.h"
 #include "data/ExperimentLists.h"
 #include "kinetics/ArithmeticFault.h"
-#include "kinetics/Modelos.h"
 
 namespace velmora::cli {
 
@@ -43,16 +42,8 @@ bool HasBatchLine(std::string_view bytes);
 /// The experiments of a file; throws a `Failure` (File) where it cannot be read.
 ExperimentLists LoadExperiments(const std::string& path, const Wording& say);
 
-/// Reads both files and puts the named model, the values and the fitted parameters of the command
-/// line into the conditions. Refused are a parameter that the model does not use, and one that it
-/// needs and that has no value: what a row holds where its own model uses nothing is none.
+/// Reads both files and puts what the command line states into the conditions, as `PutInto` does.
 Inputs LoadInputs(const InputOptions& options, const Wording& say);
-
-/// The model with this name; throws a `Failure` (Usage) where there is none.
-const Model& ModelNamed(const std::string& name, const Wording& say);
-
-/// Throws a `Failure` (Refused) where the model does not use the fittable parameter at `position`.
-void RequireUse(const Model& model, At position, const Wording& say);
 
 /// Throws a `Failure` (Refused) where experiments and conditions do not make up one cultivation.
 void RequireCultivation(const Inputs& inputs, const Wording& say);
@@ -72,8 +63,5 @@ std::string Describe(const ArithmeticFault& fault, const Inputs& inputs, const W
 /// The names of the models that a row's switches stand for, joined by ", ": the one that the
 /// option texts name where it is among them; empty where there is none.
 std::string ModelNames(const ConditionsRecord& record, const std::vector<FitVariable>& fitted);
-
-/// The names of the fittable parameters that the model uses, joined by ", ".
-std::string ParameterNames(const Model& model);
 
 }  // namespace velmora::cli
