@@ -11,51 +11,51 @@ namespace velmora::cli {
 namespace {
 
 constexpr const char* kAbout =
-    "Fits kinetic parameters of batch fermentations to measured time courses of cells (Cx),\n"
-    "substrate (Cs) and product (Cp), by differential evolution over 32 growth models.";
-constexpr const char* kFooter =
-    "\n\"velmora-cli COMMAND --help\" explains a command. --language en|pt may stand anywhere.\n"
-    "Numbers have a decimal point. Exit codes: 0 done, 1 refused by a rule, 2 usage, 3 a file\n"
-    "cannot be read or written, 4 an arithmetic fault; a fit that was stopped: 129 by SIGHUP,\n"
-    "130 by Ctrl-C, 143 by SIGTERM.";
+    R"text(Fits kinetic parameters of batch fermentations to measured time courses of cells (Cx),
+substrate (Cs) and product (Cp), by differential evolution over 32 growth models.)text";
 
-/// Of the commands that take experiments and conditions.
+constexpr const char* kFooter = R"text(
+"velmora-cli COMMAND --help" explains a command. --language en|pt may stand anywhere.
+Numbers have a decimal point. Exit codes: 0 done, 1 refused by a rule, 2 usage, 3 a file
+cannot be read or written, 4 an arithmetic fault; a fit that was stopped: 129 by SIGHUP,
+130 by Ctrl-C, 143 by SIGTERM.)text";
+
+// Of the commands that take experiments and conditions; the names follow.
+constexpr const char* kInputsFooter = R"text(
+--model takes the place of the conditions' own model, and --set gives the values that the
+conditions lack for it. NAME is one of )text";
+
+constexpr const char* kFitFooter = R"text(
+Searches the parameters that the conditions file marks as fitted, between their bounds;
+--fit adds one, or gives one of them another start and other bounds. Ctrl-C, SIGTERM and
+SIGHUP stop the search at its next generation; the results are printed all the same.
+)text";
+
+constexpr const char* kImportFooter = R"text(
+The first line names the columns: experiment, t, Cs, Cx, Cp, in any order, with units or
+without (t_h, "Cs (g/L)"); other columns are ignored, and so are lines that begin with #.
+Cells are separated by commas, semicolons or tabs. A cell that is empty or no number is an
+error, never 0.)text";
+
+// Before and behind the names of --set.
+constexpr const char* kConditionsFooter = R"text(
+The initial values are those of each experiment's first point and T is its final time,
+unless set. NAME for --set is one of
+  )text";
+constexpr const char* kConditionsRules = R"text(
+and a place in front of it (2:Cx0=0.05) sets the value of that experiment alone. NAME
+for --fit is one of the last ten. Every parameter of the model needs a value or a fit;
+other values are 0 where they are not set. Kd acts while Cs is at or below CsAst1, Beta
+while Cs is at or below CsAst2. With global yields Alfa is Yps/Yxs.
+
+Example:
+  velmora-cli conditions yeast.abr --model Monod --product PAC --yields global
+      --set Yxs=0.27 --set Yps=0.42 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50
+      -o yeast-conditions.abr)text";
+
 std::string InputsFooter() {
-  return "\n--model takes the place of the conditions' own model, and --set gives the values that "
-         "the\n"
-         "conditions lack for it. NAME is one of " +
-         FittableNames() + ".";
+  return kInputsFooter + FittableNames() + ".";
 }
-
-std::string FitFooter() {
-  return "\nSearches the parameters that the conditions file marks as fitted, between their "
-         "bounds;\n"
-         "--fit adds one, or gives one of them another start and other bounds. Ctrl-C, SIGTERM "
-         "and\n"
-         "SIGHUP stop the search at its next generation; the results are printed all the same.\n" +
-         InputsFooter();
-}
-
-std::string ConditionsFooter() {
-  return "\nThe initial values are those of each experiment's first point and T is its final "
-         "time,\n"
-         "unless set. NAME for --set is one of\n  " +
-         ConditionNames() +
-         "\nand a place in front of it (2:Cx0=0.05) sets the value of that experiment alone. NAME\n"
-         "for --fit is one of the last ten. Every parameter of the model needs a value or a fit;\n"
-         "other values are 0 where they are not set. Kd acts while Cs is at or below CsAst1, Beta\n"
-         "while Cs is at or below CsAst2. With global yields Alfa is Yps/Yxs.\n\n"
-         "Example:\n  velmora-cli conditions yeast.abr --model Monod --product PAC --yields "
-         "global\n"
-         "      --set Yxs=0.27 --set Yps=0.42 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50\n"
-         "      -o yeast-conditions.abr";
-}
-
-const std::string kImportFooter =
-    "\nThe first line names the columns: experiment, t, Cs, Cx, Cp, in any order, with units or\n"
-    "without (t_h, \"Cs (g/L)\"); other columns are ignored, and so are lines that begin with #.\n"
-    "Cells are separated by commas, semicolons or tabs. A cell that is empty or no number is an\n"
-    "error, never 0.";
 
 /// All options of the command line, filled by the parser.
 struct Options {
@@ -119,7 +119,7 @@ void AddFit(CLI::App& app, FitOptions& fit) {
   AddJson(command, fit.json);
   command.add_option("--report", fit.report, "also write a report as rich text")
       ->type_name("FILE.rtf");
-  command.footer(FitFooter());
+  command.footer(kFitFooter + InputsFooter());
 }
 
 void AddSimulations(CLI::App& app, Options& options) {
@@ -159,7 +159,7 @@ void AddConditions(CLI::App& app, ConditionsOptions& conditions) {
   AddRepeated(*command, "--set", conditions.set, "a value")->type_name("[PLACE:]NAME=VALUE");
   AddFitted(*command, conditions.fit);
   AddOutput(*command, conditions.output);
-  command->footer(ConditionsFooter());
+  command->footer(kConditionsFooter + ConditionNames() + kConditionsRules);
 }
 
 void AddAll(CLI::App& app, Options& options) {

@@ -30,7 +30,7 @@ struct Inputs {
   int Count() const { return lists.Count(); }
 };
 
-/// Which of the program's two files a text is; their readers do not look at the titles.
+/// Which of the program's two files a text is.
 enum class FileKind { Experiments, Conditions, Unknown };
 
 /// By the second line of a file's bytes.

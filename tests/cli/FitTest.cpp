@@ -1,0 +1,236 @@
+// Fits as a user runs them: results, reports, faults and signals.
+#include <chrono>
+#include <functional>
+#include <nlohmann/json.hpp>
+#include <thread>
+
+#include "tests/cli/CommandLine.h"
+
+namespace velmora {
+namespace {
+
+using nlohmann::json;
+using Fit = CommandLine;
+
+constexpr const char* kPngBegins = "89504e470d0a1a0a";
+
+// Zentou et al. 2019 report 0.179 1/h and 11.37 g/L for these data; the fit must come within one
+// deviation of it.
+TEST_F(Fit, FitsMolassesNearThePublishedValues) {
+  const Ran ran = RunCli("fit " + kBoth + "--npop 10000 --eps 0.0000001 --json");
+  ASSERT_EQ(ran.code, 0) << ran.err;
+  const json fit = json::parse(ran.out);
+  const json& muMax = fit.at("parameters").at(0);
+  const json& Ks = fit.at("parameters").at(1);
+  EXPECT_EQ(muMax.at("name"), "MiMax");
+  EXPECT_EQ(muMax.at("label"), "µmáx =");
+  EXPECT_EQ(muMax.at("position"), 8);
+  EXPECT_EQ(muMax.at("start"), 0.2);
+  EXPECT_EQ(Ks.at("lower"), 1);
+  EXPECT_EQ(Ks.at("upper"), 40);
+  EXPECT_NEAR(muMax.at("value"), 0.179, muMax.at("deviation").get<double>());
+  EXPECT_NEAR(Ks.at("value"), 11.37, Ks.at("deviation").get<double>());
+  EXPECT_EQ(fit.at("observations"), 27);
+  EXPECT_EQ(fit.at("degreesOfFreedom"), 25);
+  EXPECT_EQ(fit.at("outcome"), "converged");
+  EXPECT_EQ(fit.at("functionCalls"), 10000 * (1 + fit.at("generations").get<int>()));
+  const double sum = fit.at("sumOfSquaredErrors");
+  EXPECT_DOUBLE_EQ(fit.at("squareError"), sum / 27);
+
+  // The score at the printed values is the fit's, to the last bit, and the sum of its shares.
+  const json score =
+      json::parse(RunCli("score " + kBoth + "--json --set MiMax=" + muMax.at("value").dump() +
+                         " --set Ks=" + Ks.at("value").dump())
+                      .out);
+  EXPECT_EQ(score.at("score"), sum);
+  const json& share = score.at("experiments").at(0);
+  EXPECT_NEAR(
+      share.at("Cx").get<double>() + share.at("Cs").get<double>() + share.at("Cp").get<double>(),
+      sum, 1e-15);
+}
+
+TEST_F(Fit, WritesAReportBesideTheResults) {
+  const Ran ran = RunCli("fit " + kBoth + "--language pt --report " + (folder_ / "fit.rtf"));
+  EXPECT_EQ(ran.code, 0) << ran.err;
+  const std::string report = BytesOf(folder_ / "fit.rtf");
+  EXPECT_TRUE(report.starts_with("{\\rtf1"));
+  EXPECT_NE(report.find("Relat\\'f3rio"), std::string::npos);
+  int charts = 0;
+  for (auto at = report.find(kPngBegins); at != std::string::npos;
+       at = report.find(kPngBegins, at + 1))
+    ++charts;
+  EXPECT_EQ(charts, 3);
+
+  const Ran unwritten = RunCli("fit " + kBoth + "--report /nowhere/fit.rtf");
+  EXPECT_EQ(unwritten.code, 3);
+  EXPECT_EQ(unwritten.out, RunCli("fit " + kBoth).out) << "the search is not lost";
+
+  const std::string copy = folder_ / "copy.abr";
+  WriteFile(copy, BytesOf(kExamples + "molasses.abr"));
+  ExpectRefusal("fit " + copy + " " + kConditions + "--report " + copy, 2, "is the input file");
+  EXPECT_EQ(BytesOf(copy), BytesOf(kExamples + "molasses.abr"));
+}
+
+TEST_F(Fit, ReportsArithmeticFaults) {
+  // Without product in the model neither parameter of the Levenspiel term changes anything: the
+  // normal matrix is singular.
+  const std::string singular =
+      Conditions("singular.abr",
+                 "--model Levenspiel --product PNAC --yields stoichiometric "
+                 "--set Ks=10 --set MiMax=0.2 --fit CpAst=50:10:100 --fit n=1:0.5:2");
+  const Ran fit = RunCli("fit " + kMolasses + singular + " --json");
+  EXPECT_EQ(fit.code, 4);
+  EXPECT_NE(fit.err.find("Overflow! Try to change the parameters!"), std::string::npos) << fit.err;
+  EXPECT_TRUE(json::parse(fit.out).at("parameters").at(0).at("deviation").is_null());
+
+  const std::string huge = Conditions("huge.abr",
+                                      "--model Monod --product PAC --yields global "
+                                      "--set Ks=10 --fit MiMax=2e307:1e307:1e308");
+  ExpectRefusal("fit " + kMolasses + huge, 4, "Estimate was not completed:");
+}
+
+// The start vector scores 4.1292, and this seed's first two generations end above it.
+TEST_F(Fit, SaysThatTheResultIsWorseThanTheStart) {
+  const std::string worse = "fit " + kExamples + "yeast-nine.abr " + kExamples +
+                            "yeast-nine-conditions.abr --iu 4321 --eps 1e-7 ";
+  const json fit = json::parse(RunCli(worse + "--json").out);
+  EXPECT_NEAR(fit.at("startScore"), 4.1292, 1e-4);
+  EXPECT_GT(fit.at("sumOfSquaredErrors"), fit.at("startScore"));
+  EXPECT_TRUE(
+      fit.at("remark").get<std::string>().starts_with("The result is worse than the start"));
+  const std::string text = RunCli(worse + "--language pt").out;
+  EXPECT_NE(text.find("\nSoma do quadrado dos erros dos valores iniciais = 4.129220059361717\n"
+                      "O resultado é pior que os valores iniciais;"),
+            std::string::npos);
+  EXPECT_FALSE(json::parse(RunCli("fit " + kBoth + "--json").out).contains("remark"));
+}
+
+// Cs^u is above the largest double, 1.8e308, where u is above 164.39; few of the vectors are.
+TEST_F(Fit, KeepsTheBestVectorBeforeAFault) {
+  const std::string moser = Conditions("moser.abr",
+                                       "--model Moser --product PAC --yields global "
+                                       "--fit MiMax=0.2:0.05:0.5 --fit Ks=10:1:4000 "
+                                       "--fit u=1:0.5:164.5");
+  const std::string fit = "fit " + kMolasses + moser + " --npop 300 --eps 1e-7 --iu 4000 ";
+  const std::string said =
+      "Estimate was not completed: overflow in the substrate power Cs^u (experiment 1, point 1 of "
+      "100), t = 0.0000 h";
+  const Ran ran = RunCli(fit + "--json --report " + (folder_ / "fit.rtf"));
+  EXPECT_EQ(ran.code, 4);
+  EXPECT_EQ(ran.err, "velmora-cli: " + said + "\n");
+  const json found = json::parse(ran.out);
+  EXPECT_EQ(found.at("outcome"), "fault");
+  EXPECT_EQ(found.at("fault"), said);
+  EXPECT_EQ(found.at("generations"), 2);
+  EXPECT_EQ(found.at("bestGeneration"), 2);
+  const std::string best = " --set MiMax=" + found.at("parameters").at(0).at("value").dump() +
+                           " --set Ks=" + found.at("parameters").at(1).at("value").dump() +
+                           " --set u=" + found.at("parameters").at(2).at("value").dump();
+  const json score = json::parse(RunCli("score " + kMolasses + moser + " --json" + best).out);
+  EXPECT_EQ(score.at("score"), found.at("sumOfSquaredErrors"));
+  EXPECT_NE(BytesOf(folder_ / "fit.rtf").find("are those of generation 2."), std::string::npos);
+
+  const Ran text = RunCli(fit);
+  EXPECT_EQ(text.code, 4);
+  EXPECT_TRUE(text.out.ends_with("The best values found before this are those of generation 2.\n"));
+}
+
+TEST_F(Fit, ReportsWhyOnePointGivesNoDeviations) {
+  const std::string table = folder_ / "one.csv", experiments = folder_ / "one.abr";
+  WriteFile(table, "t,Cs,Cx,Cp\n0,10,1,0\n");
+  ASSERT_EQ(RunCli("import " + table + " -o " + experiments).code, 0);
+  const std::string conditions = folder_ / "c.abr";
+  ASSERT_EQ(RunCli("conditions " + experiments +
+                   " --model Monod --product PAC --yields global --set Yxs=0.3 --set Yps=0.4 "
+                   "--set T=5 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50 -o " +
+                   conditions)
+                .code,
+            0);
+  const Ran ran =
+      RunCli("fit " + experiments + " " + conditions + " --report " + (folder_ / "fit.rtf"));
+  EXPECT_EQ(ran.code, 4);
+  EXPECT_NE(BytesOf(folder_ / "fit.rtf").find("The deviations could not be computed: the measured"),
+            std::string::npos);
+}
+
+/// A fit that scores its first population for `members` candidates' time.
+std::vector<std::string> LongFit(const std::string& members) {
+  return {
+      "fit",   kExamples + "molasses.abr", kExamples + "molasses-conditions.abr", "--npop", members,
+      "--json"};
+}
+
+void WaitUntil(const std::function<bool()>& holds) {
+  const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+  while (!holds() && std::chrono::steady_clock::now() < end) std::this_thread::yield();
+  ASSERT_TRUE(holds());
+}
+
+TEST_F(Fit, StopsOnASignalAndPrintsWhatItFound) {
+  for (const auto& [signal, code] :
+       {std::pair{SIGINT, 130}, std::pair{SIGTERM, 143}, std::pair{SIGHUP, 129}}) {
+    Program program(LongFit("60000"));
+    WaitUntil([&, heard = signal] { return program.Hears(heard); });
+    program.Send(signal);
+    const Ran ran = program.Wait();
+    EXPECT_EQ(ran.code, code) << ran.err;
+    const json fit = json::parse(ran.out);
+    EXPECT_EQ(fit.at("outcome"), "stopped");
+    // It stops before the first generation: only the initial population has been scored.
+    EXPECT_EQ(fit.at("functionCalls"), 60000);
+    EXPECT_GT(fit.at("parameters").at(0).at("value"), 0.05);
+  }
+}
+
+TEST_F(Fit, EndsAtOnceOnASecondSignal) {
+  Program program(LongFit("600000"));
+  WaitUntil([&] { return program.Hears(SIGINT); });
+  program.Send(SIGINT);
+  WaitUntil([&] { return !program.Hears(SIGINT); });
+  program.Send(SIGTERM);
+  const Ran ran = program.Wait();
+  EXPECT_EQ(ran.signal, SIGTERM);
+  EXPECT_EQ(ran.out, "");
+}
+
+TEST_F(Fit, LeavesASignalIgnoredThatItWasStartedToIgnore) {
+  for (const int ignored : {SIGINT, SIGHUP}) {
+    Program program(LongFit("20000"), {ignored});
+    WaitUntil([&] { return program.Hears(SIGTERM); });
+    program.Send(ignored);
+    const Ran ran = program.Wait();
+    EXPECT_EQ(ran.code, 0);
+    EXPECT_EQ(json::parse(ran.out).at("outcome"), "converged");
+  }
+}
+
+// The report is written before the results, which wait here until the pipe is read.
+TEST_F(Fit, PrintsTheResultsOfASearchThatEndedBeforeCtrlC) {
+  FullPipe pipe;
+  const std::string report = folder_ / "fit.rtf";
+  std::vector<std::string> arguments = LongFit("100");
+  arguments.insert(arguments.end(), {"--report", report});
+  Program program(arguments, {0, pipe.WriteEnd()});
+  WaitUntil([&] { return !BytesOf(report).empty(); });
+  program.Send(SIGINT);
+  EXPECT_EQ(json::parse(pipe.Read()).at("outcome"), "converged");
+  EXPECT_EQ(program.Wait().code, 0);
+}
+
+TEST_F(Fit, WritesTheReportWhereNobodyReadsTheProgress) {
+  int ends[2];
+  ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
+  close(ends[0]);
+  const std::string report = folder_ / "fit.rtf";
+  Program program({"fit", kExamples + "molasses.abr", kExamples + "molasses-conditions.abr",
+                   "--npop", "300", "--eps", "1e-7", "--progress", "--report", report},
+                  {0, ends[1]});
+  const Ran ran = program.Wait();
+  close(ends[1]);
+  EXPECT_EQ(ran.code, 3);
+  EXPECT_NE(ran.err.find("the output cannot be written"), std::string::npos) << ran.err;
+  EXPECT_NE(BytesOf(report).find("Estimate was not completed:"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace velmora
