@@ -106,7 +106,7 @@ Assignment FittableAssignment(const std::string& text, const Wording& say) {
   if (!value) FailUsage(say(TextId::Malformed, {kSet, text, kFittableForm}));
   const std::optional<At> position = FittablePosition(name);
   if (!position) FailUsage(say(TextId::UnknownName, {kSet, name, FittableNames()}));
-  return {std::string(name), *position, NumberOf(kSet, *value, say), 0, text};
+  return {std::string(name), *position, NumberOf(kSet, *value, say), 0};
 }
 
 Assignment ConditionAssignment(const std::string& text, int experiments, const Wording& say) {
@@ -117,7 +117,7 @@ Assignment ConditionAssignment(const std::string& text, int experiments, const W
   if (!position) FailUsage(say(TextId::UnknownName, {kSet, name, ConditionNames()}));
   const double number = NumberOf(kSet, *value, say);
   if (number < 0) FailUsage(say(TextId::Negative, {kSet, text}));
-  return {std::string(name), *position, number, place, text};
+  return {std::string(name), *position, number, place};
 }
 
 std::vector<FitVariable> FittedRanges(const std::vector<std::string>& texts, const Wording& say) {

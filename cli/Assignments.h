@@ -17,8 +17,7 @@ struct Assignment {
   std::string name;
   At position = At::muMax;
   double value = 0;
-  int place = 0;     // 0: every experiment
-  std::string text;  // as given
+  int place = 0;  // 0: every experiment
 };
 
 /// The ten names that may be fitted, joined by blanks; and all that --set of `conditions` takes.

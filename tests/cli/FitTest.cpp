@@ -19,13 +19,12 @@ constexpr const char* kPngBegins = "89504e470d0a1a0a";
 TEST_F(Fit, FitsMolassesNearThePublishedValues) {
   const Ran ran = RunCli("fit " + kBoth + "--npop 10000 --eps 0.0000001 --json");
   ASSERT_EQ(ran.code, 0) << ran.err;
+  EXPECT_TRUE(ran.out.starts_with(R"({"parameters":[{"name":"MiMax","label":"µmáx =","position":8,)"
+                                  R"("start":0.2,"lower":0.05,"upper":0.5,"value":0.17)"))
+      << ran.out;
   const json fit = json::parse(ran.out);
   const json& muMax = fit.at("parameters").at(0);
   const json& Ks = fit.at("parameters").at(1);
-  EXPECT_EQ(muMax.at("name"), "MiMax");
-  EXPECT_EQ(muMax.at("label"), "µmáx =");
-  EXPECT_EQ(muMax.at("position"), 8);
-  EXPECT_EQ(muMax.at("start"), 0.2);
   EXPECT_EQ(Ks.at("lower"), 1);
   EXPECT_EQ(Ks.at("upper"), 40);
   EXPECT_NEAR(muMax.at("value"), 0.179, muMax.at("deviation").get<double>());
