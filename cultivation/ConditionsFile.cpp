@@ -9,7 +9,6 @@
 #include "data/FileText.h"
 #include "data/SafeSave.h"
 #include "kinetics/Modelos.h"
-#include "kinetics/Parameters.h"
 #include "language/Numbers.h"
 
 namespace velmora {
