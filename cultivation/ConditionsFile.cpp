@@ -8,6 +8,7 @@
 #include "data/FieldReader.h"
 #include "data/FileText.h"
 #include "data/SafeSave.h"
+#include "kinetics/KineticParameters.h"
 #include "kinetics/Modelos.h"
 #include "language/Numbers.h"
 
