@@ -41,7 +41,7 @@ constexpr auto kBoxes = std::to_array<BoxRow>({
 constexpr int ValueOf(Yields yields) {
   return static_cast<int>(yields) + 1;
 }
-constexpr std::array<Option, 2> kYieldOptions = {
+constexpr std::array<OptionRow, 2> kYieldOptions = {
     {{ValueOf(Yields::Stoichiometric), "optEsteq"}, {ValueOf(Yields::Global), "optGlobal"}}};
 
 constexpr int kBoxesInARow = 2;

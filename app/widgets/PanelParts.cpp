@@ -73,8 +73,9 @@ void GoToBox(QLineEdit& box) {
   box.selectAll();
 }
 
-OptionGroup::OptionGroup(std::span<const Option> options, QWidget* parent) : QButtonGroup(parent) {
-  for (const Option& option : options)
+OptionGroup::OptionGroup(std::span<const OptionRow> options, QWidget* parent)
+    : QButtonGroup(parent) {
+  for (const OptionRow& option : options)
     addButton(Named<QRadioButton>(option.name, parent), option.value);
 }
 

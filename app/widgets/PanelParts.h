@@ -11,6 +11,7 @@
 #include "app/widgets/Icons.h"
 
 class QDialog;
+class QLineEdit;
 class QPushButton;
 
 namespace velmora {
@@ -54,7 +55,7 @@ QPushButton* LayOutDialog(QDialog& dialog, QGroupBox& frame);
 void GoToBox(QLineEdit& box);
 
 /// A radio button and the value that it stands for, above 0.
-struct Option {
+struct OptionRow {
   int value;
   const char* name;
 };
@@ -62,7 +63,7 @@ struct Option {
 /// Radio buttons of which one is chosen, or none.
 class OptionGroup : public QButtonGroup {
  public:
-  OptionGroup(std::span<const Option> options, QWidget* parent);
+  OptionGroup(std::span<const OptionRow> options, QWidget* parent);
 
   /// Chooses the option of `value`; for a value that none stands for, none.
   void Choose(int value);
