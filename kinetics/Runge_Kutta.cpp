@@ -12,7 +12,7 @@ namespace {
 
 constexpr int kSteps = kModelPoints - 1;
 constexpr std::int32_t kEvaluationsPerStep = 16;
-constexpr std::int32_t kEvaluationsPerIntegration = 1 + kSteps * kEvaluationsPerStep;
+constexpr std::int32_t kEvaluationsPerMarch = kSteps * kEvaluationsPerStep;
 
 // Below this a concentration is none.
 constexpr double kTrace = 0.000001;
@@ -222,8 +222,8 @@ void Runge_Kutta::Integrate(const KineticParameters& parameters, ModelCurve& cur
     // An initial state that the law cannot take faults here, at point 1.
     State initial{curve.Cx[0], curve.Cs[0], curve.Cp[0]};
     GeneralGrowthRate(initial);
-    const bool counts = laws_.Evaluations() <=
-                        std::numeric_limits<std::int32_t>::max() - kEvaluationsPerIntegration;
+    const bool counts =
+        laws_.Evaluations() <= std::numeric_limits<std::int32_t>::max() - kEvaluationsPerMarch;
     const bool kernels = law == Law::Kernel && counts && Tame(parameters);
     if (const auto march = kernels ? KernelTable::For(parameters) : nullptr)
       (this->*march)(curve);

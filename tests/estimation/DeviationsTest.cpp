@@ -60,8 +60,9 @@ TEST(Deviations, ComeFromTheInverseOfTheNormalMatrix) {
         value *= measured.size() % 3 == 0 ? 1.03 : 0.98;
         measured.push_back(value);
       }
-  for (const std::array best : {std::array{0.28, 1.2}, std::array{0.2, 0.0}}) {
-    const std::array step{0.001 * best[0], best[1] == 0 ? 0.001 : 0.001 * best[1]};
+  for (const std::array best :
+       {std::array{0.28, 1.2}, std::array{0.2, 0.0}, std::array{0.2, -0.3}}) {
+    const std::array step{0.001 * best[0], best[1] == 0 ? 0.001 : 0.001 * std::fabs(best[1])};
     const std::vector<double> at = ValuesAt(problem, best);
     const std::vector<double> moved0 = ValuesAt(problem, {best[0] + step[0], best[1]});
     const std::vector<double> moved1 = ValuesAt(problem, {best[0], best[1] + step[1]});

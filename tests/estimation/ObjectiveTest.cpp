@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <optional>
+#include <tuple>
 
 #include "estimation/Objective.h"
 #include "tests/support/Batches.h"
@@ -54,6 +56,29 @@ TEST(Objective, InterpolatesAndCarriesTheCurveOnBeyondItsEnd) {
   EXPECT_EQ(fit.experiments[0].simulated.Cs[0], 10);
   EXPECT_NEAR(fit.experiments[0].simulated.Cs[1], 9, 1e-12);    // between model points
   EXPECT_NEAR(fit.experiments[1].simulated.Cs[1], 7.6, 1e-12);  // at 12 h, the curve ends at 9.9 h
+}
+
+TEST(Objective, CarriesTheLastOfItsSegmentsOn) {
+  FitProblem problem = TwoExperiments();
+  for (KineticParameters& row : problem.rows) row[At::muMax] = 0.4;  // Cx bends
+  const SimulatedExperiment second = Objective(problem).Simulate({}).experiments[1];
+  const auto& [t, Cx] = std::tie(second.curve.time, second.curve.Cx);
+  EXPECT_NEAR(second.simulated.Cx[1], Cx[99] + (12 - t[99]) * (Cx[99] - Cx[98]) / (t[99] - t[98]),
+              1e-12);
+}
+
+TEST(Objective, ScalesByTheLargestValueAboveZero) {
+  EXPECT_EQ(Objective::NormalisationScale(std::array{-1.0, 0.2, 0.2005, 0.1}), 0.2005);
+  EXPECT_EQ(Objective::NormalisationScale(std::array{-1.0, -2.0}), 0);
+}
+
+TEST(Objective, GivesEveryExperimentItsCurve) {
+  FitProblem problem = TwoExperiments();
+  problem.rows[1][At::Cx0] = 3;
+  const ModelCurves curves = Objective(problem).Simulate({}).Curves();
+  EXPECT_EQ(curves[0].Cx[0], 2);
+  EXPECT_EQ(curves[1].Cx[0], 3);
+  EXPECT_EQ(curves[2], ModelCurve());
 }
 
 TEST(Objective, FindsTimesInAnyOrder) {

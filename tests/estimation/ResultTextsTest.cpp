@@ -26,6 +26,16 @@ TEST(ResultTexts, StandToTheCharacter) {
             "Sum of squared errors = 0.125\nSquare error = 0.0025\n"
             "Did not converge. Reducing the parameter EPS or increasing ITER or both,\n"
             "increase parameters population size, crossover probability or scale parameter.\n");
+
+  result.end = SearchEnd::Stopped;
+  deviations.fault = ArithmeticFault{FaultKind::DivisionByZero, FaultTerm::Deviations};
+  EXPECT_EQ(FinalText(problem, result, deviations, {Language::Portuguese, ','}),
+            "**********Parâmetros estimados**********\n"
+            "µmáx = 0,179\nKs = 11,37\nn = 1,50\n"
+            "Soma do quadrado dos erros = 0,125\nErro quadrático = 0,0025\n"
+            "Estimativa não concluída:  \n");
+  result.end = SearchEnd::Converged;
+  EXPECT_EQ(EndText(problem, result, Language::English), "End of estimation.\n");
 }
 
 }  // namespace

@@ -46,6 +46,7 @@ TEST(Search, RecoversTheConstantsThatMadeTheData) {
   EXPECT_NEAR(result.best[0], 0.3, 1e-6);
   EXPECT_NEAR(result.best[1], 8, 1e-4);
   EXPECT_NEAR(result.best[2], 1.3, 1e-5);
+  EXPECT_EQ(recorder.scores.size(), 200U);
   EXPECT_TRUE(std::is_sorted(recorder.scores.rbegin(), recorder.scores.rend()));
   // 100 members, 200 generations of 100 trials, and half the members drawn anew in each of the
   // generations 50, 100, 150 and 200 in which the draw falls below 0.9.
@@ -137,7 +138,7 @@ TEST(Search, ReadsNothingThatItsCallerChangesMeanwhile) {
 
 TEST(Search, StopsBetweenGenerationsAndKeepsItsBest) {
   const FitProblem problem = test::TwoBatches();
-  for (const int generations : {0, 3}) {
+  for (const int generations : {0, 3, 49}) {  // generation 50 would begin with members drawn anew
     Recorder recorder(generations);
     const SearchResult result = Search(problem, Unstopped(), recorder);
     EXPECT_EQ(result.end, SearchEnd::Stopped);
@@ -145,6 +146,15 @@ TEST(Search, StopsBetweenGenerationsAndKeepsItsBest) {
     EXPECT_EQ(result.functionCalls, 100 * (generations + 1));
     EXPECT_EQ(Objective(problem).Simulate(result.best).score, result.score);
   }
+}
+
+TEST(Search, ScoresAStartOnItsBoundsAsItStands) {
+  FitProblem problem = test::TwoBatches();
+  problem.variables[0].start = problem.variables[0].lower;
+  problem.variables[1].start = problem.variables[1].upper;
+  Recorder recorder(0);
+  EXPECT_EQ(Search(problem, {}, recorder).startScore,
+            Objective(problem).Simulate(std::array{0.05, 30.0, 1.0}).score);
 }
 
 TEST(Search, RefusesBoundsThatAreNotInOrder) {

@@ -75,6 +75,35 @@ TEST(Integrator, StoresNegativeSubstrateAndGoesOnFromZero) {
   EXPECT_NEAR(curve.Cs[2], -0.011, 1e-15);
 }
 
+TEST(Integrator, AddsItsStepUpToTheTime) {
+  KineticParameters p = Unlimited();
+  p[At::T] = 10;
+  ModelCurve curve;
+  ASSERT_FALSE(Integrated(p, curve));
+  double time = 0;
+  for (const double at : curve.time) {
+    EXPECT_EQ(at, time);
+    time += 10.0 / 99;
+  }
+}
+
+TEST(Integrator, GoesOnFromZeroWhereAStepBeginsWithATrace) {
+  KineticParameters p = Unlimited();
+  p[At::muMax] = 0, p[At::Ks] = 1;
+  ModelCurve curve;
+  for (const Law law : {Law::Kernel, Law::General}) {
+    p[At::Cx0] = p[At::Cp0] = 0.000001;
+    ASSERT_FALSE(Integrated(p, curve, law));
+    EXPECT_EQ(curve.Cx[1], 0.000001);
+    EXPECT_EQ(curve.Cp[1], 0.000001);
+    p[At::Cx0] = p[At::Cp0] = std::nextafter(0.000001, 0);
+    ASSERT_FALSE(Integrated(p, curve, law));
+    EXPECT_GT(curve.Cx[0], 0) << "the first point is the initial values";
+    EXPECT_EQ(curve.Cx[1], 0);
+    EXPECT_EQ(curve.Cp[1], 0);
+  }
+}
+
 TEST(Integrator, SwitchesProductionAndDeathAtTheirOwnLimits) {
   KineticParameters p = Unlimited();
   p[At::muMax] = 0, p[At::Ks] = 1, p[At::Cx0] = 1, p[At::Cp0] = 0, p[At::Fp] = 0, p[At::T] = 9.9;
@@ -176,6 +205,10 @@ INSTANTIATE_TEST_SUITE_P(
                   "Monod",
                   {{At::Yxs, 0}},
                   {DivisionByZero, FaultTerm::SubstrateBalance, 0, 2, 1}},
+        FaultCase{"ProductYieldOfZero",
+                  "Monod",
+                  {{At::Yps, 0}},
+                  {DivisionByZero, FaultTerm::SubstrateBalance, 0, 2, 1}},
         FaultCase{"NoSaturationNoSubstrate",
                   "Monod",
                   {{At::Ks, 0}, {At::Cs0, 0}},
@@ -213,6 +246,20 @@ INSTANTIATE_TEST_SUITE_P(
                   "Aiba",
                   {{At::Kip, -1.125}, {At::Cp0, 0.125}},
                   {DivisionByZero, FaultTerm::Hoppe, 0, 1, 0}},
+        // The product's trace becomes 0 when the first step begins.
+        FaultCase{"HoppeDivisorGoneAfterTheStart",
+                  "Levenspiel",
+                  {{At::Kip, 0}, {At::Cp0, 1e-9}},
+                  {DivisionByZero, FaultTerm::Hoppe, 0, 2, 1}},
+        FaultCase{"HoppeDivisorGoneInAnAibaModel",
+                  "Aiba",
+                  {{At::Kip, -1}, {At::Cp0, 1e-9}},
+                  {DivisionByZero, FaultTerm::Hoppe, 0, 2, 1}},
+        // Cs rises by 0.227 a step; at 89.9 g/L no double holds Cs/Kis, which Monod does not use.
+        FaultCase{"UnusedQuotientThatOverflowsOnTheWay",
+                  "Monod",
+                  {{At::Kis, 5e-307}, {At::muMax, 0}, {At::ms, -1}},
+                  {Overflow, SubstrateInhibition, 0, 67, 2}},
         // Each step multiplies Cx by (1e13)^4/24; the seventh would reach 10^354.
         FaultCase{"ExplodingGrowth",
                   "Monod",
@@ -288,7 +335,7 @@ class OddRows {
         p[At::Cp0] = -p[At::Kip];
         break;
       default:
-        p[At::Cs0] = 0.00005;
+        p[At::Cs0] = Below(2) == 0 ? 0.00005 : kSubstrateFloor;
         break;
     }
   }
