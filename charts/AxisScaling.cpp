@@ -28,7 +28,11 @@ constexpr StepRow kConcentrationSteps[] = {
     {1200, 150}, {2000, 200}, {4000, 400}, {5000, 500}, {kNoBound, 1000}};
 
 // More ticks than this no paper can show.
-constexpr double kMostTicks = 400;
+constexpr double kMostTicks = 1000;
+
+// From here on numbers are written with an exponent.
+constexpr double kLeastExponentForm = 1e15;
+constexpr int kLabelDigits = 12;
 
 // Leaves room for the margins below the largest double.
 constexpr double kLargestRange = 1e300;
@@ -92,56 +96,71 @@ void RaiseConcentrations(Extents& extents, const Experiment& experiment, std::si
   Raise(extents.CpMax, experiment.Cp[k]);
 }
 
+/// The ticks of one axis that are kept, counted from 0 at its beginning.
+struct Ticks {
+  double begin;
+  double distance;
+  double count;  // how often the distance goes into the axis
+
+  Ticks(double from, double step, double steps) : begin(from), distance(step), count(steps) {
+    for (; count > kMostTicks; count /= 10) distance *= 10;
+  }
+  double At(int tick) const { return begin + tick * distance; }
+};
+
 /// Places of a plot in fractions of its axes.
 class Places {
  public:
-  explicit Places(PlotScale& scale) : scale_(scale), width_(scale.Xmax - scale.origin) {}
+  explicit Places(const PlotScale& scale) : scale_(scale), width_(scale.Xmax - scale.origin) {}
 
   PlotPoint At(double x, double y) const { return {X(x), y * scale_.Ymax}; }
   double X(double fraction) const { return scale_.origin + fraction * width_; }
-  double Tick(int i) const { return scale_.origin + i * scale_.stepX; }
 
  private:
-  PlotScale& scale_;
+  const PlotScale& scale_;
   double width_;
 };
 
-void AddGridLines(PlotScale& scale, int nX, int nY) {
-  const Places at(scale);
-  for (int i = 1; i <= nY - 1; ++i)
-    scale.gridLines.push_back({{scale.origin, i * scale.stepY}, {scale.Xmax, i * scale.stepY}});
-  for (int j = 1; j <= nX; ++j)
-    scale.gridLines.push_back({{at.Tick(j), 0}, {at.Tick(j), scale.Ymax}});
+void AddGridLines(PlotScale& scale, const Ticks& time, const Ticks& concentration) {
+  for (int i = 1; i < concentration.count; ++i)
+    scale.levels.push_back(
+        {{scale.origin, concentration.At(i)}, {scale.Xmax, concentration.At(i)}});
+  for (int j = 1; j <= time.count; ++j)
+    scale.moments.push_back({{time.At(j), 0}, {time.At(j), scale.Ymax}});
 }
 
-void AddTicks(PlotScale& scale, int nX, int nY) {
+void AddTicks(PlotScale& scale, const Ticks& time, const Ticks& concentration) {
   const Places at(scale);
-  for (int j = 0; j < nX; ++j)
-    scale.ticks.push_back({{at.Tick(j), 0}, {at.Tick(j), 0.013 * scale.Ymax}});
-  for (int i = 0; i < nY; ++i)
-    scale.ticks.push_back({{scale.origin, i * scale.stepY}, {at.X(0.006), i * scale.stepY}});
+  for (int j = 0; j < time.count; ++j)
+    scale.timeTicks.push_back({{time.At(j), 0}, {time.At(j), 0.013 * scale.Ymax}});
+  for (int i = 0; i < concentration.count; ++i)
+    scale.concentrationTicks.push_back(
+        {{scale.origin, concentration.At(i)}, {at.X(0.006), concentration.At(i)}});
 }
 
-void AddTimeLabels(PlotScale& scale, int nX, double timeMaximum, char separator) {
-  const Places at(scale);
-  for (int j = 0; j < std::max(nX, 1); ++j) {
-    const double time = at.Tick(j);
-    scale.timeLabels.push_back({{time, -0.01 * scale.Ymax},
-                                timeMaximum < 10 ? Formatted(time, {2, 2}, separator)
-                                                 : Formatted(time, {0, 4}, separator)});
-  }
+/// Four decimals, or twelve digits, hide what is only rounding.
+std::string TimeText(double time, double timeMaximum, char separator) {
+  if (timeMaximum < 10) return Formatted(time, {2, 2}, separator);
+  return time < kLeastExponentForm ? Formatted(time, {0, 4}, separator)
+                                   : PlainText(time, separator, kLabelDigits);
 }
 
-void AddConcentrationLabels(PlotScale& scale, int nY, char separator) {
+void AddTimeLabels(PlotScale& scale, const Ticks& time, double timeMaximum, char separator) {
+  for (int j = 0; j < std::max(time.count, 1.0); ++j)
+    scale.timeLabels.push_back(
+        {{time.At(j), -0.01 * scale.Ymax}, TimeText(time.At(j), timeMaximum, separator)});
+}
+
+void AddConcentrationLabels(PlotScale& scale, const Ticks& concentration, char separator) {
   const bool oneDecimal = scale.stepY == 0.1 || scale.stepY == 0.5;
   const bool twoDecimals = scale.stepY == 0.25;
   const double left = oneDecimal ? -0.075 : twoDecimals ? -0.085 : -0.05;
   const Places at(scale);
-  for (int i = 0; i <= nY; ++i) {
-    const double value = i * scale.stepY;
+  for (int i = 0; i <= concentration.count; ++i) {
+    const double value = concentration.At(i);
     std::string text = oneDecimal    ? Formatted(value, {1, 1}, separator)
                        : twoDecimals ? Formatted(value, {2, 2}, separator)
-                                     : PlainText(value, separator);
+                                     : PlainText(value, separator, kLabelDigits);
     scale.concentrationLabels.push_back({{at.X(left), value + 0.04 * scale.Ymax}, std::move(text)});
   }
 }
@@ -210,11 +229,14 @@ PlotScale Escala(const Extents& extents, PlotVariable variable, char separator) 
   scale.titleAt = {at.X(-0.17), 1.15 * scale.Ymax / 3};
   scale.timeTitleAt = {at.X(0.5 - 0.03), -0.1 * scale.Ymax};
   scale.axes = {{at.At(0, 0), at.At(1, 0)}, {at.At(0, 0), at.At(0, 1)}};
-  if (nX > kMostTicks || nY > kMostTicks) return scale;
-  AddGridLines(scale, static_cast<int>(nX), static_cast<int>(nY));
-  AddTicks(scale, static_cast<int>(nX), static_cast<int>(nY));
-  AddTimeLabels(scale, static_cast<int>(nX), extents.timeMax, separator);
-  AddConcentrationLabels(scale, static_cast<int>(nY), separator);
+
+  const Ticks time(scale.origin, scale.stepX, nX), concentration(0, scale.stepY, nY);
+  scale.tickX = time.distance;
+  scale.tickY = concentration.distance;
+  AddGridLines(scale, time, concentration);
+  AddTicks(scale, time, concentration);
+  AddTimeLabels(scale, time, extents.timeMax, separator);
+  AddConcentrationLabels(scale, concentration, separator);
   return scale;
 }
 

@@ -63,18 +63,22 @@ struct PlotLabel {
 struct PlotScale {
   double origin = 0, Xmax = 0, Ymax = 0;
   double stepX = 0, stepY = 0;
+  double tickX = 0, tickY = 0;      // between the ticks below: the step, or 10, 100, ... of it
   PlotPoint upperLeft, lowerRight;  // corners of the paper
   PlotPoint titleAt;                // lower end of the title, which runs upwards
   PlotPoint timeTitleAt;            // upper left corner of "t (h)"
   std::vector<PlotLine> axes;
-  std::vector<PlotLine> gridLines;
-  std::vector<PlotLine> ticks;
+  std::vector<PlotLine> levels;  // grid lines, from the first tick behind 0 on
+  std::vector<PlotLine> moments;
+  std::vector<PlotLine> timeTicks;  // from 0 on, as the labels
+  std::vector<PlotLine> concentrationTicks;
   std::vector<PlotLabel> timeLabels;
   std::vector<PlotLabel> concentrationLabels;
 };
 
-/// Sets up the plot of `variable`. Labels have the locale's `separator`. Axes with more than a few
-/// hundred ticks keep their extents and lose their grid, ticks and labels.
+/// Sets up the plot of `variable`. Labels have the locale's `separator`. Of an axis that is more
+/// than a thousand steps long only every tenth, hundredth, ... tick is kept, with its grid line and
+/// label; how many have room is for the drawing to say.
 PlotScale Escala(const Extents& extents, PlotVariable variable, char separator);
 
 /// "Cs (g/L)", "Cx (g/L)" or "Cp (g/L)".

@@ -73,6 +73,10 @@ PlottedExperiment Plotted(const Experiment& experiment, const DisplayEntry& disp
   return plotted;
 }
 
+CheckedInterval Refused(TextId text, IntervalBox failed) {
+  return {{}, Attention({text}, Icon::Exclamation), failed};
+}
+
 }  // namespace
 
 ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
@@ -103,6 +107,24 @@ bool CanBeSized(const ChartContent& content) {
   return std::all_of(std::begin(bounds), std::end(bounds),
                      [](double bound) { return std::isfinite(bound); }) &&
          std::any_of(content.experiments.begin(), content.experiments.end(), shows);
+}
+
+std::vector<LegendRow> LegendRows(const ExperimentLists& lists) {
+  std::vector<LegendRow> rows;
+  for (int place = 1; place <= lists.Count(); ++place) {
+    const DisplayEntry& display = lists.Display(place);
+    if (display.visible) rows.push_back({lists.At(place).number, display.marker, display.colour});
+  }
+  return rows;
+}
+
+CheckedInterval CheckInterval(const TypedInterval& typed, const TimeInterval& measured) {
+  if (!typed.from) return Refused(TextId::CheckBounds, IntervalBox::Minimum);
+  if (!typed.to) return Refused(TextId::CheckBounds, IntervalBox::Maximum);
+  if (*typed.to > measured.to) return Refused(TextId::TimeTooLarge, IntervalBox::Maximum);
+  if (*typed.from < measured.from) return Refused(TextId::TimeTooSmall, IntervalBox::Minimum);
+  if (*typed.from > *typed.to) return Refused(TextId::MinimumAboveMaximum, IntervalBox::Minimum);
+  return {{*typed.from, *typed.to}, std::nullopt, IntervalBox::Minimum};
 }
 
 }  // namespace velmora

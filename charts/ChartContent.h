@@ -1,4 +1,4 @@
-// What one plot shows, as a value.
+// What one plot shows, as a value, with its legend and the range of time that it is cut to.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,9 @@
 #include <vector>
 
 #include "charts/AxisScaling.h"
+#include "data/ExperimentLists.h"
 #include "kinetics/ModelCurves.h"
+#include "language/Message.h"
 
 namespace velmora {
 
@@ -38,5 +40,33 @@ ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
 
 /// Whether the chart has axes to draw: something is visible on it, and no bound is beyond a double.
 bool CanBeSized(const ChartContent& content);
+
+/// Which marker and colour belong to an experiment.
+struct LegendRow {
+  std::int16_t number = 0;
+  std::string marker;
+  std::int32_t colour = 1;
+};
+
+/// One row for each visible experiment, in list order.
+std::vector<LegendRow> LegendRows(const ExperimentLists& lists);
+
+/// What the two boxes state, h; nothing where a box holds no number.
+struct TypedInterval {
+  std::optional<double> from;
+  std::optional<double> to;
+};
+
+enum class IntervalBox : std::uint8_t { Minimum, Maximum };
+
+struct CheckedInterval {
+  TimeInterval interval;           // valid where nothing is refused
+  std::optional<Message> refusal;  // what to tell the user
+  IntervalBox failed = IntervalBox::Minimum;
+};
+
+/// The range must lie within `measured` and may be a single moment. Checked in this order: a box
+/// without a number, the maximum too large, the minimum too small, the minimum above the maximum.
+CheckedInterval CheckInterval(const TypedInterval& typed, const TimeInterval& measured);
 
 }  // namespace velmora

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <optional>
 #include <string>
 #include <vector>
 
@@ -14,7 +13,8 @@ namespace velmora {
 namespace {
 
 constexpr Ink kBlack{0, 0, 0};
-constexpr Ink kGridInk{0xC0, 0xC0, 0xC0};
+constexpr Stroke kAxisStroke{kBlack, 1, LineKind::Solid};
+constexpr Stroke kGridStroke{{0xC0, 0xC0, 0xC0}, 1, LineKind::Dotted};
 
 // Sizes in units.
 constexpr double kDotWidth = 6;
@@ -22,61 +22,15 @@ constexpr double kMarkerWidth = 10;
 constexpr double kSameDot = 0.5;    // a dot nearer to the one before adds nothing
 constexpr double kLabelToAxis = 4;  // between a concentration label and its axis
 constexpr double kLeastFontHeight = 6;
+constexpr double kTickToTick = 4;  // nearer to each other ticks and grid lines run together
 
-/// The user coordinates of the paper's edges. An axis without length (no product was formed) is
-/// given the length 1, so that the other one stands at its usual place, in sight.
-struct Window {
-  double left, right, top, bottom;
-};
-
-bool HasWidth(const PlotScale& scale) {
-  return scale.Xmax > scale.origin;
-}
-bool HasHeight(const PlotScale& scale) {
-  return scale.Ymax > 0;
-}
-
-Window WindowOf(const PlotScale& scale) {
-  Window window{scale.upperLeft.x, scale.lowerRight.x, scale.upperLeft.y, scale.lowerRight.y};
-  if (!HasWidth(scale)) window.left = scale.origin - 0.2, window.right = scale.origin + 1.1;
-  if (!HasHeight(scale)) window.top = 1.2, window.bottom = -0.2;
-  return window;
-}
-
-bool Finite(const PaperLine& line) {
-  return std::isfinite(line.from.x) && std::isfinite(line.from.y) &&
-         std::isfinite(line.to.x - line.from.x) && std::isfinite(line.to.y - line.from.y);
-}
-
-PaperPoint Between(const PaperLine& line, double share) {
-  return {line.from.x + share * (line.to.x - line.from.x),
-          line.from.y + share * (line.to.y - line.from.y)};
-}
-
-/// The part of `line` inside `frame` (Liang and Barsky, 1984): a line that ends far outside would
-/// overflow a canvas's own arithmetic.
-std::optional<PaperLine> Cut(const PaperLine& line, const PaperArea& frame) {
-  if (!Finite(line)) return std::nullopt;
-  const double dx = line.to.x - line.from.x, dy = line.to.y - line.from.y;
-  const double towards[] = {-dx, dx, -dy, dy};
-  const double room[] = {line.from.x - frame.left, frame.Right() - line.from.x,
-                         line.from.y - frame.top, frame.Bottom() - line.from.y};
-  double from = 0, to = 1;
-  for (int edge = 0; edge < 4; ++edge) {
-    if (towards[edge] < 0) from = std::max(from, room[edge] / towards[edge]);
-    if (towards[edge] > 0) to = std::min(to, room[edge] / towards[edge]);
-    if (towards[edge] == 0 && room[edge] < 0) return std::nullopt;
-  }
-  if (from > to) return std::nullopt;
-  return PaperLine{from == 0 ? line.from : Between(line, from),
-                   to == 1 ? line.to : Between(line, to)};
-}
-
-/// The least of 1, 2, 5, 10, 20, ... steps between labels that is at least `wanted` steps.
-std::size_t LabelStride(double wanted) {
+/// The least of 1, 2, 5, 10, 20, ... that is at least `wanted` and a multiple of `unit`.
+std::size_t Stride(double wanted, std::size_t unit = 1) {
+  constexpr std::size_t kMost = 100000;  // for axes without length, of which all but one goes
   for (std::size_t decade = 1;; decade *= 10)
     for (const std::size_t stride : {decade, 2 * decade, 5 * decade})
-      if (!(static_cast<double>(stride) < wanted) || decade >= 100000) return stride;
+      if (stride >= kMost || (!(static_cast<double>(stride) < wanted) && stride % unit == 0))
+        return stride;
 }
 
 bool HasColour(std::int32_t number) {
@@ -136,17 +90,32 @@ class Sheet {
   }
   double LineHeight() const { return canvas_.Ascent() + canvas_.Descent(); }
 
+  double TimeDistance() const { return At({Scale().origin + Scale().tickX, 0}).x - Origin().x; }
+  double ConcentrationDistance() const {
+    return Origin().y - At({Scale().origin, Scale().tickY}).y;
+  }
+  std::size_t TickStride(double distance) const { return Stride(Units(kTickToTick) / distance); }
+
   void DrawAxes() {
-    if (content_.gridLines) DrawLines(Scale().gridLines, kGridInk, LineKind::Dotted);
-    DrawLines(Scale().axes, kBlack, LineKind::Solid);
-    DrawLines(Scale().ticks, kBlack, LineKind::Solid);
+    const std::size_t time = TickStride(TimeDistance());
+    const std::size_t concentration = TickStride(ConcentrationDistance());
+    if (content_.gridLines) {
+      DrawLines(Scale().levels, concentration - 1, concentration, kGridStroke);
+      DrawLines(Scale().moments, time - 1, time, kGridStroke);
+    }
+    DrawLines(Scale().axes, 0, 1, kAxisStroke);
+    DrawLines(Scale().timeTicks, 0, time, kAxisStroke);
+    DrawLines(Scale().concentrationTicks, 0, concentration, kAxisStroke);
   }
 
-  void DrawLines(const std::vector<PlotLine>& lines, Ink ink, LineKind kind) {
+  /// Every `stride`-th line from the one at `first` on; the stroke is a unit wide.
+  void DrawLines(const std::vector<PlotLine>& lines, std::size_t first, std::size_t stride,
+                 Stroke stroke) {
     std::vector<PaperLine> onPaper;
-    onPaper.reserve(lines.size());
-    for (const PlotLine& line : lines) onPaper.push_back({At(line.from), At(line.to)});
-    canvas_.DrawLines(onPaper, {ink, Units(1), kind});
+    for (std::size_t i = first; i < lines.size(); i += stride)
+      onPaper.push_back({At(lines[i].from), At(lines[i].to)});
+    stroke.width = Units(stroke.width);
+    canvas_.DrawLines(onPaper, stroke);
   }
 
   /// The label at 0 begins at its tick, so that it keeps clear of the other axis's labels; the
@@ -157,8 +126,9 @@ class Sheet {
     const double first = canvas_.WidthOf(labels.front().text);
     const double widest = WidestOf(labels, canvas_);
     const double gap = canvas_.WidthOf("0") / 2;
-    const double step = At({Scale().origin + Scale().stepX, 0}).x - Origin().x;
-    const std::size_t stride = LabelStride((std::max(widest, first + widest / 2) + gap) / step);
+    const double step = TimeDistance();
+    const std::size_t stride =
+        Stride((std::max(widest, first + widest / 2) + gap) / step, TickStride(step));
     for (std::size_t i = 0; i < labels.size(); i += stride) {
       const PaperPoint at = At(labels[i].at);
       const double left = i == 0 ? at.x : at.x - canvas_.WidthOf(labels[i].text) / 2;
@@ -195,9 +165,10 @@ class Sheet {
   double WriteConcentrationLabels(double axis) {
     const std::vector<PlotLabel>& labels = Scale().concentrationLabels;
     const double height = LineHeight();
-    const double step = Origin().y - At({Scale().origin, Scale().stepY}).y;
+    const double step = ConcentrationDistance();
+    const std::size_t stride = Stride(height / step, TickStride(step));
     double leftmost = axis;
-    for (std::size_t i = 0; i < labels.size(); i += LabelStride(height / step)) {
+    for (std::size_t i = 0; i < labels.size(); i += stride) {
       const PaperPoint at = At(labels[i].at);
       const double tick = Origin().y - static_cast<double>(i) * step;
       const double left = std::min(at.x, axis - canvas_.WidthOf(labels[i].text));
@@ -287,27 +258,7 @@ class Sheet {
   const ChartStyle& style_;
 };
 
-/// The share of a distance; 0 where the whole has no width.
-double Share(double part, double whole) {
-  return whole == 0 ? 0 : part / whole;
-}
-
 }  // namespace
-
-PaperPoint ToPaper(const PlotScale& scale, const PaperArea& paper, const PlotPoint& point) {
-  const Window window = WindowOf(scale);
-  const double x = Share(point.x - window.left, window.right - window.left);
-  const double y = Share(window.top - point.y, window.top - window.bottom);
-  return {paper.left + x * paper.width, paper.top + y * paper.height};
-}
-
-PlotPoint FromPaper(const PlotScale& scale, const PaperArea& paper, const PaperPoint& position) {
-  const Window window = WindowOf(scale);
-  const double x = Share(position.x - paper.left, paper.width);
-  const double y = Share(position.y - paper.top, paper.height);
-  return {window.left + x * (window.right - window.left),
-          window.top - y * (window.top - window.bottom)};
-}
 
 void DrawChart(ChartCanvas& canvas, const PaperArea& paper, const ChartContent& content,
                const ChartStyle& style) {

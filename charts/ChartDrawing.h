@@ -5,6 +5,7 @@
 
 #include "charts/ChartCanvas.h"
 #include "charts/ChartContent.h"
+#include "charts/PaperPlaces.h"
 
 namespace velmora {
 
@@ -20,9 +21,5 @@ struct ChartStyle {
 /// off.
 void DrawChart(ChartCanvas& canvas, const PaperArea& paper, const ChartContent& content,
                const ChartStyle& style = {});
-
-/// Where a point in user coordinates stands on `paper`, and which point stands there.
-PaperPoint ToPaper(const PlotScale& scale, const PaperArea& paper, const PlotPoint& point);
-PlotPoint FromPaper(const PlotScale& scale, const PaperArea& paper, const PaperPoint& position);
 
 }  // namespace velmora

@@ -63,6 +63,12 @@ std::string ExponentText(const Digits& number) {
   return text + (magnitude.size() < 2 ? "0" : "") + magnitude;
 }
 
+std::string TextOf(const Digits& number) {
+  const int exponent = number.point - 1;
+  const bool fixed = exponent >= kLeastFixedExponent && exponent <= kMostFixedExponent;
+  return number.digits == "0" || fixed ? FixedText(number) : ExponentText(number);
+}
+
 /// Rounds the decimal digits half away from zero to `decimals` places behind the mark.
 void RoundDigits(Digits& number, int decimals) {
   const int kept = number.point + decimals;
@@ -112,14 +118,20 @@ Parsed Parse(std::string_view text, char separator) {
 }  // namespace
 
 std::string ShortestText(double value) {
-  const Digits number = ShortestDigits(value);
-  const int exponent = number.point - 1;
-  const bool fixed = exponent >= kLeastFixedExponent && exponent <= kMostFixedExponent;
-  return value == 0 || fixed ? FixedText(number) : ExponentText(number);
+  return TextOf(ShortestDigits(value));
 }
 
 std::string PlainText(double value, char separator) {
   std::string text = ShortestText(value);
+  std::replace(text.begin(), text.end(), '.', separator);
+  return text;
+}
+
+std::string PlainText(double value, char separator, int digits) {
+  Digits number = ShortestDigits(value);
+  RoundDigits(number, digits - number.point);
+  while (number.digits.size() > 1 && number.digits.back() == '0') number.digits.pop_back();
+  std::string text = TextOf(number);
   std::replace(text.begin(), text.end(), '.', separator);
   return text;
 }

@@ -17,6 +17,10 @@ std::string ShortestText(double value);
 /// `ShortestText` with the locale's `separator` ('.' or ','): what boxes and lists show.
 std::string PlainText(double value, char separator);
 
+/// `PlainText` of `value` rounded half away from zero to `digits` significant digits: without what
+/// rounding in a sum or product has left behind.
+std::string PlainText(double value, char separator, int digits);
+
 /// As `ShortestText`, with a leading blank for a value that is not negative and no zero before
 /// the point: " 100", " .8", " 1E-05". The settings boxes open with these texts.
 std::string StrText(double value);

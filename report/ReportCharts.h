@@ -5,7 +5,6 @@
 
 #include "charts/ChartCanvas.h"
 #include "charts/ChartContent.h"
-#include "charts/LegendRows.h"
 #include "report/Relatorio.h"
 
 namespace velmora {

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "charts/LegendRows.h"
+#include "charts/ChartContent.h"
 
 class QGridLayout;
 class QLabel;

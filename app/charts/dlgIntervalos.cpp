@@ -8,7 +8,7 @@
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/NumberEntry.h"
 #include "app/widgets/PanelParts.h"
-#include "charts/IntervalCheck.h"
+#include "charts/ChartContent.h"
 #include "language/Numbers.h"
 
 namespace velmora {

@@ -15,7 +15,7 @@
 #include "app/charts/ChartView.h"
 #include "app/charts/frmZoom.h"
 #include "app/widgets/Idiomas.h"
-#include "charts/IntervalCheck.h"
+#include "charts/ChartContent.h"
 #include "language/Numbers.h"
 #include "tests/data/FileTesting.h"
 #include "tests/support/ScriptedDialogs.h"

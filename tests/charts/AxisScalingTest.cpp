@@ -81,10 +81,12 @@ TEST(Escala, RoundsTickCountsUpByTheRange) {
 TEST(Escala, PlacesGridTicksAndLabels) {
   const PlotScale scale = Escala(Reaching(4, 2), PlotVariable::Cs, ',');  // 8 x 0.5 h; 9 x 0.25 g/L
   ASSERT_EQ(scale.Ymax, 2.25);
-  EXPECT_EQ(scale.gridLines.size(), 8U + 8U);
-  EXPECT_EQ(scale.gridLines[7].from.y, 2.0) << "no horizontal line at Ymax";
-  EXPECT_EQ(scale.gridLines.back().from.x, 4) << "the last vertical line lies on the right end";
-  EXPECT_EQ(scale.ticks.size(), 8U + 9U);
+  ASSERT_EQ(scale.levels.size(), 8U);
+  EXPECT_EQ(scale.levels.back().from.y, 2.0) << "no horizontal line at Ymax";
+  ASSERT_EQ(scale.moments.size(), 8U);
+  EXPECT_EQ(scale.moments.back().from.x, 4) << "the last vertical line lies on the right end";
+  EXPECT_EQ(scale.timeTicks.size(), 8U);
+  EXPECT_EQ(scale.concentrationTicks.size(), 9U);
   ASSERT_EQ(scale.timeLabels.size(), 8U);
   EXPECT_EQ(scale.timeLabels[1].text, "0,50");
   EXPECT_EQ(scale.concentrationLabels[1].text, "0,25");
@@ -98,9 +100,6 @@ TEST(Escala, CopesWithNothingHugeAndEqualTimes) {
   EXPECT_EQ(none.stepX, 0.25);
   EXPECT_EQ(none.stepY, 0.1);
   EXPECT_EQ(none.upperLeft.y, 1e-16);
-  const PlotScale huge = Escala(Reaching(1e300, 1e300), PlotVariable::Cs, '.');
-  EXPECT_TRUE(huge.gridLines.empty());
-  EXPECT_GE(huge.Xmax, 1e300);
   const double largest = std::numeric_limits<double>::max();
   const PlotScale largestOfAll = Escala(Reaching(largest, largest), PlotVariable::Cs, '.');
   EXPECT_TRUE(std::isfinite(largestOfAll.upperLeft.y));
@@ -108,6 +107,33 @@ TEST(Escala, CopesWithNothingHugeAndEqualTimes) {
   Extents equal = Reaching(12, 5);
   equal.timeMin = 12;
   EXPECT_EQ(Escala(equal, PlotVariable::Cs, '.').Xmax, 12);
+}
+
+/// 50,000 h are 500 steps of 100 h, all kept. 1e9 g/L are a million steps of 1000 g/L and one, of
+/// which every ten-thousandth is kept: a hundred grid lines behind 0.
+TEST(Escala, KeepsNumbersOfAnyRange) {
+  const PlotScale scale = Escala(Reaching(50000, 1e9), PlotVariable::Cs, '.');
+  EXPECT_EQ(scale.stepX, 100);
+  EXPECT_EQ(scale.stepY, 1000);
+  EXPECT_EQ(scale.tickX, 100);
+  EXPECT_EQ(scale.tickY, 1e7);
+  EXPECT_EQ(scale.moments.size(), 500U);
+  EXPECT_EQ(scale.levels.size(), 100U);
+  EXPECT_EQ(scale.levels[1].from.y, 2e7);
+  EXPECT_EQ(scale.timeLabels[499].text, "49900");
+  EXPECT_EQ(scale.concentrationLabels.back().text, "1000000000");
+  const PlotScale huge = Escala(Reaching(1e300, 1e300), PlotVariable::Cs, '.');
+  EXPECT_GE(huge.Xmax, 1e300);
+  for (const std::size_t lines :
+       {huge.moments.size(), huge.levels.size(), huge.timeTicks.size(), huge.timeLabels.size(),
+        huge.concentrationTicks.size(), huge.concentrationLabels.size()}) {
+    EXPECT_GE(lines, 99U);
+    EXPECT_LE(lines, 1001U);
+  }
+  for (std::size_t i = 1; i < 100; ++i) {
+    const std::string text = huge.timeLabels[i].text;
+    EXPECT_LE(text.size(), std::string("9.99E+299").size()) << text;
+  }
 }
 
 TEST(MaxMin, CountsOnlyVisibleExperimentsAndTheInterval) {

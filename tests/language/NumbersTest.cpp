@@ -36,6 +36,14 @@ INSTANTIATE_TEST_SUITE_P(
                     TextCase{0.1 + 0.2, "0.30000000000000004", " .30000000000000004"},
                     TextCase{5e-324, "5E-324", " 5E-324"}));
 
+TEST(Numbers, ShowSoManyDigits) {
+  EXPECT_EQ(PlainText(0.1 + 0.2, ',', 12), "0,3");
+  EXPECT_EQ(PlainText(9.999999999999998e298, '.', 12), "1E+299");
+  EXPECT_EQ(PlainText(123456789, '.', 12), "123456789");
+  EXPECT_EQ(PlainText(-1234.5, '.', 2), "-1200");
+  EXPECT_EQ(PlainText(0, '.', 12), "0");
+}
+
 struct FormatCase {
   double value;
   Decimals decimals;

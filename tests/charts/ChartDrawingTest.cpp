@@ -1,0 +1,139 @@
+// Which ticks, grid lines and labels a chart is drawn with, told by a canvas that only notes them.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "charts/ChartDrawing.h"
+
+namespace velmora {
+namespace {
+
+class NotingCanvas : public ChartCanvas {
+ public:
+  struct Text {
+    PaperPoint start;
+    std::string text;
+  };
+  std::vector<PaperLine> grid;  // dotted
+  std::vector<PaperLine> ticks;
+  std::vector<Text> texts;
+
+  void OpenPaper(const PaperArea&) override {}
+  void ClosePaper() override {}
+  void SetFontHeight(double height) override { height_ = height; }
+  void SetTitleFontHeight(double height) override { height_ = height; }
+  double FontHeight() const override { return height_; }
+  double Ascent() const override { return 0.8 * height_; }
+  double Descent() const override { return 0.2 * height_; }
+  double WidthOf(std::string_view text) const override {
+    return 0.5 * height_ * static_cast<double>(text.size());
+  }
+  void Write(const PaperPoint& start, std::string_view text) override {
+    texts.push_back({start, std::string(text)});
+  }
+  void WriteUpwards(const PaperPoint&, std::string_view) override {}
+  void DrawLines(std::span<const PaperLine> lines, const Stroke& stroke) override {
+    auto& noted = stroke.kind == LineKind::Dotted ? grid : ticks;
+    noted.insert(noted.end(), lines.begin(), lines.end());
+  }
+  void DrawCurve(std::span<const PaperPoint>, const Stroke&) override {}
+  void DrawDots(std::span<const PaperPoint>, double, Ink) override {}
+  void DrawMarkers(std::string_view, std::span<const PaperPoint>, double, Ink, double) override {}
+
+ private:
+  double height_ = 1;
+};
+
+constexpr PaperArea kPaper{0, 0, 560, 420};
+
+ChartContent Reaching(double time, double Cs) {
+  Experiment experiment;
+  experiment.time = {0, time};
+  experiment.Cs = {Cs, 0};
+  experiment.Cx = experiment.Cp = {0, 0};
+  ExperimentLists lists;
+  lists.Append(experiment, {});
+  return ContentOf(PlotVariable::Cs, lists, nullptr, true, '.');
+}
+
+NotingCanvas Drawn(const ChartContent& content) {
+  NotingCanvas canvas;
+  DrawChart(canvas, kPaper, content);
+  return canvas;
+}
+
+/// The places along one direction, without repetition.
+std::set<double> Places(const std::vector<PaperLine>& lines, bool upright) {
+  std::set<double> places;
+  for (const auto& [from, to] : lines)
+    if ((from.x == to.x) == upright) places.insert(upright ? from.x : from.y);
+  return places;
+}
+
+double LeastDistance(const std::set<double>& places) {
+  double least = kPaper.width;
+  for (auto at = places.begin(); std::next(at) != places.end(); ++at)
+    least = std::min(least, *std::next(at) - *at);
+  return least;
+}
+
+TEST(ChartDrawing, LeavesAUsualChartAllItsLines) {
+  const ChartContent content = Reaching(599, 4999);  // 12 steps of 50 h, 10 of 500 g/L
+  const NotingCanvas canvas = Drawn(content);
+  EXPECT_EQ(Places(canvas.grid, true).size(), 12U);
+  EXPECT_EQ(Places(canvas.grid, false).size(), 9U);
+}
+
+/// The axes take 430 by 300 of the 560 by 420 units: room for a hundred upright lines and 75 level
+/// ones, 4 units from each other.
+TEST(ChartDrawing, ThinsWhatWouldRunTogether) {
+  for (const auto& [time, Cs] : {std::pair{50000.0, 75.0},
+                                 {45.0, 1e9},
+                                 {50000.0, 1e9},
+                                 {123456.0, 789012.0},
+                                 {1e300, 1e300}}) {
+    SCOPED_TRACE(std::to_string(time) + " " + std::to_string(Cs));
+    const ChartContent content = Reaching(time, Cs);
+    const NotingCanvas canvas = Drawn(content);
+    for (const bool upright : {true, false}) {
+      const std::set<double> lines = Places(canvas.grid, upright);
+      EXPECT_GE(lines.size(), 7U);
+      EXPECT_LE(lines.size(), upright ? 108U : 76U);
+      EXPECT_GE(LeastDistance(lines), 3.99);
+      EXPECT_GE(LeastDistance(Places(canvas.ticks, upright)), 3.99);
+    }
+  }
+}
+
+/// Below the axis each number stands in the middle under its own tick, and no two touch.
+TEST(ChartDrawing, WritesNumbersUnderTheirTicks) {
+  for (const double time : {1234.0, 50000.0, 123456.0, 7e9}) {
+    const ChartContent content = Reaching(time, 75);
+    const NotingCanvas canvas = Drawn(content);
+    const double axis = ToPaper(content.scale, kPaper, {0, 0}).y;
+    const std::set<double> ticks = Places(canvas.ticks, true);
+    int numbers = 0;
+    double end = 0;
+    for (const auto& [start, text] : canvas.texts) {
+      if (start.y < axis || text == "t (h)" || text == "0") continue;
+      const double middle = start.x + canvas.WidthOf(text) / 2;
+      const double stated = ToPaper(content.scale, kPaper, {std::atof(text.c_str()), 0}).x;
+      EXPECT_NEAR(middle, stated, 1e-6) << text;
+      EXPECT_TRUE(std::any_of(ticks.begin(), ticks.end(), [&](double tick) {
+        return std::abs(tick - middle) < 1e-6;
+      })) << text;
+      EXPECT_GT(start.x, end);
+      end = start.x + canvas.WidthOf(text);
+      ++numbers;
+    }
+    EXPECT_GE(numbers, 3) << time;
+  }
+}
+
+}  // namespace
+}  // namespace velmora
