@@ -31,16 +31,16 @@ int ReadCount(FieldReader& in) {
 
 /// The data set and the names of the fitted parameters select nothing; a model may be left to what
 /// the row's switches say.
-bool StandsForAChoice(Option option, std::string_view text) {
+bool StandsForAChoice(OptionPosition option, std::string_view text) {
   switch (option) {
-    case Option::Method:
+    case OptionPosition::Method:
       return MethodNamed(text) != Method::None;
-    case Option::Production:
+    case OptionPosition::Production:
       return ProductionNamed(text) != Production::None;
-    case Option::Model:
+    case OptionPosition::Model:
       return text.empty() || FindModel(text) != nullptr;
-    case Option::DataSet:
-    case Option::Fitted:
+    case OptionPosition::DataSet:
+    case OptionPosition::Fitted:
       break;
   }
   return true;
@@ -58,7 +58,7 @@ void ReadOptions(FieldReader& in, OptionTexts& options, std::vector<FileFault>& 
   for (int position = 1; position <= kOptionTexts; ++position) {
     const std::string_view text = in.Text(FileField::OptionText, position);
     options[position] = text;
-    if (!StandsForAChoice(Option{position}, text))
+    if (!StandsForAChoice(OptionPosition{position}, text))
       remarks.push_back(in.FaultHere(FileReason::UnknownChoice, text));
   }
 }

@@ -35,7 +35,7 @@ struct OptionTexts {
   friend bool operator==(const OptionTexts&, const OptionTexts&) = default;
 };
 inline constexpr int kOptionTexts = 5;
-enum class Option { Method = 1, DataSet, Production, Model, Fitted };
+enum class OptionPosition { Method = 1, DataSet, Production, Model, Fitted };
 
 /// What is stored for the experiment at one place of the experiment list.
 struct ConditionsRecord {
