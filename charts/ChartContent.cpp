@@ -31,11 +31,12 @@ const ModelCurve::Series& ModelSeries(const ModelCurve& curve, PlotVariable vari
   return curve.Cs;
 }
 
+/// The first `count` points.
 template <class Times, class Values>
-std::vector<PlotPoint> PointsOf(const Times& times, const Values& values) {
+std::vector<PlotPoint> PointsOf(const Times& times, const Values& values, std::size_t count) {
   std::vector<PlotPoint> points;
-  points.reserve(times.size());
-  for (std::size_t k = 0; k < times.size(); ++k) points.push_back({times[k], values[k]});
+  points.reserve(count);
+  for (std::size_t k = 0; k < count; ++k) points.push_back({times[k], values[k]});
   return points;
 }
 
@@ -68,7 +69,8 @@ PlottedExperiment Plotted(const Experiment& experiment, const DisplayEntry& disp
   PlottedExperiment plotted{
       experiment.number, display.visible, display.marker, display.colour, display.line, {}, {}};
   if (!plotted.visible) return plotted;
-  plotted.points = PointsOf(experiment.time, MeasuredSeries(experiment, variable));
+  plotted.points =
+      PointsOf(experiment.time, MeasuredSeries(experiment, variable), experiment.time.size());
   if (interval) KeepInside(plotted.points, *interval);
   return plotted;
 }
@@ -90,7 +92,8 @@ ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
     const auto index = static_cast<std::size_t>(place) - 1;
     if (curves == nullptr || index >= curves->size()) continue;
     const ModelCurve& curve = (*curves)[index];
-    content.experiments.back().curve = PointsOf(curve.time, ModelSeries(curve, variable));
+    content.experiments.back().curve =
+        PointsOf(curve.time, ModelSeries(curve, variable), static_cast<std::size_t>(curve.points));
     if (interval)
       content.experiments.back().curve = Cut(content.experiments.back().curve, *interval);
   }

@@ -1,7 +1,5 @@
 #include "cultivation/Simulation.h"
 
-#include <algorithm>
-
 #include "kinetics/Runge_Kutta.h"
 #include "language/Numbers.h"
 
@@ -23,13 +21,6 @@ std::vector<ArithmeticFault> Manual(const CultivationConditions& conditions, int
   return faults;
 }
 
-void EndCurveAt(const ArithmeticFault& fault, ModelCurve& curve) {
-  const auto first = static_cast<std::size_t>(std::clamp(fault.point - 1, 0, kModelPoints));
-  for (ModelCurve::Series* series : {&curve.time, &curve.Cx, &curve.Cs, &curve.Cp})
-    std::fill(series->begin() + static_cast<std::ptrdiff_t>(first), series->end(),
-              first == 0 ? 0 : (*series)[first - 1]);
-}
-
 std::string ExportarDados(const ModelCurves& curves, int experiments, char separator) {
   constexpr std::string_view kHeader = "t(h)    Cx(g/L) Cs(g/L) Cp(g/L)\r\n";
   const auto number = [=](double value) { return Formatted(value, kFour, separator); };
@@ -38,7 +29,7 @@ std::string ExportarDados(const ModelCurves& curves, int experiments, char separ
     const ModelCurve& curve = curves.at(static_cast<std::size_t>(place) - 1);
     text += "Experimento: " + std::to_string(place) + "\r\n";
     text += kHeader;
-    for (std::size_t j = 0; j < curve.time.size(); ++j)
+    for (std::size_t j = 0; j < static_cast<std::size_t>(curve.points); ++j)
       text += number(curve.time[j]) + "\t" + number(curve.Cx[j]) + "\t" + number(curve.Cs[j]) +
               "\t" + number(curve.Cp[j]) + "\r\n";
     text += "\r\n";

@@ -11,16 +11,12 @@
 namespace velmora {
 
 /// Integrates the experiments at places 1..`experiments` (at most 9) into their curves. A fault
-/// ends the simulation of its experiment alone; the faults come back with their places.
+/// ends the curve of its experiment alone; the faults come back with their places.
 std::vector<ArithmeticFault> Manual(const CultivationConditions& conditions, int experiments,
                                     ModelCurves& curves);
 
-/// Ends a curve where its simulation failed: the points from the fault on repeat the last one
-/// before it, so that the line stops there.
-void EndCurveAt(const ArithmeticFault& fault, ModelCurve& curve);
-
 /// For each place 1..`experiments` (at most 9): "Experimento: " and the place, a header line, one
-/// line for each of the 100 points with four decimals and the locale's `separator`, an empty line.
+/// line for each point of the curve with four decimals and the locale's `separator`, an empty line.
 /// Lines end in CR LF.
 std::string ExportarDados(const ModelCurves& curves, int experiments, char separator);
 

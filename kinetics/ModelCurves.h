@@ -1,4 +1,5 @@
-// The tables that the integrator fills: 100 points of time, Cx, Cs and Cp for each experiment.
+// The tables that the integrator fills: up to 100 points of time, Cx, Cs and Cp for each
+// experiment.
 #pragma once
 
 #include <array>
@@ -8,13 +9,15 @@ namespace velmora {
 
 inline constexpr int kModelPoints = 100;
 
-/// One experiment's curve: time in h, concentrations in g/L; element i is point i + 1.
+/// One experiment's curve: time in h, concentrations in g/L; element i is point i + 1. The elements
+/// behind the last point mean nothing.
 struct ModelCurve {
   using Series = std::array<double, static_cast<std::size_t>(kModelPoints)>;
   Series time{};
   Series Cx{};
   Series Cs{};
   Series Cp{};
+  int points = 0;  // computed; 0: there is no curve, below 100: a fault ended it
 
   friend bool operator==(const ModelCurve&, const ModelCurve&) = default;
 };

@@ -229,7 +229,9 @@ void Runge_Kutta::Integrate(const KineticParameters& parameters, ModelCurve& cur
       (this->*march)(curve);
     else
       March(curve, [this](const State& state, double h) { return GeneralStep(state, h); });
+    curve.points = kModelPoints;
   } catch (ArithmeticFault& fault) {
+    curve.points = point_ - 1;
     fault.point = point_;
     fault.stage = stage_;
     throw;

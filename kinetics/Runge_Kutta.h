@@ -23,8 +23,7 @@ class Runge_Kutta {
   /// Fills the 100 points of `curve`, point 1 being the initial values. Time is the repeated sum of
   /// the step T/99. Whether cells die and whether non-growth production acts is decided once a step
   /// from Cs at its start. Counts 1585 rate evaluations. A fault leaves at once as an
-  /// `ArithmeticFault` with point and stage: the points before it are written, later ones keep
-  /// their contents.
+  /// `ArithmeticFault` with point and stage: the curve has the points before it.
   void Integrate(const KineticParameters& parameters, ModelCurve& curve, Law law = Law::Kernel);
 
   /// Rate evaluations since the object was made or reset; more than 2,147,483,647 are a fault.

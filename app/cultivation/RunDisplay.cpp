@@ -86,10 +86,8 @@ void RunDisplay::Simulate() {
   ModelCurves curves;
   panel_->SetHeading(std::nullopt);
   results_->Clear();
-  for (const ArithmeticFault& fault : Manual(session_.conditions, session_.lists.Count(), curves)) {
-    EndCurveAt(fault, curves.at(static_cast<std::size_t>(fault.place) - 1));
+  for (const ArithmeticFault& fault : Manual(session_.conditions, session_.lists.Count(), curves))
     AppendFault(fault);
-  }
   TakeCurves(curves);
   emit SessionChanged();
 }

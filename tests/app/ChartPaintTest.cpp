@@ -23,6 +23,7 @@ struct Plot {
   Plot() {
     Add(1, 2, 30);
     Add(2, 8, 60);
+    curves[1].points = 100;
     for (std::size_t i = 0; i < 100; ++i) {
       curves[1].time[i] = 0.1 * static_cast<double>(i);
       curves[1].Cs[i] = 45;

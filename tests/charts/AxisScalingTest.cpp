@@ -155,6 +155,7 @@ TEST(MaxMin, CountsOnlyVisibleExperimentsAndTheInterval) {
 /// An interval that lies between two points of a curve still shows the curve, from end to end.
 TEST(ContentOf, CutsCurvesAtTheIntervalsEnds) {
   ModelCurves curves{};
+  curves[0].points = 100;
   for (std::size_t i = 0; i < 100; ++i) {
     curves[0].time[i] = static_cast<double>(i);
     curves[0].Cs[i] = 2 * static_cast<double>(i);

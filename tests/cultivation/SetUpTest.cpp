@@ -220,14 +220,18 @@ TEST(Manual, SimulatesTheOthersWhereOneExperimentFaults) {
   const auto faults = Manual(conditions, 2, curves);
   ASSERT_EQ(faults.size(), 1U);
   EXPECT_EQ(faults[0].place, 1);
+  EXPECT_EQ(curves[0].points, faults[0].point - 1) << "it ends where it failed";
+  EXPECT_EQ(curves[1].points, 100);
   EXPECT_GT(curves[1].Cx.back(), 10);
 }
 
 TEST(Export, StandsToTheCharacter) {
   ModelCurves curves{};
+  curves[0].points = 100;
+  curves[1].points = 3;  // a fault ended it
   curves[1].Cx[0] = 1.5;
   const std::string text = ExportarDados(curves, 2, ',');
-  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 206);
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 103 + 6);
   EXPECT_EQ(text.find("Experimento: 1\r\nt(h)    Cx(g/L) Cs(g/L) Cp(g/L)\r\n0,0000\t0,0000\t"), 0U);
   EXPECT_NE(text.find("0,0000\r\n\r\nExperimento: 2\r\n"), std::string::npos);
   EXPECT_NE(text.find("\r\n0,0000\t1,5000\t0,0000\t0,0000\r\n"), std::string::npos);

@@ -255,6 +255,7 @@ TEST(Report, DrawsChartsWithCurvesAndALegendOfWhatIsVisible) {
     lists.Append(experiment, {"QuadVazio", 1, 1, number == 7});
   }
   ModelCurves curves{};
+  curves[0].points = 100;
   for (std::size_t k = 0; k < 100; ++k) curves[0].time[k] = 0.04 * static_cast<double>(k);
   curves[0].Cx.fill(2);
   const auto charts = ReportCharts(lists, curves, true, '.');
