@@ -1,5 +1,5 @@
-// The program-wide state, one plain object that main makes and hands on by reference, and the
-// operations on it.
+// The program-wide state, one plain object that main makes and hands on by reference. What the user
+// does to it are the operations of session/Operations.h.
 #pragma once
 
 #include <optional>
@@ -7,11 +7,28 @@
 
 #include "cultivation/CultivationConditions.h"
 #include "data/ExperimentLists.h"
+#include "estimation/Deviations.h"
 #include "estimation/EstimationSettings.h"
+#include "estimation/EvolucaoDiferencial.h"
 #include "kinetics/ModelCurves.h"
 #include "language/Texts.h"
 
 namespace velmora {
+
+/// What a search came to. Without a result it has neither deviations nor curves.
+struct SearchOutcome {
+  FitProblem problem;
+  SearchResult result;
+  Deviations deviations;
+  ModelCurves curves{};  // of the best vector
+};
+
+/// A search that had a result, with the experiments and conditions as they were.
+struct FinishedRun {
+  SearchOutcome outcome;
+  ExperimentLists lists;
+  CultivationConditions conditions;
+};
 
 struct Session {
   Language language = Language::Portuguese;
@@ -23,19 +40,19 @@ struct Session {
   std::string inputFile = "C:\\hougen.txt";  // no routine reads the two names
   std::string outputFile = "C:SAIDA.TXT";
 
-  ModelCurves curves;
-  bool curvesPresent = false;
+  ModelCurves curves{};                // by place
+  std::optional<FinishedRun> lastRun;  // the last search that had a result
 
   bool gridLines = true;
-  std::string activeWindow;  // "frmMsFlexGrid" or "frmCultBatelada"
+  std::string activeWindow;  // kExperimentsWindow or kCultivationWindow
   std::string clickedChart;  // "picCx", "picCs" or "picCp"
+
+  /// Whether there is a curve at any place.
+  bool CurvesPresent() const;
 };
 
-/// Removes the experiment at `place` with its conditions and curve; those of later places move down
-/// by one. For a place that is none: the refusal to show, nothing changed.
-std::optional<Message> DeleteExperiment(Session& session, int place);
-
-/// Puts `lists` in place of the session's, whose conditions and curves go.
-void ReplaceExperiments(Session& session, ExperimentLists lists);
+/// The work windows by the names of their controls.
+inline constexpr const char* kExperimentsWindow = "frmMsFlexGrid";
+inline constexpr const char* kCultivationWindow = "frmCultBatelada";
 
 }  // namespace velmora

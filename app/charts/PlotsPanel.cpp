@@ -22,10 +22,10 @@ PlotsPanel::PlotsPanel(const std::array<PlotName, 3>& order, QWidget* parent) : 
   }
 }
 
-void PlotsPanel::SetContent(const ExperimentLists& lists, const ModelCurves* curves, bool gridLines,
+void PlotsPanel::SetContent(const ExperimentLists& lists, const ModelCurves& curves, bool gridLines,
                             char separator) {
   for (const Plot& plot : plots_)
-    plot.view->SetContent(ContentOf(plot.variable, lists, curves, gridLines, separator));
+    plot.view->SetContent(ContentOf(plot.variable, lists, &curves, gridLines, separator));
 }
 
 }  // namespace velmora

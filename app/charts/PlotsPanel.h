@@ -27,7 +27,7 @@ class PlotsPanel : public QWidget {
   PlotsPanel(const std::array<PlotName, 3>& order, QWidget* parent);
 
   /// As `ContentOf`, for all three plots.
-  void SetContent(const ExperimentLists& lists, const ModelCurves* curves, bool gridLines,
+  void SetContent(const ExperimentLists& lists, const ModelCurves& curves, bool gridLines,
                   char separator);
 
  signals:

@@ -22,6 +22,7 @@
 #include "data/FileFault.h"
 #include "data/SafeSave.h"
 #include "language/Numbers.h"
+#include "session/Operations.h"
 
 namespace velmora {
 namespace {
@@ -53,8 +54,8 @@ frmZoom::frmZoom(const Session& session, Dialogs& dialogs, PlotVariable variable
       printers_(std::move(printers)),
       variable_(variable),
       lists_(session.lists),
+      curves_(session.curves),
       gridLines_(session.gridLines) {
-  if (session.curvesPresent) curves_ = session.curves;
   setObjectName(QStringLiteral("frmZoom"));
   setWindowTitle(QStringLiteral("Zoom"));
   BuildPanels();
@@ -166,6 +167,12 @@ bool frmZoom::Sized() const {
   return CanBeSized(picZoom_->Content());
 }
 
+void frmZoom::WithdrawCurves(const ExperimentLists& lists) {
+  for (std::size_t i = 0; i < std::min(curves_.size(), lists_.Experiments().size()); ++i)
+    if (!HoldsMeasurements(lists, lists_.Experiments()[i])) curves_[i] = {};
+  Redraw();
+}
+
 void frmZoom::ToggleTitle() {
   if (title_.empty()) {
     dlgTituloGrafico ask(session_, this);
@@ -204,8 +211,8 @@ void frmZoom::PlotaExpIntervalos(const TimeInterval& interval) {
 }
 
 void frmZoom::Redraw() {
-  ChartContent content = ContentOf(variable_, lists_, curves_ ? &*curves_ : nullptr, gridLines_,
-                                   session_.separator, interval_);
+  ChartContent content =
+      ContentOf(variable_, lists_, &curves_, gridLines_, session_.separator, interval_);
   content.title = title_;
   picZoom_->SetContent(std::move(content));
   buttons_->SetShown(!title_.empty(), !picLegenda_->isHidden(), gridLines_);

@@ -32,6 +32,9 @@ class frmZoom : public QDialog {
 
   /// Whether there is a chart to show.
   bool Sized() const;
+  /// Takes away the curves of experiments that are not in `lists` as they were when the window was
+  /// opened.
+  void WithdrawCurves(const ExperimentLists& lists);
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -71,7 +74,7 @@ class frmZoom : public QDialog {
   std::unique_ptr<PrintDesk> printers_;
   PlotVariable variable_;
   ExperimentLists lists_;
-  std::optional<ModelCurves> curves_;
+  ModelCurves curves_;
   bool gridLines_;
   bool legendPlaced_ = false;
   std::optional<TimeInterval> interval_;

@@ -10,7 +10,7 @@ ChartsPanel::ChartsPanel(QWidget* parent)
   legend_->hide();
 }
 
-void ChartsPanel::Draw(const ExperimentLists& lists, const ModelCurves* curves, bool gridLines,
+void ChartsPanel::Draw(const ExperimentLists& lists, const ModelCurves& curves, bool gridLines,
                        char separator) {
   SetContent(lists, curves, gridLines, separator);
   legend_->SetRows(LegendRows(lists));

@@ -13,8 +13,8 @@ class ChartsPanel : public PlotsPanel {
  public:
   explicit ChartsPanel(QWidget* parent = nullptr);
 
-  /// Draws the experiments, and the model's curves where they are not null.
-  void Draw(const ExperimentLists& lists, const ModelCurves* curves, bool gridLines,
+  /// Draws the experiments and their curves.
+  void Draw(const ExperimentLists& lists, const ModelCurves& curves, bool gridLines,
             char separator);
   /// Shows the legend, or hides it.
   void ToggleLegend();

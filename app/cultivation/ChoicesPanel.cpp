@@ -19,13 +19,12 @@ constexpr std::array<GroupNames, 3> kGroups = {{{"frameMetodo", "cdmTrocarAjuste
                                                 {"frameConjDados", "cdmTrocarConjDados"},
                                                 {"frameCinetProd", "cdmTrocarCinProd"}}};
 
-constexpr std::array<OptionRow, 3> kMethods = {{{static_cast<int>(Method::Manual), "optManual"},
-                                                {static_cast<int>(Method::ED), "optED"},
-                                                {static_cast<int>(Method::LM), "optLM"}}};
-constexpr std::array<OptionRow, 3> kProductions = {
-    {{static_cast<int>(Production::PAC), "optPAC"},
-     {static_cast<int>(Production::PPAC), "optPPAC"},
-     {static_cast<int>(Production::PNAC), "optPNAC"}}};
+constexpr std::array<RadioOption, 3> kMethods = {{{static_cast<int>(Method::Manual), "optManual"},
+                                             {static_cast<int>(Method::ED), "optED"},
+                                             {static_cast<int>(Method::LM), "optLM"}}};
+constexpr std::array<RadioOption, 3> kProductions = {{{static_cast<int>(Production::PAC), "optPAC"},
+                                                 {static_cast<int>(Production::PPAC), "optPPAC"},
+                                                 {static_cast<int>(Production::PNAC), "optPNAC"}}};
 
 }  // namespace
 

@@ -37,12 +37,9 @@ constexpr auto kBoxes = std::to_array<BoxRow>({
     {kProduction, At::beta, "txtBeta", "lblBeta", 445},
     {kProduction, At::CsAst2, "txtCs2", "lblCs2", 446},
 });
-// A chosen option's value is above 0.
-constexpr int ValueOf(Yields yields) {
-  return static_cast<int>(yields) + 1;
-}
-constexpr std::array<OptionRow, 2> kYieldOptions = {
-    {{ValueOf(Yields::Stoichiometric), "optEsteq"}, {ValueOf(Yields::Global), "optGlobal"}}};
+constexpr std::array<RadioOption, 2> kYieldOptions = {
+    {{static_cast<int>(Yields::Stoichiometric), "optEsteq"},
+     {static_cast<int>(Yields::Global), "optGlobal"}}};
 
 constexpr int kBoxesInARow = 2;
 constexpr int kColumnsOfABox = 3;  // label, box, unit
@@ -73,7 +70,7 @@ void ConditionsPanel::Build() {
     boxes_.push_back(box);
   }
   yields_ = new OptionGroup(kYieldOptions, frames_[kYields]);
-  yields_->Choose(ValueOf(Yields::Stoichiometric));
+  yields_->Choose(static_cast<int>(Yields::Stoichiometric));
 }
 
 void ConditionsPanel::LayOut() {
@@ -123,7 +120,7 @@ const ConditionsPanel::Box* ConditionsPanel::Find(At position) const {
 
 void ConditionsPanel::SetForm(const CultivationForm& form) {
   for (const Box& each : boxes_) each.box->Show(form.At(each.position));
-  yields_->Choose(ValueOf(form.yields));
+  yields_->Choose(static_cast<int>(form.yields));
   SetProduction(form.production);
 }
 
@@ -133,7 +130,7 @@ void ConditionsPanel::ReadInto(CultivationForm& form) const {
 }
 
 Yields ConditionsPanel::ChosenYields() const {
-  return static_cast<Yields>(yields_->Chosen() - 1);
+  return static_cast<Yields>(yields_->Chosen());
 }
 
 void ConditionsPanel::SetBox(At position, const Entry& entry) {

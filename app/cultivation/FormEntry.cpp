@@ -69,8 +69,12 @@ CultivationForm FormEntry::Form() const {
   return form;
 }
 
+bool FormEntry::Untouched(At position) const {
+  return Form().At(position) == stored_.At(position);
+}
+
 void FormEntry::SetBox(At position, const Entry& entry, NumberBox::Mark mark) {
-  const bool untouched = Form().At(position) == stored_.At(position);
+  const bool untouched = Untouched(position);
   if (FittableIndex(position) >= 0)
     parameters_->SetValue(position, entry, mark);
   else

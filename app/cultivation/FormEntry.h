@@ -38,6 +38,8 @@ class FormEntry : public QObject {
   /// What is entered.
   CultivationForm Form() const;
 
+  /// Whether the user has not edited the box since.
+  bool Untouched(At position) const;
   /// Shows one number. It changes what counts as stored, unless the user has edited the box.
   void SetBox(At position, const Entry& entry, NumberBox::Mark mark = NumberBox::Mark::None);
   /// What is entered now is what is stored.

@@ -19,24 +19,21 @@ RunControl::RunControl(QObject* parent) : QObject(parent), clock_(this) {
   connect(&clock_, &QTimer::timeout, this, &RunControl::Tick);
 }
 
-RunOutcome RunControl::Run(FitProblem problem, EstimationSettings settings) {
-  RunOutcome outcome;
-  outcome.problem = std::move(problem);
-  problem_ = &outcome.problem;
-  running_ = true;
+std::optional<SearchOutcome> RunControl::Run(FitProblem problem, EstimationSettings settings) {
+  std::optional<SearchOutcome> outcome = SearchOutcome{std::move(problem), {}, {}, {}};
+  problem_ = &outcome->problem;
   stop_ = false;
   try {
-    Search(settings, outcome);
+    Search(settings, *outcome);
   } catch (const std::bad_alloc&) {
-    outcome.outOfMemory = true;
+    outcome.reset();
   }
   clock_.stop();
   problem_ = nullptr;
-  running_ = false;
   return outcome;
 }
 
-void RunControl::Search(EstimationSettings settings, RunOutcome& outcome) {
+void RunControl::Search(EstimationSettings settings, SearchOutcome& outcome) {
   const Objective objective(*problem_);
   for (int i = 0; i < objective.UnscaledVariables(); ++i) emit NotNormalised();
   if (!BoundsAreOrdered(problem_->variables)) return;

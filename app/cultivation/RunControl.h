@@ -7,20 +7,9 @@
 #include <optional>
 #include <vector>
 
-#include "estimation/Deviations.h"
-#include "estimation/EvolucaoDiferencial.h"
-#include "kinetics/ModelCurves.h"
+#include "session/Session.h"
 
 namespace velmora {
-
-/// What a run came to.
-struct RunOutcome {
-  FitProblem problem;
-  SearchResult result;
-  Deviations deviations;  // where the search has a result
-  ModelCurves curves{};   // of the best vector, likewise
-  bool outOfMemory = false;
-};
 
 /// Lets the window's events through once per generation, so that the clock ticks and the stop
 /// command is heard. The signals are emitted inside `Run`.
@@ -30,10 +19,9 @@ class RunControl : public QObject, private SearchObserver {
  public:
   explicit RunControl(QObject* parent = nullptr);
 
-  /// Searches, and returns when the search has ended, was stopped or failed. Not to be called while
-  /// a run is going.
-  RunOutcome Run(FitProblem problem, EstimationSettings settings);
-  bool Running() const { return running_; }
+  /// Searches, and returns when the search has ended, was stopped or failed; nothing where there is
+  /// no memory for it. Not to be called while a run is going.
+  std::optional<SearchOutcome> Run(FitProblem problem, EstimationSettings settings);
   /// Ends the run before its next generation.
   void Stop() { stop_ = true; }
 
@@ -53,9 +41,8 @@ class RunControl : public QObject, private SearchObserver {
   void Report(const Generation& generation) override;
   void Tick();
   void ShowTime();
-  void Search(EstimationSettings settings, RunOutcome& outcome);
+  void Search(EstimationSettings settings, SearchOutcome& outcome);
 
-  bool running_ = false;
   bool stop_ = false;
   QTimer clock_;
   QElapsedTimer elapsed_;

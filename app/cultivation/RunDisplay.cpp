@@ -10,10 +10,9 @@
 #include "app/widgets/Idiomas.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/FitSetUp.h"
-#include "cultivation/Simulation.h"
-#include "estimation/ResultTexts.h"
 #include "language/FaultWords.h"
 #include "language/Numbers.h"
+#include "report/Relatorio.h"
 
 namespace velmora {
 namespace {
@@ -46,7 +45,10 @@ void RunDisplay::Wire() {
   connect(run_, &RunControl::Started, this, &RunDisplay::BeginResults);
   connect(run_, &RunControl::Ticked, panel_, &RunPanel::ShowSeconds);
   connect(run_, &RunControl::GenerationEnded, this, &RunDisplay::ShowGeneration);
-  connect(run_, &RunControl::CurvesChanged, this, &RunDisplay::TakeCurves);
+  connect(run_, &RunControl::CurvesChanged, this, [this](const ModelCurves& curves) {
+    ShowCurves(session_, curves);
+    emit CurvesMoved();
+  });
 }
 
 void RunDisplay::SetLanguage(Language language) {
@@ -59,10 +61,6 @@ QWidget* RunDisplay::Window() const {
   return qobject_cast<QWidget*>(parent());
 }
 
-bool RunDisplay::Running() const {
-  return run_->Running();
-}
-
 void RunDisplay::StopQuietly() {
   quiet_ = true;
   run_->Stop();
@@ -73,39 +71,48 @@ void RunDisplay::FormShowsStored() {
   results_->SetDirection(ResultsPanel::Direction::ToEstimated);
 }
 
-void RunDisplay::Forget() {
-  lastRun_.reset();
-  FormShowsStored();
+void RunDisplay::Clear() {
   panel_->SetHeading(std::nullopt);
   results_->Clear();
-  results_->SetAvailable(false);
   score_->Clear();
 }
 
-void RunDisplay::Simulate() {
-  ModelCurves curves;
-  panel_->SetHeading(std::nullopt);
-  results_->Clear();
-  for (const ArithmeticFault& fault : Manual(session_.conditions, session_.lists.Count(), curves))
-    AppendFault(fault);
-  TakeCurves(curves);
-  emit SessionChanged();
+void RunDisplay::Forget() {
+  Clear();
+  FormShowsStored();
+  results_->SetAvailable(false);
 }
 
-void RunDisplay::Estimate(const std::vector<FitVariable>& variables) {
+void RunDisplay::Simulate() {
+  const Simulated simulated = velmora::Simulate(session_);
+  for (const ArithmeticFault& fault : simulated.faults)
+    results_->Append(
+        std::string(Text(TextId::NotCompleted, session_.language)) +
+        FaultDescription(fault, session_.lists.At(fault.place).number, session_.language) + "\n");
+  emit Changed(simulated.change);
+}
+
+void RunDisplay::Estimate() {
   const Message question{{TextId::AskToEstimate}, TextId::ParametersEstimation, Icon::Question};
   if (dialogs_.Show(Window(), question, Buttons::YesNo) != Answer::Yes) return;
-  FitProblem problem = ProblemOf(session_.lists.Experiments(), session_.conditions);
-  problem.variables = variables;
+  const EstimationSettings settings = session_.settings;
+  generations_ = static_cast<int>(settings.ITER);
   quiet_ = false;
   SetRunning(true);
-  const RunOutcome outcome = run_->Run(std::move(problem), session_.settings);
+  const std::optional<SearchOutcome> outcome =
+      run_->Run(StartSearch(session_, entry_.Form()), settings);
   SetRunning(false);
-  ShowOutcome(outcome);
-  emit SessionChanged();
+  if (!outcome) {
+    dialogs_.Show(Window(), Attention({TextId::OutOfBounds}));
+    return;
+  }
+  const Change change = EndSearch(session_, *outcome);
+  ShowOutcome(*outcome);
+  emit Changed(change);
 }
 
 void RunDisplay::SetRunning(bool running) {
+  running_ = running;
   entry_.SetEnabled(!running);
   panel_->SetRunning(running);
   results_->SetRunning(running);
@@ -113,64 +120,45 @@ void RunDisplay::SetRunning(bool running) {
 }
 
 void RunDisplay::BeginResults() {
-  results_->Clear();
-  score_->Clear();
   panel_->SetHeading(TextId::Estimating);
   panel_->ShowSeconds(0);
-  panel_->ShowProgress(0, static_cast<int>(session_.settings.ITER));
-  emit SessionChanged();
+  panel_->ShowProgress(0, generations_);
 }
 
 void RunDisplay::ShowGeneration(const Generation& generation,
                                 const std::vector<FitVariable>& variables) {
-  results_->Append(ProgressText(variables, generation, {session_.language, session_.separator}));
+  results_->Append(ProgressText(variables, generation, Style()));
   score_->Add(generation.score);
-  panel_->ShowProgress(generation.number, static_cast<int>(session_.settings.ITER));
+  panel_->ShowProgress(generation.number, generations_);
 }
 
-void RunDisplay::ShowOutcome(const RunOutcome& outcome) {
+void RunDisplay::ShowOutcome(const SearchOutcome& outcome) {
   if (outcome.result.HasResult()) return ShowResult(outcome);
-  panel_->SetHeading(outcome.result.fault ? std::optional(TextId::EstimatedParameters)
-                                          : std::nullopt);
-  if (outcome.result.fault) return AppendFault(*outcome.result.fault);
-  if (outcome.outOfMemory)
-    dialogs_.Show(Window(), Attention({TextId::OutOfBounds}));
-  else if (outcome.result.end == SearchEnd::Refused)
+  panel_->SetHeading(std::nullopt);
+  if (outcome.result.fault)
+    results_->Append(EndText(outcome.problem, outcome.result, session_.language));
+  else
     dialogs_.Show(Window(), BoundsRefusal());
 }
 
-void RunDisplay::ShowResult(const RunOutcome& outcome) {
-  lastRun_ = outcome;
-  const TextStyle style{session_.language, session_.separator};
-  report_ =
-      ReportOf(outcome.problem, session_.conditions, outcome.result, outcome.deviations, style);
-  reportedLists_ = session_.lists;
-  reportedCurves_ = outcome.curves;
+void RunDisplay::ShowResult(const SearchOutcome& outcome) {
   panel_->SetHeading(TextId::EstimatedParameters);
-  results_->Append(FinalText(outcome.problem, outcome.result, outcome.deviations, style));
+  results_->Append(FinalText(outcome.problem, outcome.result, outcome.deviations, Style()));
   results_->SetAvailable(true);
   ShowParameters(true);
   if (outcome.deviations.fault && !quiet_) dialogs_.Show(Window(), InversionMessage());
 }
 
-void RunDisplay::AppendFault(const ArithmeticFault& fault) {
-  const Language language = session_.language;
-  const int number = fault.place == 0 ? 0 : session_.lists.At(fault.place).number;
-  results_->Append(std::string(Text(TextId::NotCompleted, language)) +
-                   FaultDescription(fault, number, language) + "\n");
-}
-
 void RunDisplay::ShowParameters(bool estimated) {
-  const char separator = session_.separator;
-  const std::vector<FitVariable>& variables = lastRun_->problem.variables;
-  for (std::size_t j = 0; j < variables.size(); ++j) {
-    const auto& [position, lower, upper, start] = variables[j];
-    const double best = lastRun_->result.best[j];
+  const SearchOutcome& last = session_.lastRun->outcome;
+  for (std::size_t j = 0; j < last.problem.variables.size(); ++j) {
+    const auto& [position, lower, upper, start] = last.problem.variables[j];
+    const double best = last.result.best[j];
     if (estimated)
-      entry_.SetBox(position, {Formatted(best, kTwoToThirteen, separator), best},
+      entry_.SetBox(position, {Formatted(best, kTwoToThirteen, session_.separator), best},
                     NumberBox::Mark::Estimated);
     else
-      entry_.SetBox(position, Shown(position, start, separator));
+      entry_.SetBox(position, Shown(position, start, session_.separator));
   }
   estimatedShown_ = estimated;
   results_->SetDirection(estimated ? ResultsPanel::Direction::ToInitial
@@ -179,9 +167,11 @@ void RunDisplay::ShowParameters(bool estimated) {
 
 void RunDisplay::Relatorio() {
   delete reportWindow_;
-  report_.pictures =
-      ReportPictures(reportedLists_, reportedCurves_, session_.gridLines, session_.separator);
-  reportWindow_ = new frmRelatorio(session_, dialogs_, report_, Window()->window());
+  const auto& [outcome, lists, conditions] = *session_.lastRun;
+  ReportContent report =
+      ReportOf(outcome.problem, conditions, outcome.result, outcome.deviations, Style());
+  report.pictures = ReportPictures(lists, outcome.curves, session_.gridLines, session_.separator);
+  reportWindow_ = new frmRelatorio(session_, dialogs_, std::move(report), Window()->window());
   reportWindow_->setAttribute(Qt::WA_DeleteOnClose);
   reportWindow_->show();
 }
@@ -189,12 +179,6 @@ void RunDisplay::Relatorio() {
 void RunDisplay::AskToStop() {
   const Message question = Attention({TextId::AskToStop}, Icon::Question);
   if (dialogs_.Show(Window(), question, Buttons::YesNo) == Answer::Yes) run_->Stop();
-}
-
-void RunDisplay::TakeCurves(const ModelCurves& curves) {
-  session_.curves = curves;
-  session_.curvesPresent = true;
-  emit CurvesChanged();
 }
 
 }  // namespace velmora

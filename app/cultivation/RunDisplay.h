@@ -3,13 +3,12 @@
 
 #include <QObject>
 #include <QPointer>
-#include <optional>
 #include <vector>
 
 #include "app/cultivation/RunControl.h"
 #include "app/widgets/Dialogs.h"
-#include "report/Relatorio.h"
-#include "session/Session.h"
+#include "estimation/ResultTexts.h"
+#include "session/Operations.h"
 
 namespace velmora {
 
@@ -19,8 +18,7 @@ class RunPanel;
 class ScoreView;
 class frmRelatorio;
 
-/// Owns what the panels of a run say to each other. Runs over the session's experiments and
-/// conditions, puts the curves into the session and the estimated values into the form.
+/// Owns what the panels of a run say to each other, and puts the estimated values into the form.
 class RunDisplay : public QObject {
   Q_OBJECT
 
@@ -32,37 +30,36 @@ class RunDisplay : public QObject {
   ResultsPanel& Results() const { return *results_; }
   ScoreView& Score() const { return *score_; }
 
+  /// Empties the course of the last run; its results can still be reported.
+  void Clear();
   void Simulate();
   /// Searches where the user agrees; returns when the search has ended or was stopped.
-  void Estimate(const std::vector<FitVariable>& variables);
-  bool Running() const;
+  void Estimate();
+  bool Running() const { return running_; }
   /// Ends the search at its next generation; nothing is asked or told any more.
   void StopQuietly();
-  /// Whether the form shows the values of the last search.
-  bool ShowsEstimated() const { return estimatedShown_; }
   /// The form shows what is stored, and no estimated values.
   void FormShowsStored();
-  /// Forgets the last run: its experiments are no more.
+  /// There is no last run any more.
   void Forget();
   void SetLanguage(Language language);
 
  signals:
   void RunningChanged(bool running);
-  void CurvesChanged();
-  /// A run has begun or ended.
-  void SessionChanged();
+  /// The curves of a search that goes on.
+  void CurvesMoved();
+  void Changed(const velmora::Change& change);
 
  private:
   void Wire();
   QWidget* Window() const;
   void SetRunning(bool running);
+  TextStyle Style() const { return {session_.language, session_.separator}; }
   void BeginResults();
   void ShowGeneration(const Generation& generation, const std::vector<FitVariable>& variables);
-  void ShowOutcome(const RunOutcome& outcome);
-  void ShowResult(const RunOutcome& outcome);
-  void AppendFault(const ArithmeticFault& fault);
+  void ShowOutcome(const SearchOutcome& outcome);
+  void ShowResult(const SearchOutcome& outcome);
   void AskToStop();
-  void TakeCurves(const ModelCurves& curves);
   /// Shows the estimated values, or those from which the search started.
   void ShowParameters(bool estimated);
   /// Shows the report of the last run that had a result, with the data and curves that it had.
@@ -75,11 +72,9 @@ class RunDisplay : public QObject {
   ResultsPanel* results_;
   ScoreView* score_;
   RunControl* run_;
-  std::optional<RunOutcome> lastRun_;  // the last one that had a result
-  ReportContent report_;               // of that run, but for its pictures:
-  ExperimentLists reportedLists_;      // these show its data
-  ModelCurves reportedCurves_;         // and its curves
   QPointer<frmRelatorio> reportWindow_;
+  int generations_ = 0;  // at most, in the search that goes on
+  bool running_ = false;
   bool estimatedShown_ = false;
   bool quiet_ = false;  // the program is being closed
 };

@@ -18,9 +18,6 @@
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/NumberEntry.h"
 #include "app/widgets/PanelParts.h"
-#include "cultivation/ConditionsSetUp.h"
-#include "cultivation/CultivationForm.h"
-#include "cultivation/FitSetUp.h"
 #include "cultivation/OpenedConditions.h"
 #include "cultivation/Simulation.h"
 #include "data/ExperimentEntry.h"
@@ -91,8 +88,9 @@ void frmCultBatelada::Wire() {
   connect(&run_->Panel(), &RunPanel::SaveAsked, this, &frmCultBatelada::SalvarCondCult);
   connect(&run_->Panel(), &RunPanel::StartAsked, this, &frmCultBatelada::Ajustar);
   connect(run_, &RunDisplay::RunningChanged, experiment_, &QWidget::setDisabled);
-  connect(run_, &RunDisplay::CurvesChanged, this, &frmCultBatelada::GraficoSub);
-  connect(run_, &RunDisplay::SessionChanged, this, &frmCultBatelada::SessionChanged);
+  connect(run_, &RunDisplay::RunningChanged, this, &frmCultBatelada::RunningChanged);
+  connect(run_, &RunDisplay::CurvesMoved, this, &frmCultBatelada::GraficoSub);
+  connect(run_, &RunDisplay::Changed, this, &frmCultBatelada::Announce);
   connect(charts_, &ChartsPanel::MenuAsked, this, &frmCultBatelada::ChartMenu);
   connect(charts_, &ChartsPanel::Activated, this, [this] {
     if (session_.lists.Empty()) Tell(Attention({TextId::NothingToPlot}));
@@ -101,7 +99,8 @@ void frmCultBatelada::Wire() {
 
 void frmCultBatelada::ShowAtStart() {
   Idiomas(*this, session_.language);
-  ExperimentsChanged();
+  MostrarCondCult(session_.lists.Empty() ? 0 : 1);
+  GraficoSub();
 }
 
 void frmCultBatelada::changeEvent(QEvent* event) {
@@ -142,48 +141,39 @@ bool frmCultBatelada::IsSaved(int place) const {
   return place >= 1 && place <= kMostExperiments && session_.conditions.At(place).saved;
 }
 
-bool frmCultBatelada::ShownIsCurrent(int place) const {
-  return place == place_ && session_.lists.At(place) == shown_ && IsSaved(place) == shownSaved_;
+std::int16_t frmCultBatelada::Number() const {
+  return place_ == 0 ? std::int16_t{0} : session_.lists.At(place_).number;
 }
 
-void frmCultBatelada::ExperimentsChanged() {
-  AlignConditions(session_.lists.Experiments(), session_.conditions);
-  std::vector<std::int16_t> numbers;
-  for (const Experiment& experiment : session_.lists.Experiments())
-    numbers.push_back(experiment.number);
-  if (numbers != numbers_) session_.curvesPresent = false;  // they stand by place
-  if (numbers != numbers_ && session_.conditions.SavedCount() == 0) run_->Forget();
-  numbers_ = numbers;
+void frmCultBatelada::Announce(const Change& change) {
+  Show(change);
+  emit Changed(change);
+}
 
-  const int place = place_ == 0 ? 0 : session_.lists.PlaceOf(shown_.number);
-  if (place == 0)
-    MostrarCondCult(session_.lists.Empty() ? 0 : 1);
-  else if (KeepsEntries(place))
-    TakePlace(place);
-  else if (!ShownIsCurrent(place))
-    MostrarCondCult(place);
+void frmCultBatelada::Show(const Change& change) {
+  if (change.results) run_->Forget();
+  if (change.lists) ShowPlaceAfter(change);
   ShowStanding();
-  GraficoSub();
+  if (change.lists || change.curves || change.gridLines) GraficoSub();
 }
 
-bool frmCultBatelada::KeepsEntries(int place) const {
-  return entry_->Changed() && IsSaved(place) == shownSaved_ &&
-         SuggestedEntries(session_.lists.At(place), session_.separator) ==
-             SuggestedEntries(shown_, session_.separator);
-}
-
-void frmCultBatelada::TakePlace(int place) {
-  place_ = place;
-  shown_ = place == 0 ? Experiment() : session_.lists.At(place);
-  shownSaved_ = IsSaved(place);
+void frmCultBatelada::ShowPlaceAfter(const Change& change) {
+  if (change.replaced || place_ == change.deleted)
+    return MostrarCondCult(session_.lists.Empty() ? 0 : 1);
+  if (change.deleted != 0 && change.deleted < place_) --place_;
+  const bool first = place_ == 0 && !session_.lists.Empty();
+  if (first) place_ = 1;
+  if ((first || change.remeasured == place_) && !IsSaved(place_)) ShowSuggested();
 }
 
 void frmCultBatelada::MostrarCondCult(int place) {
-  TakePlace(place);
-  if (shownSaved_)
+  place_ = place;
+  if (IsSaved(place)) {
     ShowStored(session_.conditions.At(place));
-  else if (place != 0)
-    ShowSuggested(shown_);
+  } else if (place != 0) {
+    entry_->MarkStored();  // what was entered belonged to another experiment
+    ShowSuggested();
+  }
   entry_->SetFixed(session_.conditions.SavedCount() > 0);
   ShowStanding();
 }
@@ -198,51 +188,40 @@ void frmCultBatelada::ShowStored(const ConditionsRecord& record) {
 
 /// Choices, yields and parameters stay as they stand: most of them are the same for all
 /// experiments.
-void frmCultBatelada::ShowSuggested(const Experiment& experiment) {
-  for (const auto& [position, entry] : SuggestedEntries(experiment, session_.separator))
-    entry_->SetBox(position, entry);
-  entry_->MarkStored();
+void frmCultBatelada::ShowSuggested() {
+  for (const auto& [position, entry] :
+       SuggestedEntries(session_.lists.At(place_), session_.separator))
+    if (entry_->Untouched(position)) entry_->SetBox(position, entry);
 }
 
 void frmCultBatelada::ShowStanding() {
   const bool saved = IsSaved(place_) && !entry_->Changed();
   experiment_->SetStanding(
-      {place_, NumExperimentos(), shown_.number, saved, session_.conditions.SavedCount()});
+      {place_, NumExperimentos(), Number(), saved, session_.conditions.SavedCount()});
   run_->Panel().SetSimulates(entry_->Form().method == Method::Manual);
 }
 
 void frmCultBatelada::Step(int step) {
   if (entry_->Changed()) {
-    Tell(Attention(
-        {TextId::SaveConditionsOf, std::to_string(shown_.number), TextId::BeforeReturning}));
+    Tell(Attention({TextId::SaveConditionsOf, std::to_string(Number()), TextId::BeforeReturning}));
     return;
   }
   MostrarCondCult(place_ + step);
 }
 
 void frmCultBatelada::SalvarCondCult() {
-  if (place_ > kMostExperiments) {
-    Tell(Attention({TextId::CountsDiffer}));
-    return;
-  }
-  const Saved saved = velmora::SalvarCondCult(entry_->Form(), place_, shown_.number,
-                                              session_.separator, session_.conditions);
+  const ConditionsSaved saved = SaveConditions(session_, entry_->Form(), place_);
   if (saved.refusal) return Refuse(*saved.refusal);
   if (saved.shownAlfa) entry_->SetBox(At::alpha, *saved.shownAlfa);
   entry_->MarkStored();
   entry_->SetFixed(true);
-  shownSaved_ = true;
-  ShowStanding();
-  emit SessionChanged();
+  Announce(saved.change);
 }
 
 void frmCultBatelada::LimpaVet(int place) {
-  if (place < 1 || place > kMostExperiments) return;
-  session_.conditions.LimpaVet(place);
-  if (session_.conditions.SavedCount() == 0) session_.conditions.Clear();
+  const Change change = ClearConditions(session_, place);
   if (place == place_) MostrarCondCult(place);
-  ShowStanding();
-  emit SessionChanged();
+  Announce(change);
 }
 
 void frmCultBatelada::LimpaCaixaTexto() {
@@ -252,33 +231,13 @@ void frmCultBatelada::LimpaCaixaTexto() {
 // The run.
 
 void frmCultBatelada::Ajustar() {
+  run_->Clear();
   const CultivationForm form = entry_->Form();
-  const std::vector<FitVariable> table = VarAjustadas(form, session_.separator);
-  // A simulation fits nothing, so that nothing need be ticked.
-  const auto refusal =
-      form.method == Method::Manual ? RefuseFitRows(table) : ChecarVarAjustadas(table);
-  if (refusal) return Refuse(*refusal);
-  if (const auto message = RefuseRun(session_.lists.Experiments(), session_.conditions)) {
-    Tell(*message);
-    return;
-  }
-  const bool entered = entry_->Changed() || run_->ShowsEstimated();
-  const bool computes = form.method == Method::Manual || form.method == Method::ED;
-  if (computes && entered && RunPassesOver(form, place_, session_.separator, session_.conditions)) {
-    Tell(Attention({TextId::SaveConditionsOf, std::to_string(shown_.number), TextId::BeforeRun}));
-    return;
-  }
-  switch (form.method) {
-    case Method::Manual:
-      return run_->Simulate();
-    case Method::ED:
-      return run_->Estimate(table);
-    case Method::LM:
-      Tell(Attention({TextId::NoLevenbergMarquardt}));
-      return;
-    case Method::None:
-      Tell(Attention({TextId::NoMethod}));
-  }
+  if (const auto refusal = RefuseStart(session_, form, place_)) return Refuse(*refusal);
+  if (form.method == Method::Manual)
+    run_->Simulate();
+  else
+    run_->Estimate();
 }
 
 bool frmCultBatelada::Running() const {
@@ -292,8 +251,7 @@ void frmCultBatelada::StopRun() {
 // Plots, export and the conditions file.
 
 void frmCultBatelada::GraficoSub() {
-  charts_->Draw(session_.lists, session_.curvesPresent ? &session_.curves : nullptr,
-                session_.gridLines, session_.separator);
+  charts_->Draw(session_.lists, session_.curves, session_.gridLines, session_.separator);
 }
 
 void frmCultBatelada::LegendaSub() {
@@ -301,20 +259,15 @@ void frmCultBatelada::LegendaSub() {
 }
 
 void frmCultBatelada::ExportarDados() {
-  if (!session_.curvesPresent) return;
+  if (!session_.CurvesPresent()) return;
   const int experiments = std::min(NumExperimentos(), kMostExperiments);
   QGuiApplication::clipboard()->setText(QString::fromStdString(
       velmora::ExportarDados(session_.curves, experiments, session_.separator)));
 }
 
 void frmCultBatelada::SalvarArqCondBat() {
-  const int experiments = NumExperimentos();
-  if (experiments < 1 || session_.conditions.SavedCount() == 0) {
-    Tell(Attention({TextId::NoConditionsAdded}));
-    return;
-  }
-  if (const auto missing = RefuseMissing(session_.lists.Experiments(), session_.conditions)) {
-    Tell(*missing);
+  if (const auto refusal = RefuseConditionsFile(session_)) {
+    Tell(*refusal);
     return;
   }
   const Message question = UnsavedQuestion();
@@ -322,28 +275,23 @@ void frmCultBatelada::SalvarArqCondBat() {
   const QString file =
       dialogs_.SaveFile(this, QStringLiteral("Arquivos Textos (*.abr)"), QStringLiteral("abr"));
   if (file.isEmpty()) return;
-  const bool active = session_.activeWindow == objectName().toStdString();
-  TellFault(WriteConditions(session_.conditions, experiments, active,
-                            QFile::encodeName(file).toStdString()));
+  TellFault(WriteConditionsFile(session_, QFile::encodeName(file).toStdString()));
 }
 
 void frmCultBatelada::AbrirCondBat() {
   const QString file = dialogs_.OpenFile(this, QStringLiteral("ABR abr(*.abr)"));
   if (file.isEmpty()) return;
-  const ConditionsRead read = ReadConditions(QFile::encodeName(file).toStdString());
-  if (read.fault) return TellFault(read.fault);
-  const OpenedConditions opened = CompareWithLists(read, session_.lists.Experiments());
+  const bool first = session_.conditions.SavedCount() == 0;
+  const ConditionsOpened opened = OpenConditions(session_, QFile::encodeName(file).toStdString());
+  if (opened.fault) return TellFault(opened.fault);
   if (opened.refusal) {
     Tell(*opened.refusal);
     return;
   }
-  if (session_.conditions.SavedCount() == 0) LimpaCaixaTexto();
-  session_.conditions = opened.conditions;
-  session_.curvesPresent = false;
+  if (first) LimpaCaixaTexto();
   MostrarCondCult(1);
-  GraficoSub();
+  Announce(opened.change);
   for (const Message& message : opened.messages) Tell(message);
-  emit SessionChanged();
 }
 
 void frmCultBatelada::TellFault(const std::optional<FileFault>& fault) {

@@ -6,12 +6,11 @@
 #include <QWidget>
 #include <cstdint>
 #include <optional>
-#include <vector>
 
 #include "app/widgets/Dialogs.h"
 #include "cultivation/CultivationForm.h"
 #include "data/FileFault.h"
-#include "session/Session.h"
+#include "session/Operations.h"
 
 namespace velmora {
 
@@ -38,8 +37,9 @@ class frmCultBatelada : public QWidget {
   /// Empties every box.
   void LimpaCaixaTexto();
   int NumExperimentos() const;
-  /// Takes over what changed in the experiment list, and redraws the three plots.
-  void ExperimentsChanged();
+  /// Shows what was changed elsewhere.
+  void Show(const Change& change);
+  /// Redraws the three plots.
   void GraficoSub();
   /// Shows the legend, or hides it.
   void LegendaSub();
@@ -49,8 +49,9 @@ class frmCultBatelada : public QWidget {
   void StopRun();
 
  signals:
-  /// Conditions, curves or results changed.
-  void SessionChanged();
+  void Changed(const velmora::Change& change);
+  /// A search has begun, or ended.
+  void RunningChanged(bool running);
   /// The user goes back to the experiments window.
   void BackToExperiments();
   /// The plot `chart` ("picCx", "picCs", "picCp") was right-clicked.
@@ -67,22 +68,23 @@ class frmCultBatelada : public QWidget {
   void Wire();
   void ShowAtStart();
 
+  /// Shows a change of this window's, and tells everybody.
+  void Announce(const Change& change);
   Answer Tell(const Message& message, Buttons buttons = Buttons::Ok, const QString& detail = {});
   void Refuse(const Refusal& refusal);
   void TellFault(const std::optional<FileFault>& fault);
 
   // The experiment shown.
   bool IsSaved(int place) const;
-  bool ShownIsCurrent(int place) const;
-  /// Whether unsaved entries still belong to the experiment, which is at `place` now: what they
-  /// began with is the same.
-  bool KeepsEntries(int place) const;
-  void TakePlace(int place);
+  /// The number of the experiment shown.
+  std::int16_t Number() const;
+  void ShowPlaceAfter(const Change& change);
   /// Shows the experiment at `place`, 0 for none: its stored conditions, or what they may begin
   /// with.
   void MostrarCondCult(int place);
   void ShowStored(const ConditionsRecord& record);
-  void ShowSuggested(const Experiment& experiment);
+  /// Shows what the conditions may begin with, but in boxes that the user has edited.
+  void ShowSuggested();
   void ShowStanding();
   void Step(int step);
   void SalvarCondCult();
@@ -96,10 +98,7 @@ class frmCultBatelada : public QWidget {
   FormEntry* entry_ = nullptr;
   RunDisplay* run_ = nullptr;
   ChartsPanel* charts_ = nullptr;
-  int place_ = 0;
-  Experiment shown_;                   // the experiment at that place, as it was when it was shown
-  bool shownSaved_ = false;            // whether its conditions were saved then
-  std::vector<std::int16_t> numbers_;  // of the experiments in the list
+  int place_ = 0;  // of the experiment shown
 };
 
 }  // namespace velmora

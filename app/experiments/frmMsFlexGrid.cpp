@@ -81,7 +81,7 @@ void frmMsFlexGrid::Wire() {
   connect(actions_, &ActionsPanel::Wanted, this, &frmMsFlexGrid::Do);
   connect(entry_, &EntryPanel::Refused, this,
           [this](const Message& refusal) { dialogs_.Show(this, refusal); });
-  connect(displays_, &DisplayPanel::Edited, this, &frmMsFlexGrid::TakeDisplays);
+  connect(displays_, &DisplayPanel::Edited, this, [this] { Announce(Verficar_Valores()); });
   connect(displays_, &DisplayPanel::ShowWanted, this, &frmMsFlexGrid::ShowPlace);
   connect(plots_, &PlotsPanel::Activated, this, &frmMsFlexGrid::TellEmptyPlots);
   connect(plots_, &PlotsPanel::MenuAsked, this, &frmMsFlexGrid::ChartMenu);
@@ -145,24 +145,28 @@ void frmMsFlexGrid::Save() {
 }
 
 void frmMsFlexGrid::Inserir_Experimento(Experiment experiment) {
-  const int place = PlaceToSave(session_.lists, experiment.number, shown_);
-  DisplayEntry display =
-      place <= DisplayPanel::kRows ? displays_->Display(place) : UsualDisplay(place);
-  if (!SaveExperiment(session_.lists, std::move(experiment), std::move(display), shown_)) {
+  DisplayEntry display = DisplayAt(PlaceToSave(session_.lists, experiment.number, shown_));
+  const ExperimentSaved saved =
+      SaveExperiment(session_, std::move(experiment), std::move(display), shown_);
+  if (saved.place == 0) {
     dialogs_.Show(this, RefuseFullLists());
     return;
   }
   Verficar_Valores();
-  Mostrar(place);
-  ListsChanged();
+  Mostrar(saved.place);
+  Announce(saved.change);
 }
 
-void frmMsFlexGrid::Verficar_Valores() {
-  const int rows = std::min(session_.lists.Count(), DisplayPanel::kRows);
-  for (int place = 1; place <= rows; ++place) {
-    DisplayEntry& display = session_.lists.Display(place);
-    display = displays_->Display(place);
-  }
+DisplayEntry frmMsFlexGrid::DisplayAt(int place) const {
+  if (place <= DisplayPanel::kRows) return displays_->Display(place);
+  return place <= session_.lists.Count() ? session_.lists.Display(place) : UsualDisplay(place);
+}
+
+Change frmMsFlexGrid::Verficar_Valores() {
+  std::vector<DisplayEntry> chosen;
+  for (int place = 1; place <= DisplayPanel::kRows; ++place)
+    chosen.push_back(displays_->Display(place));
+  return TakeDisplays(session_, chosen);
 }
 
 void frmMsFlexGrid::ResetNextDisplays() {
@@ -179,15 +183,16 @@ void frmMsFlexGrid::Clear() {
 
 void frmMsFlexGrid::Delete() {
   const int place = actions_->PlaceToDelete();
-  if (const std::optional<Message> refusal = DeleteExperiment(session_, place)) {
-    dialogs_.Show(this, *refusal);
+  const ExperimentDeleted deleted = DeleteExperiment(session_, place);
+  if (deleted.refusal) {
+    dialogs_.Show(this, *deleted.refusal);
     actions_->GoToPlace();
     return;
   }
   ResetNextDisplays();
   actions_->EndDeleting();
   ShowAfterDeleting(place);
-  ListsChanged();
+  Announce(deleted.change);
 }
 
 void frmMsFlexGrid::ShowAfterDeleting(int place) {
@@ -230,11 +235,6 @@ bool frmMsFlexGrid::MayLeave() {
                        Buttons::YesNo) == Answer::Yes;
 }
 
-void frmMsFlexGrid::TakeDisplays() {
-  Verficar_Valores();
-  ListsChanged();
-}
-
 void frmMsFlexGrid::OkSub() {
   if (const std::optional<Message> refusal = RefuseEmptyLists(session_.lists)) {
     dialogs_.Show(this, *refusal);
@@ -251,20 +251,18 @@ bool frmMsFlexGrid::cmdAbrirOkSub() {
   if (!MayLeave()) return false;
   const QString file = dialogs_.OpenFile(this, kOpenFilter);
   if (file.isEmpty()) return false;
-  ExperimentLists lists;
-  const ExperimentsRead read = ReadExperiments(LocalPath(file), lists);
-  const bool opened = !read.fault || read.appended > 0;
-  if (opened) {
-    ReplaceExperiments(session_, std::move(lists));
+  const ExperimentsOpened read = OpenExperiments(session_, LocalPath(file));
+  if (read.opened) {
     ResetNextDisplays();
     if (session_.lists.Empty())
       ShowNew();
     else
       Mostrar(1);
-    ListsChanged();
+    Announce(read.change);
   }
   if (read.fault) TellFault(*read.fault);
-  return opened;
+  if (read.remark) dialogs_.Show(this, *read.remark);
+  return read.opened;
 }
 
 void frmMsFlexGrid::TellFault(const FileFault& fault) {
@@ -286,9 +284,7 @@ void frmMsFlexGrid::TellEmptyPlots() {
 }
 
 void frmMsFlexGrid::ToggleGridLines() {
-  session_.gridLines = !session_.gridLines;
-  Redraw();
-  emit SessionChanged();
+  Announce(velmora::ToggleGridLines(session_));
 }
 
 void frmMsFlexGrid::LegendaSub() {
@@ -296,11 +292,14 @@ void frmMsFlexGrid::LegendaSub() {
   Redraw();
 }
 
-void frmMsFlexGrid::ListsChanged() {
-  ShowLists();
-  // Who listens may take the curves away that no longer stand for the list.
-  emit SessionChanged();
-  Redraw();
+void frmMsFlexGrid::Announce(const Change& change) {
+  Show(change);
+  emit Changed(change);
+}
+
+void frmMsFlexGrid::Show(const Change& change) {
+  if (change.lists) ShowLists();
+  if (change.lists || change.curves || change.gridLines) Redraw();
 }
 
 void frmMsFlexGrid::ShowLists() {
@@ -314,8 +313,7 @@ void frmMsFlexGrid::ShowLists() {
 }
 
 void frmMsFlexGrid::Redraw() {
-  const ModelCurves* const curves = session_.curvesPresent ? &session_.curves : nullptr;
-  plots_->SetContent(session_.lists, curves, session_.gridLines, session_.separator);
+  plots_->SetContent(session_.lists, session_.curves, session_.gridLines, session_.separator);
   legend_->SetRows(LegendRows(session_.lists));
   actions_->SetShown(session_.gridLines, !legend_->isHidden());
 }

@@ -8,7 +8,7 @@
 #include "app/experiments/ActionsPanel.h"
 #include "app/widgets/Dialogs.h"
 #include "data/FileFault.h"
-#include "session/Session.h"
+#include "session/Operations.h"
 
 namespace velmora {
 
@@ -33,6 +33,8 @@ class frmMsFlexGrid : public QWidget {
   void LegendaSub();
   /// Redraws the three plots; where no experiment is visible, says so.
   void GraficoSub();
+  /// Shows what was changed elsewhere.
+  void Show(const Change& change);
 
   void Sub_Copiar();
   void Sub_Recortar();
@@ -40,8 +42,7 @@ class frmMsFlexGrid : public QWidget {
   void Sub_Limpar();
 
  signals:
-  /// The lists or what is drawn of them changed.
-  void SessionChanged();
+  void Changed(const velmora::Change& change);
   /// The user goes on to the cultivation window.
   void NextStep();
   /// The plot `chart` ("picCx", "picCs", "picCp") was right-clicked.
@@ -69,7 +70,9 @@ class frmMsFlexGrid : public QWidget {
   /// Puts the experiment into both lists, with its row of choosers, and takes over the other rows.
   void Inserir_Experimento(Experiment experiment);
   /// Takes the rows of choosers over into the display list.
-  void Verficar_Valores();
+  Change Verficar_Valores();
+  /// How the experiment at `place`, or a new one there, is drawn.
+  DisplayEntry DisplayAt(int place) const;
   /// Gives the rows of choosers behind the experiments their usual values.
   void ResetNextDisplays();
   /// Shows the experiment at `place`.
@@ -80,7 +83,6 @@ class frmMsFlexGrid : public QWidget {
 
   /// The user wants the experiment at `place` shown.
   void ShowPlace(int place);
-  void TakeDisplays();
   void TellEmptyPlots();
   void TellFault(const FileFault& fault);
   /// Whether nothing unsaved is shown, or the user gives it up.
@@ -88,8 +90,8 @@ class frmMsFlexGrid : public QWidget {
 
   void ShowLists();
   void Redraw();
-  /// Shows what changed in the lists, and tells everybody.
-  void ListsChanged();
+  /// Shows a change of this window's, and tells everybody.
+  void Announce(const Change& change);
 
   Session& session_;
   Dialogs& dialogs_;

@@ -9,7 +9,6 @@
 #include <QMenu>
 #include <QScreen>
 
-#include "app/charts/LegendView.h"
 #include "app/charts/frmZoom.h"
 #include "app/cultivation/frmCultBatelada.h"
 #include "app/experiments/frmMsFlexGrid.h"
@@ -115,13 +114,13 @@ void MDIForm1::LoadChildren() {
   cultivation_ = new frmCultBatelada(session_, dialogs_);
   experimentsFrame_ = Frame(experiments_);
   cultivationFrame_ = Frame(cultivation_);
-  connect(experiments_, &frmMsFlexGrid::SessionChanged, cultivation_,
-          &frmCultBatelada::ExperimentsChanged);
-  connect(experiments_, &frmMsFlexGrid::SessionChanged, this, &MDIForm1::RefreshMenus);
+  connect(experiments_, &frmMsFlexGrid::Changed, cultivation_, &frmCultBatelada::Show);
+  connect(experiments_, &frmMsFlexGrid::Changed, this, &MDIForm1::Show);
   connect(experiments_, &frmMsFlexGrid::NextStep, this, &MDIForm1::ShowCultivation);
   connect(experiments_, &frmMsFlexGrid::ChartMenu, this, &MDIForm1::ShowChartMenu);
-  connect(cultivation_, &frmCultBatelada::SessionChanged, this, &MDIForm1::RefreshMenus);
-  connect(cultivation_, &frmCultBatelada::SessionChanged, this, &MDIForm1::RedrawExperiments);
+  connect(cultivation_, &frmCultBatelada::Changed, experiments_, &frmMsFlexGrid::Show);
+  connect(cultivation_, &frmCultBatelada::Changed, this, &MDIForm1::Show);
+  connect(cultivation_, &frmCultBatelada::RunningChanged, this, &MDIForm1::RefreshMenus);
   connect(cultivation_, &frmCultBatelada::BackToExperiments, this, &MDIForm1::ShowExperiments);
   connect(cultivation_, &frmCultBatelada::ChartMenu, this, &MDIForm1::ShowChartMenu);
   ShowExperiments();
@@ -167,7 +166,6 @@ void MDIForm1::OpenExperiments() {
   if (!experiments_->cmdAbrirOkSub()) return;
   if (!session_.lists.Empty()) experiments_->GraficoSub();
   ShowExperiments();
-  RefreshMenus();
 }
 
 void MDIForm1::OpenConditions() {
@@ -178,7 +176,6 @@ void MDIForm1::OpenConditions() {
                            Icon::Question)))
     return;
   cultivation_->AbrirCondBat();
-  RefreshMenus();
 }
 
 void MDIForm1::SaveExperiments() {
@@ -192,9 +189,10 @@ void MDIForm1::SaveConditions() {
 void MDIForm1::ClearAll() {
   // The search that is going runs inside the window that would be unloaded.
   if (RunGoing()) return;
-  ReplaceExperiments(session_, {});
+  const Change change = velmora::ClearAll(session_);
   UnloadChildren();
   LoadChildren();
+  Show(change);
 }
 
 void MDIForm1::ExportCurves() {
@@ -220,18 +218,17 @@ void MDIForm1::ToggleLegend() {
 }
 
 void MDIForm1::ToggleGridLines() {
-  session_.gridLines = !session_.gridLines;
-  RefreshMenus();
-  cultivation_->GraficoSub();
-  if (CultivationActive())
-    RedrawExperiments();
-  else
-    experiments_->GraficoSub();
+  const Change change = velmora::ToggleGridLines(session_);
+  cultivation_->Show(change);
+  experiments_->Show(change);
+  Show(change);
+  if (!CultivationActive()) experiments_->GraficoSub();
 }
 
-void MDIForm1::RedrawExperiments() {
-  // Without a visible experiment it would tell the user so, who asked for something else.
-  if (!LegendRows(session_.lists).empty()) experiments_->GraficoSub();
+void MDIForm1::Show(const Change& change) {
+  RefreshMenus();
+  if (!change.lists) return;
+  for (frmZoom* const enlarged : findChildren<frmZoom*>()) enlarged->WithdrawCurves(session_.lists);
 }
 
 void MDIForm1::ShowChartMenu(const QString& chart, const QPoint& globalPosition) {
@@ -293,7 +290,7 @@ void MDIForm1::RefreshMenus() {
       {"mnuSalvarExp", experiments},
       {"mnuSalvarCond", conditions},
       {"mnuExcluir", (experiments || conditions) && idle},
-      {"mnuExportarDados", session_.curvesPresent},
+      {"mnuExportarDados", session_.CurvesPresent()},
       {"mnuEditar", experiments}};
   for (const auto& [item, on] : enabled) menu_->Item(item).setEnabled(on);
   experiments_->setEnabled(idle);

@@ -6,7 +6,7 @@
 #include <QTranslator>
 
 #include "app/widgets/Dialogs.h"
-#include "session/Session.h"
+#include "session/Operations.h"
 
 class QMdiArea;
 
@@ -57,8 +57,6 @@ class MDIForm1 : public QMainWindow {
   void CopyChart();
   void ToggleLegend();
   void ToggleGridLines();
-  /// Draws the experiments window's plots anew where there is something to draw.
-  void RedrawExperiments();
   void ShowChartMenu(const QString& chart, const QPoint& globalPosition);
 
   void ShowSettings();
@@ -68,6 +66,9 @@ class MDIForm1 : public QMainWindow {
   /// Gives the toolkit's own texts (file dialogs, the menu of a text box) the session's language,
   /// where their catalogue is installed.
   void TranslateToolkit();
+
+  /// Shows in all windows what one of them changed.
+  void Show(const Change& change);
 
   bool CultivationActive() const;
   bool RunGoing() const;

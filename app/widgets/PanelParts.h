@@ -11,7 +11,6 @@
 #include "app/widgets/Icons.h"
 
 class QDialog;
-class QLineEdit;
 class QPushButton;
 
 namespace velmora {
@@ -55,7 +54,7 @@ QPushButton* LayOutDialog(QDialog& dialog, QGroupBox& frame);
 void GoToBox(QLineEdit& box);
 
 /// A radio button and the value that it stands for, above 0.
-struct OptionRow {
+struct RadioOption {
   int value;
   const char* name;
 };
@@ -63,7 +62,7 @@ struct OptionRow {
 /// Radio buttons of which one is chosen, or none.
 class OptionGroup : public QButtonGroup {
  public:
-  OptionGroup(std::span<const OptionRow> options, QWidget* parent);
+  OptionGroup(std::span<const RadioOption> options, QWidget* parent);
 
   /// Chooses the option of `value`; for a value that none stands for, none.
   void Choose(int value);

@@ -81,6 +81,8 @@ class CultivationWindow : public testing::Test {
     Click("cmdAjustar");
   }
 
+  void Show(const Change& change) { window->Show(change); }
+
   template <class Widget>
   Widget* Find(const char* name) const {
     auto* const widget = window->findChild<Widget*>(QLatin1StringView(name));
@@ -132,7 +134,7 @@ TEST_F(CultivationWindow, FitsWhatTheBoxesSayToTheLastDigit) {
   EXPECT_EQ("µmáx = " + TextOf("txtMiMax") + "\nKs = " + TextOf("txtKs") + "\n",
             ParameterLines(problem.variables, result.best, style));
   EXPECT_EQ(session.curves[0], Objective(problem).Simulate(result.best).experiments[0].curve);
-  EXPECT_TRUE(session.curvesPresent);
+  EXPECT_TRUE(session.CurvesPresent());
   EXPECT_EQ(dialogs.shown.size(), 1U);  // the question alone
 
   // The estimated values are what the next run would start from, and are no edit of the user's.
@@ -177,7 +179,7 @@ TEST_P(Refusing, TellsOnceAndChangesNothing) {
   EXPECT_EQ(dialogs.shown[0].first.pieces, c.pieces) << dialogs.LastText();
   EXPECT_EQ(dialogs.shown[0].first.title, c.title);
   EXPECT_EQ(session.conditions, before);
-  EXPECT_FALSE(session.curvesPresent);
+  EXPECT_FALSE(session.CurvesPresent());
 }
 
 const std::vector<Piece> kNotFilled = {TextId::PossibleErrors, "\n", TextId::FitEntryMissing, "\n",
@@ -265,6 +267,7 @@ TEST_F(CultivationWindow, RefusesWhatIsNotChosenAndEqualBounds) {
   OpenFilled();
   Click("cdmSalvar");
   for (const char* box : {"txtMiMax", "txtLimInf(1)", "txtLimSup(1)"}) Type(box, "0.2");
+  Click("cdmSalvar");
   Estimate();
   ASSERT_EQ(dialogs.shown.size(), 2U);
   EXPECT_EQ(dialogs.LastText(), "Check the bound values.");
@@ -306,7 +309,7 @@ TEST_F(CultivationWindow, SimulatesWithoutQuestionOrTicksAndExports) {
   OpenFilled();
   Do({{"chkMiMax"}, {"chkKs"}, {"optManual"}, {"cdmSalvar"}, {"cmdAjustar"}});
   EXPECT_TRUE(dialogs.shown.empty());
-  ASSERT_TRUE(session.curvesPresent);
+  ASSERT_TRUE(session.CurvesPresent());
   window->ExportarDados();
   const QStringList lines = QApplication::clipboard()->text().split(QStringLiteral("\r\n"));
   ASSERT_EQ(lines.size(), 104);
@@ -386,28 +389,52 @@ TEST_F(CultivationWindow, LeavesAnExperimentOnlyWhenItsChangesAreSaved) {
   EXPECT_EQ(dialogs.shown.size(), 1U);
 }
 
-TEST_F(CultivationWindow, ComputesNothingButWhatItShows) {
+TEST_F(CultivationWindow, RefusesARunOverAnyUnsavedEdit) {
   OpenFilled();
-  Do({{"cdmSalvar"}, {"txtYxs", "0.3"}, {"cmdAjustar"}});
-  ASSERT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_EQ(dialogs.shown.back().first.pieces.front(), Piece(TextId::SaveConditionsOf));
-  EXPECT_FALSE(session.curvesPresent);
-  Do({{"txtYxs", "0.286"}, {"txtKs", "9"}, {"txtLimSup(2)", "30"}});  // which a fit takes
+  Click("cdmSalvar");
+  const std::vector<std::vector<Edit>> unsaved = {{{"txtYxs", "0.3"}},
+                                                  {{"txtLimSup(2)", "30"}},
+                                                  {{"txtKs", "9"}},
+                                                  {{"chkKs"}},
+                                                  {{"cdmTrocarAjuste"}, {"optManual"}},
+                                                  {{"cdmTrocarCinProd"}, {"optPPAC"}}};
+  for (const std::vector<Edit>& edits : unsaved) {
+    dialogs.shown.clear();
+    Do(edits);
+    Click("cmdAjustar");
+    ASSERT_EQ(dialogs.shown.size(), 1U) << edits.back().control;
+    EXPECT_EQ(dialogs.shown.back().first.pieces,
+              (std::vector<Piece>{TextId::SaveConditionsOf, "1", TextId::BeforeRun}))
+        << edits.back().control;
+    EXPECT_FALSE(session.CurvesPresent());
+    // Other words for what is saved are no edits.
+    Do({{"txtYxs", "0.2860"}, {"txtLimSup(2)", "40.0"}, {"txtKs", "10.00"}});
+    for (const char* chosen : {"optED", "optPAC"})
+      if (!Find<QAbstractButton>(chosen)->isChecked()) Click(chosen);
+    if (!Find<QAbstractButton>("chkKs")->isChecked()) Click("chkKs");
+  }
   Estimate();
-  EXPECT_TRUE(session.curvesPresent);
-  EXPECT_LE(std::stod(TextOf("txtKs")), 30);
+  EXPECT_TRUE(session.CurvesPresent());
+}
 
-  session.curvesPresent = false;
-  Do({{"cdmTrocarAjuste"}, {"optManual"}, {"cmdAjustar"}});
-  EXPECT_FALSE(session.curvesPresent) << "the estimated values are not saved";
-  Do({{"txtMiMax", "0.20"}, {"txtKs", "10.0"}, {"cmdAjustar"}});  // those that are
-  EXPECT_TRUE(session.curvesPresent) << "the method is the chosen one";
+TEST_F(CultivationWindow, StoresTheEstimatedValuesFromWhichTheNextRunStarts) {
+  OpenFilled(2);
+  Do({{"cdmSalvar"}, {"cdmNext(1)"}, {"cdmSalvar"}});
+  Estimate();
+  const std::vector<double> best = session.lastRun->outcome.result.best;
+  EXPECT_EQ(session.conditions.At(1).row[At::Ks], 10) << "they are not the user's yet";
+  session.settings.IU = 1234;
+  Estimate();
+  const FinishedRun& second = *session.lastRun;
+  EXPECT_EQ(dialogs.shown.size(), 2U) << "the two questions alone";
+  EXPECT_EQ(second.outcome.problem.variables[1].start, best[1]);
+  EXPECT_EQ(session.conditions.fitted, second.outcome.problem.variables);
+  for (const int place : {1, 2}) EXPECT_EQ(session.conditions.At(place).row[At::Ks], best[1]);
 
-  // Other experiments are opened: nothing of this run is left.
-  session.conditions.Clear();
-  session.lists = {};
-  session.lists.Append(Molasses(5), {});
-  window->ExperimentsChanged();
+  dialogs.shown.clear();
+  Do({{"cdmTrocarAjuste"}, {"optManual"}, {"cdmSalvar"}, {"cmdIrVoltar"}, {"cmdAjustar"}});
+  EXPECT_EQ(dialogs.shown.back().first.pieces.front(), Piece(TextId::OptionsDiffer));
+  Show(ClearAll(session));
   EXPECT_EQ(Results(), "");
   EXPECT_FALSE(Enabled("cmdRelatorio") || Enabled("cmdIrVoltar"));
 }
@@ -415,8 +442,7 @@ TEST_F(CultivationWindow, ComputesNothingButWhatItShows) {
 TEST_F(CultivationWindow, KeepsUnsavedEntriesAsTheListChangesAndTellsOfThemAtTheFile) {
   OpenFilled(2);
   Do({{"cdmSalvar"}, {"cdmNext(1)"}, {"cdmSalvar"}, {"txtYxs", "0.33"}});
-  session.lists.Delete(1);
-  window->ExperimentsChanged();
+  Show(DeleteExperiment(session, 1).change);
   EXPECT_EQ(TextOf("txtNExp"), "2");
   EXPECT_EQ(TextOf("txtYxs"), "0.33");
   dialogs.answers = {Answer::No};
@@ -424,10 +450,17 @@ TEST_F(CultivationWindow, KeepsUnsavedEntriesAsTheListChangesAndTellsOfThemAtThe
   EXPECT_TRUE(dialogs.filters.empty()) << "no file is asked for";
   Experiment remeasured = Molasses(2);
   remeasured.Cx.front() = 0.9;
-  session.lists = {};
-  session.lists.Append(remeasured, {});
-  window->ExperimentsChanged();
-  EXPECT_EQ(TextOf("txtYxs"), "0.286") << "these are other data";
+  Show(SaveExperiment(session, remeasured, {}, 1).change);
+  EXPECT_EQ(TextOf("txtYxs"), "0.33");
+  EXPECT_EQ(TextOf("txtCx"), "1.1059872") << "what is saved stays";
+
+  Experiment third = Molasses(3);
+  Show(SaveExperiment(session, third, {}, 0).change);
+  Do({{"txtYxs", "0.286"}, {"cdmNext(1)"}, {"txtCs", "70"}});
+  third.Cx.front() = 0.8, third.Cs.front() = 60;
+  Show(SaveExperiment(session, third, {}, 2).change);
+  EXPECT_EQ(TextOf("txtCx"), "0.8") << "a suggestion follows the data";
+  EXPECT_EQ(TextOf("txtCs"), "70") << "what the user typed does not";
 }
 
 TEST_F(CultivationWindow, SavesAndReopensNineExperimentsAndRefusesATenth) {
@@ -456,8 +489,7 @@ TEST_F(CultivationWindow, SavesAndReopensNineExperimentsAndRefusesATenth) {
   window->AbrirCondBat();
   EXPECT_EQ(dialogs.shown.back().first.pieces.back(), Piece(TextId::InsertedButReview));
 
-  session.lists.Append(Molasses(10), {});
-  window->ExperimentsChanged();
+  Show(SaveExperiment(session, Molasses(10), {}, 0).change);
   const CultivationConditions nine = session.conditions;
   for (int place = 2; place <= 10; ++place) Click("cdmNext(1)");
   Click("cdmSalvar");
@@ -466,8 +498,7 @@ TEST_F(CultivationWindow, SavesAndReopensNineExperimentsAndRefusesATenth) {
   EXPECT_EQ(dialogs.shown.back().first.pieces, std::vector<Piece>{TextId::CountsDiffer});
   EXPECT_EQ(session.conditions, nine);
 
-  session.lists.Delete(1);
-  window->ExperimentsChanged();
+  Show(DeleteExperiment(session, 1).change);
   EXPECT_EQ(session.conditions.At(1).number, 2) << "conditions follow their experiments";
 }
 

@@ -34,8 +34,7 @@ class ExperimentsWindow : public testing::Test {
   /// Opens the window over the lists as they are.
   void Open() {
     window_ = std::make_unique<frmMsFlexGrid>(session_, dialogs_);
-    QObject::connect(window_.get(), &frmMsFlexGrid::SessionChanged, window_.get(),
-                     [this] { ++changes_; });
+    QObject::connect(window_.get(), &frmMsFlexGrid::Changed, window_.get(), [this] { ++changes_; });
     window_->resize(1270, 700);
     window_->show();
     window_->activateWindow();
@@ -296,7 +295,7 @@ TEST_F(ExperimentsWindow, OpensAndSavesTheSameBytes) {
   saved.Append(Measured(2, 1.0 / 3), {"odd", 9, 8, true});
   ASSERT_FALSE(WriteExperiments(saved, folder / "a.abr"));
   OpenOver({Measured(7, 0.1)});
-  session_.curvesPresent = true;
+  session_.curves[0].points = 100;
   dialogs_.files = {QString(), QString::fromStdString(folder / "none.abr")};
   for (std::size_t attempt = 0; attempt < 2; ++attempt) {
     EXPECT_FALSE(window_->cmdAbrirOkSub());
@@ -310,7 +309,7 @@ TEST_F(ExperimentsWindow, OpensAndSavesTheSameBytes) {
                     QString::fromStdString(folder / "b.abr")};
   EXPECT_TRUE(window_->cmdAbrirOkSub());
   EXPECT_EQ(Text("txtExp"), "4");
-  EXPECT_FALSE(session_.curvesPresent);
+  EXPECT_FALSE(session_.CurvesPresent());
   EXPECT_EQ(session_.conditions.At(1).number, 0);
   EXPECT_EQ(The<QComboBox>("IcmbEstiloLinha(1)").currentIndex(), 6);
   window_->OkSub();

@@ -271,13 +271,13 @@ TEST_F(Shell, GivesCtrlXToABoxAndElseClearsAll) {
   EXPECT_EQ(session.language, Language::Portuguese);
 
   session.conditions.At(1).saved = true;
-  session.curvesPresent = true;
+  session.curves[0].points = 100;
   QPushButton elsewhere(frame.get());
   elsewhere.show();
   elsewhere.setFocus();
   QTest::keyClick(&elsewhere, Qt::Key_X, Qt::ControlModifier);
   EXPECT_TRUE(session.lists.Empty() && session.conditions.SavedCount() == 0);
-  EXPECT_FALSE(session.curvesPresent);
+  EXPECT_FALSE(session.CurvesPresent());
   EXPECT_TRUE(before.isNull());
   EXPECT_TRUE(Experiments().isVisible());
   for (const char* item : {"mnuExcluir", "mnuSalvarExp", "mnuEditar", "mnuAbrirCond"})

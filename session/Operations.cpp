@@ -1,0 +1,254 @@
+#include "session/Operations.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "cultivation/ConditionsFile.h"
+#include "cultivation/FitSetUp.h"
+#include "cultivation/OpenedConditions.h"
+#include "cultivation/Simulation.h"
+#include "data/ExperimentFile.h"
+
+namespace velmora {
+namespace {
+
+bool SameMeasurements(const Experiment& left, const Experiment& right) {
+  return left.number == right.number && left.finalTime == right.finalTime &&
+         left.time == right.time && left.Cx == right.Cx && left.Cs == right.Cs &&
+         left.Cp == right.Cp;
+}
+
+/// Takes the curve of `place` away; whether there was one.
+bool WithdrawCurve(Session& session, int place) {
+  if (place > kMostExperiments) return false;
+  ModelCurve& curve = session.curves.at(static_cast<std::size_t>(place) - 1);
+  return std::exchange(curve, {}).points > 0;
+}
+
+Change Replace(Session& session, ExperimentLists lists) {
+  session.lists = std::move(lists);
+  session.conditions.Clear();
+  session.curves = {};
+  session.lastRun.reset();
+  Change change;
+  change.lists = change.conditions = change.curves = change.results = change.replaced = true;
+  return change;
+}
+
+/// The value that the last run found at a position.
+std::optional<double> EstimatedAt(const Session& session, At position) {
+  if (!session.lastRun) return std::nullopt;
+  const SearchOutcome& last = session.lastRun->outcome;
+  for (std::size_t j = 0; j < last.problem.variables.size(); ++j)
+    if (last.problem.variables[j].position == position) return last.result.best[j];
+  return std::nullopt;
+}
+
+bool SameFitRow(const FitRow& left, const FitRow& right, char separator) {
+  if (left.ticked != right.ticked) return false;
+  return !left.ticked || (left.lower.Number(separator) == right.lower.Number(separator) &&
+                          left.upper.Number(separator) == right.upper.Number(separator));
+}
+
+/// Whether the form states something that is not stored, in what the model uses. What a run found
+/// stands in the boxes without being an edit of the user's: the next search starts from it. The
+/// ticks and bounds say nothing to a simulation, the data set to no run.
+bool HoldsUnsaved(const Session& session, const CultivationForm& form, int place) {
+  const ConditionsRecord& record = session.conditions.At(place);
+  const CultivationForm stored = FormOf(record, session.conditions.fitted, session.separator);
+  const Model* const model = RecognisedModel(record, session.conditions.fitted);
+  const bool searches = form.method != Method::Manual;
+  for (const Parameter& parameter : kParameters) {
+    const At at = parameter.position;
+    if (model != nullptr && FittableIndex(at) >= 0 && !Uses(*model, at)) continue;
+    const std::optional<double> entered = form.At(at).Number(session.separator);
+    const bool estimated = searches && entered && entered == EstimatedAt(session, at);
+    if (entered != stored.At(at).Number(session.separator) && !estimated) return true;
+  }
+  for (std::size_t row = 0; searches && row < kFittable.size(); ++row)
+    if (!SameFitRow(form.fit[row], stored.fit[row], session.separator)) return true;
+  const bool sameModel = model != nullptr ? form.model == model->name : !form.modelConfirmed;
+  return !sameModel || form.method != stored.method || form.production != stored.production ||
+         form.yields != stored.yields;
+}
+
+std::optional<Message> RefuseMethod(Method method) {
+  switch (method) {
+    case Method::Manual:
+    case Method::ED:
+      return std::nullopt;
+    case Method::LM:
+      return Attention({TextId::NoLevenbergMarquardt});
+    case Method::None:
+      break;
+  }
+  return Attention({TextId::NoMethod});
+}
+
+/// The values from which a search starts become those of every experiment: they are fitted for all
+/// at once.
+void StoreStart(CultivationConditions& conditions, const std::vector<FitVariable>& variables) {
+  conditions.fitted = variables;
+  for (int place = 1; place <= kMostExperiments; ++place)
+    for (const FitVariable& variable : variables)
+      if (ConditionsRecord& record = conditions.At(place); record.saved)
+        record.row[variable.position] = variable.start;
+}
+
+}  // namespace
+
+bool HoldsMeasurements(const ExperimentLists& lists, const Experiment& experiment) {
+  const auto& all = lists.Experiments();
+  return std::any_of(all.begin(), all.end(),
+                     [&](const Experiment& each) { return SameMeasurements(each, experiment); });
+}
+
+ExperimentSaved SaveExperiment(Session& session, Experiment experiment, DisplayEntry display,
+                               int shown) {
+  ExperimentLists& lists = session.lists;
+  const int place = PlaceToSave(lists, experiment.number, shown);
+  const bool remeasured = place <= lists.Count() && !SameMeasurements(lists.At(place), experiment);
+  if (!SaveExperiment(lists, std::move(experiment), std::move(display), shown)) return {};
+  ExperimentSaved saved{place, {}};
+  saved.change.lists = true;
+  if (!remeasured) return saved;
+  saved.change.remeasured = place;
+  saved.change.curves = WithdrawCurve(session, place);
+  return saved;
+}
+
+ExperimentDeleted DeleteExperiment(Session& session, int place) {
+  ExperimentDeleted deleted;
+  deleted.refusal = session.lists.Delete(place);
+  if (deleted.refusal) return deleted;
+  Change& change = deleted.change;
+  change.lists = true;
+  change.deleted = place;
+  if (place > kMostExperiments) return deleted;
+  change.conditions = change.curves = true;
+  session.conditions.Remove(place);
+  ModelCurves& curves = session.curves;
+  std::move(curves.begin() + place, curves.end(), curves.begin() + place - 1);
+  curves.back() = {};
+  if (session.conditions.SavedCount() > 0) return deleted;
+  session.lastRun.reset();
+  change.results = true;
+  return deleted;
+}
+
+Change TakeDisplays(Session& session, std::span<const DisplayEntry> displays) {
+  const int count = std::min(session.lists.Count(), static_cast<int>(displays.size()));
+  for (int place = 1; place <= count; ++place)
+    session.lists.Display(place) = displays[static_cast<std::size_t>(place) - 1];
+  Change change;
+  change.lists = true;
+  return change;
+}
+
+ExperimentsOpened OpenExperiments(Session& session, const std::string& path) {
+  ExperimentLists lists;
+  const ExperimentsRead read = ReadExperiments(path, lists);
+  ExperimentsOpened opened;
+  opened.fault = read.fault;
+  opened.opened = !read.fault || read.appended > 0;
+  if (!opened.opened) return opened;
+  opened.remark = TellRepeatedNumbers(lists);
+  opened.change = Replace(session, std::move(lists));
+  return opened;
+}
+
+Change ClearAll(Session& session) {
+  return Replace(session, {});
+}
+
+ConditionsSaved SaveConditions(Session& session, const CultivationForm& form, int place) {
+  if (place > kMostExperiments)
+    return {{Refusal{Attention({TextId::CountsDiffer}), std::nullopt}, std::nullopt}, {}};
+  const std::int16_t number = place == 0 ? std::int16_t{0} : session.lists.At(place).number;
+  ConditionsSaved saved{SalvarCondCult(form, place, number, session.separator, session.conditions),
+                        {}};
+  saved.change.conditions = !saved.refusal;
+  return saved;
+}
+
+Change ClearConditions(Session& session, int place) {
+  Change change;
+  if (place < 1 || place > kMostExperiments) return change;
+  session.conditions.LimpaVet(place);
+  if (session.conditions.SavedCount() == 0) session.conditions.Clear();
+  change.conditions = true;
+  return change;
+}
+
+ConditionsOpened OpenConditions(Session& session, const std::string& path) {
+  const ConditionsRead read = ReadConditions(path);
+  if (read.fault) return {read.fault, std::nullopt, {}, {}};
+  OpenedConditions opened = CompareWithLists(read, session.lists.Experiments());
+  if (opened.refusal) return {std::nullopt, std::move(opened.refusal), {}, {}};
+  session.conditions = opened.conditions;
+  session.curves = {};
+  ConditionsOpened done{std::nullopt, std::nullopt, std::move(opened.messages), {}};
+  done.change.conditions = done.change.curves = true;
+  return done;
+}
+
+std::optional<Message> RefuseConditionsFile(const Session& session) {
+  if (session.lists.Empty() || session.conditions.SavedCount() == 0)
+    return Attention({TextId::NoConditionsAdded});
+  return RefuseMissing(session.lists.Experiments(), session.conditions);
+}
+
+std::optional<FileFault> WriteConditionsFile(const Session& session, const std::string& path) {
+  return WriteConditions(session.conditions, session.lists.Count(),
+                         session.activeWindow == kCultivationWindow, path);
+}
+
+std::optional<Refusal> RefuseStart(const Session& session, const CultivationForm& form, int place) {
+  const std::vector<FitVariable> table = VarAjustadas(form, session.separator);
+  // A simulation fits nothing, so that nothing need be ticked.
+  auto refusal = form.method == Method::Manual ? RefuseFitRows(table) : ChecarVarAjustadas(table);
+  if (refusal) return refusal;
+  if (auto message = RefuseRun(session.lists.Experiments(), session.conditions))
+    return Refusal{*message, std::nullopt};
+  if (auto message = RefuseMethod(form.method)) return Refusal{*message, std::nullopt};
+  if (!HoldsUnsaved(session, form, place)) return std::nullopt;
+  const std::string number = std::to_string(session.lists.At(place).number);
+  return Refusal{Attention({TextId::SaveConditionsOf, number, TextId::BeforeRun}), std::nullopt};
+}
+
+Simulated Simulate(Session& session) {
+  ModelCurves curves{};
+  Simulated simulated{Manual(session.conditions, session.lists.Count(), curves), {}};
+  simulated.change = ShowCurves(session, curves);
+  return simulated;
+}
+
+FitProblem StartSearch(Session& session, const CultivationForm& form) {
+  FitProblem problem = ProblemOf(session.lists.Experiments(), session.conditions);
+  problem.variables = VarAjustadas(form, session.separator);
+  if (BoundsAreOrdered(problem.variables)) StoreStart(session.conditions, problem.variables);
+  return problem;
+}
+
+Change EndSearch(Session& session, SearchOutcome outcome) {
+  if (!outcome.result.HasResult()) return {};
+  const Change change = ShowCurves(session, outcome.curves);
+  session.lastRun = {std::move(outcome), session.lists, session.conditions};
+  return change;
+}
+
+Change ShowCurves(Session& session, const ModelCurves& curves) {
+  session.curves = curves;
+  Change change;
+  change.curves = true;
+  return change;
+}
+
+Change ToggleGridLines(Session& session) {
+  session.gridLines = !session.gridLines;
+  Change change;
+  change.gridLines = true;
+  return change;
+}
+
+}  // namespace velmora
