@@ -93,13 +93,13 @@ void ChoicesPanel::Wire() {
 void ChoicesPanel::SetForm(const CultivationForm& form) {
   methods_->Choose(static_cast<int>(form.method));
   productions_->Choose(static_cast<int>(form.production));
-  for (std::size_t i = 0; i < data_.size(); ++i) data_[i]->setChecked(form.dataSet[i]);
+  for (std::size_t i = 0; i < data_.size(); ++i) data_[i]->setChecked(form.dataSet[data_.size() - 1 - i]);
 }
 
 void ChoicesPanel::ReadInto(CultivationForm& form) const {
   form.method = static_cast<Method>(methods_->Chosen());
   form.production = static_cast<Production>(productions_->Chosen());
-  for (std::size_t i = 0; i < data_.size(); ++i) form.dataSet[i] = data_[i]->isChecked();
+  for (std::size_t i = 0; i < data_.size(); ++i) form.dataSet[data_.size() - 1 - i] = data_[i]->isChecked();
 }
 
 void ChoicesPanel::SetFixed(bool fixed) {

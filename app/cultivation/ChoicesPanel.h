@@ -50,7 +50,7 @@ class ChoicesPanel : public QWidget {
   std::array<Group, 3> groups_;  // method, data set, production
   OptionGroup* methods_ = nullptr;
   OptionGroup* productions_ = nullptr;
-  std::array<QCheckBox*, 3> data_{};  // Cx, Cs, Cp
+  std::array<QCheckBox*, 3> data_{};  // Cp, Cs, Cx
 };
 
 }  // namespace velmora

@@ -94,7 +94,8 @@ void RunPanel::SetLanguage(Language language) {
 void RunPanel::Show() {
   start_->setText(Caption(simulates_ ? TextId::Simulate : TextId::Estimate, language_));
   start_->setAccessibleName(start_->text());
-  if (heading_) label_->setText(Caption(*heading_, language_));
+  // What is said of a run that goes on is said, like its progress; the heading of results follows.
+  if (heading_ == TextId::EstimatedParameters) label_->setText(Caption(*heading_, language_));
 }
 
 }  // namespace velmora

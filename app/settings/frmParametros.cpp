@@ -22,19 +22,20 @@ namespace {
 struct Box {
   const char* name;
   const char* label;
+  std::size_t row;                    // in which it stands and is checked
   double EstimationSettings::*value;  // nullptr for the seed, which is a whole number
   std::optional<double> TypedSettings::*typed;
 };
 
-// In the order in which they are read and checked.
+// In the order in which the boxes are created.
 constexpr std::array<Box, 7> kBoxTable = {
-    {{"txtNPOP", "lblTamPop", &EstimationSettings::NPOP, &TypedSettings::NPOP},
-     {"txtITER", "lblNumIt", &EstimationSettings::ITER, &TypedSettings::ITER},
-     {"txtPCROS", "lblPropCross", &EstimationSettings::PCROS, &TypedSettings::PCROS},
-     {"txtFACT", "lblEscalaPar1", &EstimationSettings::FACT, &TypedSettings::FACT},
-     {"txtFACT1", "lblEscalaPar2", &EstimationSettings::FACT1, &TypedSettings::FACT1},
-     {"txtEPS", "lblAcuracia", &EstimationSettings::EPS, &TypedSettings::EPS},
-     {"txtIU", "lblNumRand", nullptr, &TypedSettings::IU}}};
+    {{"txtNPOP", "lblTamPop", 0, &EstimationSettings::NPOP, &TypedSettings::NPOP},
+     {"txtPCROS", "lblPropCross", 2, &EstimationSettings::PCROS, &TypedSettings::PCROS},
+     {"txtFACT1", "lblEscalaPar2", 4, &EstimationSettings::FACT1, &TypedSettings::FACT1},
+     {"txtIU", "lblNumRand", 6, nullptr, &TypedSettings::IU},
+     {"txtITER", "lblNumIt", 1, &EstimationSettings::ITER, &TypedSettings::ITER},
+     {"txtFACT", "lblEscalaPar1", 3, &EstimationSettings::FACT, &TypedSettings::FACT},
+     {"txtEPS", "lblAcuracia", 5, &EstimationSettings::EPS, &TypedSettings::EPS}}};
 
 constexpr int kButtonPadding = 16;  // px, both sides together
 
@@ -56,14 +57,12 @@ frmParametros::frmParametros(Session& session, Dialogs& dialogs, QWidget* parent
 void frmParametros::BuildPanels() {
   static_assert(kBoxTable.size() == kBoxes);
   auto* const numbers = new NumberEntry(session_.separator, this);
-  for (std::size_t i = 0; i < kBoxes; ++i) {
-    labels_[i] = Named<QLabel>(kBoxTable[i].label, this);
-    boxes_[i] = Named<QLineEdit>(kBoxTable[i].name, this);
-    boxes_[i]->installEventFilter(this);
-    labels_[i]->setBuddy(boxes_[i]);
-    numbers->Watch(*boxes_[i]);
+  for (const Box& each : kBoxTable) {
+    auto* const box = Named<QLineEdit>(each.name, this);
+    box->installEventFilter(this);
+    numbers->Watch(*box);
+    boxes_[each.row] = box;
   }
-  lblEPN_ = Named<QLabel>("lblEPN", this);
   cdmAtualizar_ = Named<QPushButton>("cdmAtualizar", this);
   cdmFechar_ = Named<QPushButton>("cdmFechar", this);
 }
@@ -72,13 +71,16 @@ void frmParametros::LayOut() {
   auto* const grid = new QGridLayout;
   grid->setHorizontalSpacing(kDialogMargin);
   grid->setVerticalSpacing(8);
-  for (std::size_t i = 0; i < kBoxes; ++i) {
-    const int row = static_cast<int>(i);
-    grid->addWidget(labels_[i], row, 0);
-    grid->addWidget(boxes_[i], row, 1);
-    boxes_[i]->setFixedWidth(boxes_[i]->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 16);
+  for (const Box& each : kBoxTable) {
+    QLineEdit* const box = boxes_[each.row];
+    auto* const label = Named<QLabel>(each.label, this);
+    label->setBuddy(box);
+    const int row = static_cast<int>(each.row);
+    grid->addWidget(label, row, 0);
+    grid->addWidget(box, row, 1);
+    box->setFixedWidth(box->fontMetrics().horizontalAdvance(QLatin1Char('0')) * 16);
   }
-  grid->addWidget(lblEPN_, static_cast<int>(kBoxes), 0, 1, 2);
+  grid->addWidget(Named<QLabel>("lblEPN", this), static_cast<int>(kBoxes), 0, 1, 2);
   grid->setColumnStretch(0, 1);
 
   auto* const buttons = new QHBoxLayout;
@@ -96,13 +98,18 @@ void frmParametros::LayOut() {
 }
 
 void frmParametros::Wire() {
+  QWidget* before = boxes_.front();
+  for (QLineEdit* const box : boxes_) {
+    if (box != before) setTabOrder(before, box);
+    before = box;
+  }
   connect(cdmAtualizar_, &QPushButton::clicked, this, &frmParametros::Apply);
   connect(cdmFechar_, &QPushButton::clicked, this, &frmParametros::close);
 }
 
 void frmParametros::ShowSettings() {
-  for (std::size_t i = 0; i < kBoxes; ++i)
-    boxes_[i]->setText(QString::fromStdString(StrText(ValueOf(session_.settings, kBoxTable[i]))));
+  for (const Box& each : kBoxTable)
+    boxes_[each.row]->setText(QString::fromStdString(StrText(ValueOf(session_.settings, each))));
   Idiomas(*this, session_.language);
   boxes_.front()->setFocus();
 }
@@ -124,8 +131,8 @@ bool frmParametros::eventFilter(QObject*, QEvent* event) {
 
 void frmParametros::Apply() {
   TypedSettings typed;
-  for (std::size_t i = 0; i < kBoxes; ++i)
-    typed.*kBoxTable[i].typed = ReadBox(boxes_[i]->text().toStdString(), session_.separator);
+  for (const Box& each : kBoxTable)
+    typed.*each.typed = ReadBox(boxes_[each.row]->text().toStdString(), session_.separator);
   const CheckedSettings checked = CheckSettings(typed);
   if (!checked.refused) {
     session_.settings = checked.settings;

@@ -7,7 +7,6 @@
 #include "app/widgets/Dialogs.h"
 #include "session/Session.h"
 
-class QLabel;
 class QLineEdit;
 class QPushButton;
 
@@ -38,9 +37,7 @@ class frmParametros : public QDialog {
 
   Session& session_;
   Dialogs& dialogs_;
-  std::array<QLabel*, kBoxes> labels_{};  // in the order of the checks
-  std::array<QLineEdit*, kBoxes> boxes_{};
-  QLabel* lblEPN_ = nullptr;
+  std::array<QLineEdit*, kBoxes> boxes_{};  // by row, the order in which they are checked
   QPushButton* cdmAtualizar_ = nullptr;
   QPushButton* cdmFechar_ = nullptr;
 };
