@@ -124,19 +124,4 @@ Saved SalvarCondCult(const CultivationForm& form, int place, std::int16_t number
   return saved;
 }
 
-bool RunPassesOver(const CultivationForm& form, int place, char separator,
-                   const CultivationConditions& conditions) {
-  const ConditionsRecord& stored = conditions.At(place);
-  CultivationConditions asShown = conditions;
-  if (SalvarCondCult(form, place, stored.number, separator, asShown).refusal) return true;
-  ConditionsRecord& shown = asShown.At(place);
-  // A file may hold a rounded quotient of the yields.
-  if (form.yields == Yields::Global) shown.row[At::alpha] = stored.row[At::alpha];
-  const bool searches = form.method != Method::Manual;
-  for (std::size_t row = 0; searches && row < kFittable.size(); ++row)
-    if (form.fit[row].ticked)
-      shown.row[kFittable[row].position] = stored.row[kFittable[row].position];
-  return shown.row != stored.row || shown.options.production != stored.options.production;
-}
-
 }  // namespace velmora

@@ -25,10 +25,4 @@ struct Saved {
 Saved SalvarCondCult(const CultivationForm& form, int place, std::int16_t number, char separator,
                      CultivationConditions& conditions);
 
-/// Whether a run would pass over entries of `form`, the form of the saved experiment at `place`. It
-/// takes the method from the form, and a search the ticked parameters with their start values and
-/// bounds; all else that it uses it takes from `conditions`.
-bool RunPassesOver(const CultivationForm& form, int place, char separator,
-                   const CultivationConditions& conditions);
-
 }  // namespace velmora

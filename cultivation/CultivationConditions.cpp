@@ -21,28 +21,10 @@ std::size_t IndexOf(int place) {
   return static_cast<std::size_t>(place) - 1;
 }
 
-int PlacesOf(const std::vector<Experiment>& experiments) {
-  return std::min(static_cast<int>(experiments.size()), kMostExperiments);
-}
-
-/// The place of a saved record with this number that no experiment has taken; `place` itself first.
-int RecordFor(std::int16_t number, int place, const CultivationConditions& conditions,
-              const std::array<bool, kMostExperiments + 1>& taken) {
-  const auto serves = [&](int candidate) {
-    const ConditionsRecord& record = conditions.At(candidate);
-    return !taken[static_cast<std::size_t>(candidate)] && record.saved && record.number == number;
-  };
-  if (serves(place)) return place;
-  for (int candidate = 1; candidate <= kMostExperiments; ++candidate)
-    if (serves(candidate)) return candidate;
-  return 0;
-}
-
 /// The numbers of the experiments that no saved record belongs to, "2, 3"; a long list is cut.
 std::string NumbersWithoutConditions(const std::vector<Experiment>& experiments,
-                                     CultivationConditions conditions) {
+                                     const CultivationConditions& conditions) {
   constexpr int kMostNamed = 20;
-  AlignConditions(experiments, conditions);
   std::string numbers;
   int named = 0;
   for (int place = 1; place <= static_cast<int>(experiments.size()); ++place) {
@@ -90,23 +72,6 @@ void CultivationConditions::Remove(int place) {
   LimpaVet(place);
   const auto removed = records_.begin() + (place - 1);
   std::rotate(removed, removed + 1, records_.end());
-}
-
-bool AlignConditions(const std::vector<Experiment>& experiments,
-                     CultivationConditions& conditions) {
-  CultivationConditions aligned;
-  aligned.fitted = conditions.fitted;
-  std::array<bool, kMostExperiments + 1> taken{};
-  for (int place = 1; place <= PlacesOf(experiments); ++place) {
-    const std::int16_t number = experiments[static_cast<std::size_t>(place) - 1].number;
-    const int source = RecordFor(number, place, conditions, taken);
-    if (source == 0) continue;
-    aligned.At(place) = conditions.At(source);
-    taken[static_cast<std::size_t>(source)] = true;
-  }
-  if (aligned == conditions) return false;
-  conditions = aligned;
-  return true;
 }
 
 std::optional<Message> RefuseMissing(const std::vector<Experiment>& experiments,

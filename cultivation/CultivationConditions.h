@@ -71,10 +71,6 @@ class CultivationConditions {
   std::array<ConditionsRecord, kMostExperiments> records_;
 };
 
-/// Brings the records to the places of their experiments' numbers, after experiments were inserted
-/// or deleted; the records of experiments that are no more are dropped. Whether anything changed.
-bool AlignConditions(const std::vector<Experiment>& experiments, CultivationConditions& conditions);
-
 /// What a run, and a file of the conditions, is refused for where not as many conditions are saved
 /// as there are experiments; it names the numbers of the experiments that lack theirs.
 std::optional<Message> RefuseMissing(const std::vector<Experiment>& experiments,

@@ -50,7 +50,15 @@ bool SameFitRow(const FitRow& left, const FitRow& right, char separator) {
                           left.upper.Number(separator) == right.upper.Number(separator));
 }
 
-/// Whether the form states something that is not stored, in what the model uses. What a run found
+/// Whether the user enters the box of a position: the model uses it, and neither yields nor
+/// production decide it. `model` is null where it is not known.
+bool TakesEntry(const CultivationForm& form, const Model* model, At position) {
+  if (position == At::alpha)
+    return form.yields != Yields::Global && form.production != Production::PNAC;
+  return model == nullptr || FittableIndex(position) < 0 || Uses(*model, position);
+}
+
+/// Whether the form states something that is not stored. What a run found
 /// stands in the boxes without being an edit of the user's: the next search starts from it. The
 /// ticks and bounds say nothing to a simulation, the data set to no run.
 bool HoldsUnsaved(const Session& session, const CultivationForm& form, int place) {
@@ -60,7 +68,7 @@ bool HoldsUnsaved(const Session& session, const CultivationForm& form, int place
   const bool searches = form.method != Method::Manual;
   for (const Parameter& parameter : kParameters) {
     const At at = parameter.position;
-    if (model != nullptr && FittableIndex(at) >= 0 && !Uses(*model, at)) continue;
+    if (!TakesEntry(form, model, at)) continue;
     const std::optional<double> entered = form.At(at).Number(session.separator);
     const bool estimated = searches && entered && entered == EstimatedAt(session, at);
     if (entered != stored.At(at).Number(session.separator) && !estimated) return true;

@@ -212,6 +212,25 @@ TEST_F(ExperimentsWindow, AsksBeforeItReplaces) {
   EXPECT_EQ(dialogs_.LastTitle(), "Experiment empty");
 }
 
+TEST_F(ExperimentsWindow, SavesWhereTwoShareANumberToTheOneShown) {
+  const TemporaryFolder folder;
+  ExperimentLists twice;
+  twice.Append(Measured(4, 0.5), {});
+  twice.Append(Measured(4, 0.6), {});
+  ASSERT_FALSE(WriteExperiments(twice, folder / "twice.abr"));
+  dialogs_.files = {QString::fromStdString(folder / "twice.abr")};
+  Open();
+  EXPECT_TRUE(window_->cmdAbrirOkSub());
+  ASSERT_EQ(dialogs_.shown.size(), 1u) << "it is told once";
+  EXPECT_NE(dialogs_.LastText().find("more than one experiment: 4."), std::string::npos);
+  Click("cmdMostrar(2)");
+  GoTo(0, 2);
+  Keys("9");
+  Save({Answer::Yes, Answer::Ok});
+  EXPECT_EQ(session_.lists.At(1).Cx[0], 0.5);
+  EXPECT_EQ(session_.lists.At(2).Cx[0], 9);
+}
+
 TEST_F(ExperimentsWindow, DeletesByPlaceWithAllThatBelongsToIt) {
   OpenOver({Measured(4, 0.5), Measured(2, 0.6), Measured(9, 0.7)});
   session_.lists.Display(3).colour = 5;

@@ -86,6 +86,15 @@ TEST_F(SettingsWindow, RefusesEachBoxOutOfBoundsOrWithoutANumber) {
   EXPECT_EQ(dialogs_.shown.size(), std::size(refused));
 }
 
+TEST_F(SettingsWindow, CreatesItsBoxesInTheirOrder) {
+  Open();
+  QStringList created;
+  for (const QLineEdit* const box : window_->findChildren<QLineEdit*>())
+    created << box->objectName();
+  EXPECT_EQ(created.join(QLatin1Char(' ')),
+            QStringLiteral("txtNPOP txtPCROS txtFACT1 txtIU txtITER txtFACT txtEPS"));
+}
+
 TEST_F(SettingsWindow, EnterGoesFromBoxToBoxAndThenApplies) {
   Open();
   for (const char* box :

@@ -15,6 +15,7 @@
 #include <QTest>
 #include <QTimer>
 
+#include "app/charts/ChartView.h"
 #include "app/cultivation/frmCultBatelada.h"
 #include "app/experiments/frmMsFlexGrid.h"
 #include "app/shell/HelpDocument.h"
@@ -316,6 +317,42 @@ TEST_F(Shell, AsksBeforeOpeningOverExistingData) {
   dialogs.answers = {Answer::Yes};
   Open(1);
   EXPECT_EQ(session.conditions.SavedCount(), 0);
+}
+
+TEST_F(Shell, WithdrawsTheCurveOfADeletedOrChangedExperimentEverywhere) {
+  Start(Language::English);
+  Open(3);
+  for (ModelCurve& curve : session.curves) {
+    curve.points = 100;
+    for (std::size_t i = 0; i < 100; ++i) curve.time[i] = 0.05 * static_cast<double>(i);
+  }
+  session.clickedChart = "picCs";
+  Item("mnuZoom").trigger();
+  const auto curves = [](QWidget* window, const char* plot) {
+    std::vector<bool> drawn;
+    for (const auto& each : Child<ChartView>(*window, plot)->Content().experiments)
+      drawn.push_back(!each.curve.empty());
+    return drawn;
+  };
+  auto* const enlarged = Child<QWidget>(*frame, "frmZoom");
+  ASSERT_EQ(curves(enlarged, "picZoom"), (std::vector{true, true, true}));
+
+  auto* const place = Child<QLineEdit>(Experiments(), "txtExcluir");
+  Child<QRadioButton>(Experiments(), "Option1(1)")->click();
+  QTest::keyClicks(place, QStringLiteral("1"));
+  QTest::keyClick(place, Qt::Key_Return);
+  ASSERT_EQ(session.lists.Count(), 2);
+  EXPECT_EQ(curves(enlarged, "picZoom"), (std::vector{false, true, true}));
+
+  auto* const finalTime = Child<QLineEdit>(Experiments(), "txtTFinal");
+  QTest::keyClicks(finalTime, QStringLiteral("6"));
+  dialogs.answers = {Answer::Yes, Answer::Ok};
+  QTest::mouseClick(Child<QWidget>(Experiments(), "cmdSalvar"), Qt::LeftButton);
+  EXPECT_EQ(curves(enlarged, "picZoom"), (std::vector{false, false, true}));
+  for (QWidget* const window :
+       {static_cast<QWidget*>(&Experiments()), static_cast<QWidget*>(&Cultivation())})
+    EXPECT_EQ(curves(window, "picCs"), (std::vector{false, true}));
+  EXPECT_TRUE(Item("mnuExportarDados").isEnabled());
 }
 
 TEST_F(Shell, TogglesGridLinesAndServesTheClickedChart) {

@@ -1,0 +1,403 @@
+// Simulations and searches in the cultivation window, by keys and mouse.
+#include <QApplication>
+#include <QClipboard>
+#include <QPointer>
+#include <QProgressBar>
+#include <QScrollBar>
+#include <QTextDocument>
+#include <QTextEdit>
+#include <QTimer>
+#include <ostream>
+
+#include "app/charts/ChartView.h"
+#include "app/cultivation/frmRelatorio.h"
+#include "app/settings/frmParametros.h"
+#include "app/widgets/Idiomas.h"
+#include "cultivation/FitSetUp.h"
+#include "data/SafeSave.h"
+#include "estimation/ResultTexts.h"
+#include "tests/data/FileTesting.h"
+#include "tests/support/CultivationWindow.h"
+
+namespace velmora {
+namespace {
+
+TEST_F(CultivationWindow, FitsWhatTheBoxesSayToTheLastDigit) {
+  OpenFilled();
+  Click("cdmSalvar");
+  ASSERT_EQ(session.conditions.SavedCount(), 1);
+  Estimate();
+
+  const FitProblem problem = ProblemOf({Molasses()}, session.conditions);
+  SearchObserver silent;
+  const SearchResult result = Search(problem, session.settings, silent);
+  const Deviations deviations = ComputeDeviations(problem, result.best);
+  const TextStyle style{Language::English, '.'};
+  EXPECT_TRUE(Results().ends_with(FinalText(problem, result, deviations, style)));
+  EXPECT_EQ("µmáx = " + TextOf("txtMiMax") + "\nKs = " + TextOf("txtKs") + "\n",
+            ParameterLines(problem.variables, result.best, style));
+  EXPECT_EQ(session.curves[0], Objective(problem).Simulate(result.best).experiments[0].curve);
+  EXPECT_TRUE(session.CurvesPresent());
+  EXPECT_EQ(dialogs.shown.size(), 1U);  // the question alone
+
+  // The estimated values are what the next run would start from, and are no edit of the user's.
+  EXPECT_EQ(ToolTip("cmdIrVoltar"), "Return to the initial values of parameters");
+  const std::string estimated = TextOf("txtKs");
+  Click("cmdIrVoltar");
+  EXPECT_EQ(TextOf("txtKs"), "10.00");
+  session.language = Language::Portuguese;
+  Idiomas(*window, session.language);
+  EXPECT_EQ(ToolTip("cmdIrVoltar"), "Voltar aos valores dos parâmetros ajustados");
+  EXPECT_EQ(Find<QLabel>("lblAjustePar")->text(), QStringLiteral("Parâmetros estimados:"));
+  Click("cmdIrVoltar");
+  EXPECT_EQ(TextOf("txtKs"), estimated);
+  Click("cmdLimpar");
+  EXPECT_EQ(Results(), "");
+}
+
+struct RefusalCase {
+  const char* name;
+  const char* button;
+  int experiments;
+  std::vector<Edit> edits;
+  std::vector<Piece> pieces;
+  Piece title = TextId::Attention;
+};
+void PrintTo(const RefusalCase& c, std::ostream* out) {
+  *out << c.name;
+}
+
+class Refusing : public CultivationWindow, public testing::WithParamInterface<RefusalCase> {};
+
+TEST_P(Refusing, TellsOnceAndChangesNothing) {
+  const RefusalCase& c = GetParam();
+  OpenFilled(c.experiments);
+  const bool estimates = std::string_view(c.button) == "cmdAjustar";
+  if (estimates && c.experiments > 0) Click("cdmSalvar");
+  Do(c.edits);
+  const CultivationConditions before = session.conditions;
+  dialogs.shown.clear();
+  Click(c.button);
+  ASSERT_EQ(dialogs.shown.size(), 1U);
+  EXPECT_EQ(dialogs.shown[0].first.pieces, c.pieces) << dialogs.LastText();
+  EXPECT_EQ(dialogs.shown[0].first.title, c.title);
+  EXPECT_EQ(session.conditions, before);
+  EXPECT_FALSE(session.CurvesPresent());
+}
+
+const std::vector<Piece> kNotFilled = {TextId::PossibleErrors, "\n", TextId::FitEntryMissing, "\n",
+                                       TextId::BoundIsZero};
+const std::vector<Piece> kNothingTicked = {"Escolha pelo menos um parâmetro para ajustar"};
+const std::vector<Edit> kUntick = {{"chkKs"}, {"chkMiMax"}};
+const std::vector<Edit> kSecondDiffers = {
+    {"cdmNext(1)"}, {"cdmTrocarCinProd"}, {"optPNAC"}, {"cdmSalvar"}};
+const std::vector<Edit> kMarquardt = {{"cdmTrocarAjuste"}, {"optLM"}};
+
+// clang-format off
+INSTANTIATE_TEST_SUITE_P(Saving, Refusing, testing::Values(
+    RefusalCase{"NoExperiment", "cdmSalvar", 0, {}, {TextId::NoExperimentSelected}},
+    RefusalCase{"LowerBoundOfZero", "cdmSalvar", 1, {{"txtLimInf(2)", "0"}}, kNotFilled},
+    RefusalCase{"ValueOutside", "cdmSalvar", 1, {{"txtKs", "41"}}, {TextId::FitEntryOutOfBounds}},
+    RefusalCase{"ModelNotConfirmed", "cdmSalvar", 1, {{"cdmTrocarModelo"}}, {TextId::ConfirmModel}},
+    RefusalCase{"NothingTicked", "cdmSalvar", 1, kUntick, {TextId::NothingFitted}},
+    RefusalCase{"EmptyYield", "cdmSalvar", 1, {{"txtYxs", ""}}, {TextId::YxsNotPositive}}));
+INSTANTIATE_TEST_SUITE_P(Estimating, Refusing, testing::Values(
+    RefusalCase{"EmptyBound", "cmdAjustar", 1, {{"txtLimSup(1)", ""}}, kNotFilled},
+    RefusalCase{"ValueOutside", "cmdAjustar", 1, {{"txtMiMax", "0.04"}}, {TextId::FitEntryOutOfBounds}},
+    RefusalCase{"NothingTicked", "cmdAjustar", 1, kUntick, kNothingTicked, "Aviso"},
+    RefusalCase{"NoExperiment", "cmdAjustar", 0, {}, {TextId::NoExperiment}},
+    RefusalCase{"OneOfTwoSaved", "cmdAjustar", 2, {}, {TextId::CountsDiffer, "\n", {TextId::ConditionsMissing, {"2"}}}},
+    RefusalCase{"OptionsDiffer", "cmdAjustar", 2, kSecondDiffers, {TextId::OptionsDiffer, "\n", TextId::OptionsFootnote}},
+    RefusalCase{"NoSuchMethodYet", "cmdAjustar", 1, kMarquardt,
+                {TextId::NoLevenbergMarquardt}}));
+// clang-format on
+
+TEST_F(CultivationWindow, ShowsTheReportOfTheRunAndSavesIt) {
+  OpenFilled();
+  Click("cdmSalvar");
+  Estimate();
+  const std::string estimated = TextOf("txtKs");
+  Click("cmdIrVoltar");
+  const auto ofTheRun = ReportPictures(session.lists, session.curves, session.gridLines, '.');
+  session.curves[0].Cx.fill(0);  // another calculation, after the run
+  Click("cmdRelatorio");
+  auto* const text = Find<QTextEdit>("RichTextBox1");
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(text->window()));
+  EXPECT_EQ(text->verticalScrollBar()->value(), 0);
+  EXPECT_GT(text->verticalScrollBar()->maximum(), 0);
+  QTest::keyClicks(text, QStringLiteral("typed"));
+  const auto shown = [&] { return text->toPlainText().toStdString(); };
+  EXPECT_TRUE(shown().starts_with("Report of estimated kinetic parameters\nVersion 1.0\n"));
+  EXPECT_NE(shown().find("\nKs = " + estimated + " +/- "), std::string::npos);
+  const auto picture = [&](int index) {
+    const QUrl url(QString::fromStdString(rich::PictureName(index)));
+    return text->document()->resource(QTextDocument::ImageResource, url).value<QImage>();
+  };
+  for (int i = 0; i < 3; ++i) {
+    const std::string& png = ofTheRun.at(static_cast<std::size_t>(i)).picture.png;
+    EXPECT_EQ(picture(i), QImage::fromData(QByteArray::fromStdString(png)));
+  }
+
+  session.language = Language::Portuguese;
+  Idiomas(*text->window(), session.language);
+  EXPECT_TRUE(shown().starts_with("Relatório do ajuste de parâmetros cinéticos\n"));
+  EXPECT_FALSE(picture(2).isNull());
+
+  const TemporaryFolder folder;
+  dialogs.files = {
+      {}, QStringLiteral("/nowhere/report.rtf"), QString::fromStdString(folder / "report.rtf")};
+  Click("cmdSalvar");  // cancelled
+  EXPECT_EQ(dialogs.shown.size(), 1U);
+  Click("cmdSalvar");
+  EXPECT_NE(dialogs.details.back().indexOf(QStringLiteral("/nowhere")), -1);
+  Click("cmdSalvar");
+  const std::string report = ReadWholeFile(folder / "report.rtf").bytes;
+  EXPECT_NE(report.find("Relat\\'f3rio"), std::string::npos);
+  EXPECT_NE(report.find("Ks = " + estimated + " +/- "), std::string::npos);
+  const QPointer<QWidget> open = text->window();
+  QTest::keyClick(text->window(), Qt::Key_Escape);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return open.isNull(); }));
+}
+
+TEST_F(CultivationWindow, RefusesWhatIsNotChosenAndEqualBounds) {
+  Open();
+  Click("cdmSalvar");
+  EXPECT_EQ(dialogs.LastText(), "Fitting method has not been selected.");
+  Do({{"optManual"}, {"cdmSalvar"}});
+  EXPECT_EQ(dialogs.LastText(), "The production kinetic model was not selected.");
+  session.lists.Clear();
+  dialogs.shown.clear();
+  OpenFilled();
+  Click("cdmSalvar");
+  for (const char* box : {"txtMiMax", "txtLimInf(1)", "txtLimSup(1)"}) Type(box, "0.2");
+  Click("cdmSalvar");
+  Estimate();
+  ASSERT_EQ(dialogs.shown.size(), 2U);
+  EXPECT_EQ(dialogs.LastText(), "Check the bound values.");
+  EXPECT_FALSE(window->Running());
+  EXPECT_FALSE(Enabled("cmdRelatorio"));
+}
+
+TEST_F(CultivationWindow, StopsBetweenGenerationsAndRunsAgain) {
+  OpenFilled();
+  Click("cdmSalvar");
+  session.settings.EPS = 0;  // no generation converges
+  session.settings.ITER = 1e6;
+  QTimer::singleShot(200, window.get(), [this] {
+    EXPECT_TRUE(window->Running());
+    for (const char* name : {"cmdAjustar", "cdmSalvar", "txtKs", "cdmBackExp", "cmdLimpar"})
+      EXPECT_FALSE(Enabled(name)) << name;
+    for (const char* name : {"txtResultados", "picCx"}) EXPECT_TRUE(Enabled(name)) << name;
+    Find<QPlainTextEdit>("txtResultados")->verticalScrollBar()->setValue(3);
+    dialogs.answers = {Answer::No};
+    Click("Command1");
+  });
+  QTimer::singleShot(500, window.get(), [this] {
+    ASSERT_TRUE(window->Running());  // the answer was No
+    EXPECT_EQ(Find<QPlainTextEdit>("txtResultados")->verticalScrollBar()->value(), 3);
+    dialogs.answers = {Answer::Yes};
+    Click("Command1");
+  });
+  Estimate();
+  EXPECT_TRUE(Results().ends_with("Estimate was not completed:  \n"));
+  EXPECT_TRUE(Enabled("cmdRelatorio") && Enabled("txtKs") && !Enabled("Command1"));
+  EXPECT_EQ(dialogs.LastText(), "Are you sure you want to stop the estimation?");
+
+  session.settings.EPS = 1e-5;
+  Estimate();
+  EXPECT_TRUE(Results().ends_with("End of estimation.\n"));
+}
+
+TEST_F(CultivationWindow, SimulatesWithoutQuestionOrTicksAndExports) {
+  OpenFilled();
+  Do({{"chkMiMax"}, {"chkKs"}, {"optManual"}, {"cdmSalvar"}, {"cmdAjustar"}});
+  EXPECT_TRUE(dialogs.shown.empty());
+  ASSERT_TRUE(session.CurvesPresent());
+  window->ExportarDados();
+  const QStringList lines = QApplication::clipboard()->text().split(QStringLiteral("\r\n"));
+  ASSERT_EQ(lines.size(), 104);
+  EXPECT_EQ(lines[0], QStringLiteral("Experimento: 1"));
+  EXPECT_EQ(lines[2], QStringLiteral("0.0000\t1.1060\t75.0493\t0.0000"));
+
+  // Without Kis the inhibition term divides by zero.
+  Click("cdmTrocarModelo");
+  Choose("Andrews");
+  Do({{"cmdConfirmarModelo"}, {"cdmSalvar"}, {"cmdAjustar"}});
+  EXPECT_EQ(Results(),
+            "Estimate was not completed:  division by zero in the substrate-inhibition term "
+            "(experiment 1, point 1 of 100)\n");
+}
+
+TEST_F(CultivationWindow, RefusesARunOverAnyUnsavedEdit) {
+  OpenFilled();
+  Click("cdmSalvar");
+  const std::vector<std::vector<Edit>> unsaved = {{{"txtYxs", "0.3"}},
+                                                  {{"txtLimSup(2)", "30"}},
+                                                  {{"txtKs", "9"}},
+                                                  {{"chkKs"}},
+                                                  {{"cdmTrocarAjuste"}, {"optManual"}},
+                                                  {{"cdmTrocarCinProd"}, {"optPPAC"}}};
+  for (const std::vector<Edit>& edits : unsaved) {
+    dialogs.shown.clear();
+    Do(edits);
+    Click("cmdAjustar");
+    ASSERT_EQ(dialogs.shown.size(), 1U) << edits.back().control;
+    EXPECT_EQ(dialogs.shown.back().first.pieces,
+              (std::vector<Piece>{TextId::SaveConditionsOf, "1", TextId::BeforeRun}))
+        << edits.back().control;
+    EXPECT_FALSE(session.CurvesPresent());
+    // Other words for what is saved are no edits.
+    Do({{"txtYxs", "0.2860"}, {"txtLimSup(2)", "40.0"}, {"txtKs", "10.00"}});
+    for (const char* chosen : {"optED", "optPAC"})
+      if (!Find<QAbstractButton>(chosen)->isChecked()) Click(chosen);
+    if (!Find<QAbstractButton>("chkKs")->isChecked()) Click("chkKs");
+  }
+  Estimate();
+  EXPECT_TRUE(session.CurvesPresent());
+}
+
+TEST_F(CultivationWindow, StoresTheEstimatedValuesFromWhichTheNextRunStarts) {
+  OpenFilled(2);
+  Do({{"cdmSalvar"}, {"cdmNext(1)"}, {"cdmSalvar"}});
+  Estimate();
+  const std::vector<double> best = session.lastRun->outcome.result.best;
+  EXPECT_EQ(session.conditions.At(1).row[At::Ks], 10) << "they are not the user's yet";
+  session.settings.IU = 1234;
+  Estimate();
+  const FinishedRun& second = *session.lastRun;
+  EXPECT_EQ(dialogs.shown.size(), 2U) << "the two questions alone";
+  EXPECT_EQ(second.outcome.problem.variables[1].start, best[1]);
+  EXPECT_EQ(session.conditions.fitted, second.outcome.problem.variables);
+  for (const int place : {1, 2}) EXPECT_EQ(session.conditions.At(place).row[At::Ks], best[1]);
+
+  dialogs.shown.clear();
+  Do({{"cdmTrocarAjuste"}, {"optManual"}, {"cdmSalvar"}, {"cmdIrVoltar"}, {"cmdAjustar"}});
+  EXPECT_EQ(dialogs.shown.back().first.pieces.front(), Piece(TextId::OptionsDiffer));
+  Show(ClearAll(session));
+  EXPECT_EQ(Results(), "");
+  EXPECT_FALSE(Enabled("cmdRelatorio") || Enabled("cmdIrVoltar"));
+}
+
+TEST_F(CultivationWindow, RunsWithTheSettingsOfItsStart) {
+  OpenFilled();
+  Click("cdmSalvar");
+  session.settings.EPS = -1;  // no generation converges
+  const EstimationSettings atStart = session.settings;
+  frmParametros settings(session, dialogs);
+  settings.show();
+  const auto type = [&](const char* name, const char* text) {
+    auto* const box = settings.findChild<QLineEdit*>(QLatin1StringView(name));
+    box->selectAll();
+    QTest::keyClicks(box, QLatin1StringView(text));
+  };
+  QTimer::singleShot(0, window.get(), [&] {
+    ASSERT_TRUE(window->Running());
+    for (const auto& [name, text] : {std::pair("txtNPOP", "5000"),
+                                     {"txtITER", "999"},
+                                     {"txtFACT", "0.5"},
+                                     {"txtEPS", "0.0001"}})
+      type(name, text);
+    settings.findChild<QAbstractButton*>(QStringLiteral("cdmAtualizar"))->click();
+    ASSERT_EQ(session.settings.NPOP, 5000) << dialogs.LastText();
+  });
+  Estimate();
+  SearchObserver silent;
+  const SearchOutcome& run = session.lastRun->outcome;
+  const SearchResult expected = Search(run.problem, atStart, silent);
+  EXPECT_EQ(run.result.best, expected.best);
+  EXPECT_EQ(run.result.generations, 200);
+  EXPECT_EQ(Find<QProgressBar>("progresso")->maximum(), 200);
+}
+
+/// With a Moser model whose exponent overflows the substrate's power from 164.4 on.
+const std::vector<Edit> kOverflowing = {
+    {"chku"}, {"txtu", "1"}, {"txtLimInf(9)", "0.5"}, {"txtLimSup(9)", "165"}};
+
+TEST_F(CultivationWindow, ShowsWhatWasFoundBeforeALateFault) {
+  OpenFilled();
+  Click("cdmTrocarModelo");
+  Choose("Moser");
+  Click("cmdConfirmarModelo");
+  Do(kOverflowing);
+  Click("cdmSalvar");
+  session.settings = {20, 1e5, 0.8, 0.8, 0.01, -1, 1001};
+  Estimate();
+  const SearchResult& result = session.lastRun->outcome.result;
+  ASSERT_EQ(result.end, SearchEnd::Fault);
+  ASSERT_GT(result.generations, 1);
+  EXPECT_NE(Results().find("Estimate was not completed:  overflow in the substrate power Cs^u"),
+            std::string::npos);
+  EXPECT_TRUE(Results().ends_with("found before this are those of generation " +
+                                  std::to_string(result.bestGeneration) + ".\n"));
+  EXPECT_EQ(TextOf("txtKs"), Formatted(result.best[1], kTwoToThirteen, '.'));
+  EXPECT_EQ(Find<QLabel>("lblAjustePar")->text(), QStringLiteral("Estimated parameters:"));
+  EXPECT_TRUE(Enabled("cmdRelatorio") && Enabled("cmdIrVoltar"));
+  EXPECT_TRUE(session.CurvesPresent());
+}
+
+TEST_F(CultivationWindow, AnnouncesNoValuesWhereAFaultLeftNone) {
+  OpenFilled();
+  Click("cdmTrocarModelo");
+  Choose("Moser");
+  Click("cmdConfirmarModelo");
+  Do(kOverflowing);
+  Do({{"txtu", "165"}, {"cdmSalvar"}});  // the start itself overflows
+  Estimate();
+  EXPECT_TRUE(Results().starts_with("Estimate was not completed:  overflow"));
+  EXPECT_FALSE(Find<QLabel>("lblAjustePar")->isVisible());
+  EXPECT_FALSE(Enabled("cmdRelatorio") || Enabled("cmdIrVoltar") || session.CurvesPresent());
+}
+
+TEST_F(CultivationWindow, EmptiesOldResultsBeforeANewRefusal) {
+  OpenFilled();
+  Click("cdmSalvar");
+  Estimate();
+  ASSERT_FALSE(Results().empty());
+  Do({{"txtLimInf(1)", ""}, {"cmdAjustar"}});
+  EXPECT_EQ(dialogs.shown.back().first.pieces, kNotFilled);
+  EXPECT_EQ(Results(), "");
+  EXPECT_FALSE(Find<QLabel>("lblAjustePar")->isVisible());
+  EXPECT_TRUE(Enabled("cmdRelatorio")) << "the report of the run is still to be had";
+}
+
+TEST_F(CultivationWindow, KeepsTheHeadingOfARunThroughASwitchOfTheLanguage) {
+  OpenFilled();
+  Click("cdmSalvar");
+  session.settings.EPS = -1;
+  QTimer generation;
+  QObject::connect(&generation, &QTimer::timeout, window.get(), [&] {
+    if (Results().empty()) return;
+    generation.stop();
+    ASSERT_TRUE(window->Running());
+    session.language = Language::Portuguese;
+    Idiomas(*window, session.language);
+    EXPECT_EQ(Find<QAbstractButton>("cdmSalvar")->text(), QStringLiteral("Salvar"));
+    EXPECT_EQ(Find<QLabel>("lblAjustePar")->text(), QStringLiteral("Estimating parameters:"));
+  });
+  generation.start(0);
+  Estimate();
+  EXPECT_TRUE(Results().starts_with("**********Estimated parameters**********"));
+  EXPECT_NE(Results().find("**********Parâmetros estimados**********"), std::string::npos);
+  EXPECT_EQ(Find<QLabel>("lblAjustePar")->text(), QStringLiteral("Parâmetros estimados:"));
+}
+
+TEST_F(CultivationWindow, DrawsACurveUpToItsFault) {
+  OpenFilled();
+  // Death in steps of 1000 h at 1000/h grows without bound.
+  Do({{"txtkd", "1000"},
+      {"txtCs1", "999"},
+      {"txtTempo", "99000"},
+      {"optManual"},
+      {"cdmSalvar"},
+      {"cmdAjustar"}});
+  const int points = session.curves[0].points;
+  ASSERT_TRUE(points > 2 && points < 100);
+  EXPECT_NE(Results().find("point " + std::to_string(points + 1) + " of 100"), std::string::npos);
+  EXPECT_EQ(Find<ChartView>("picCx")->Content().experiments[0].curve.size(),
+            static_cast<std::size_t>(points));
+  window->ExportarDados();
+  EXPECT_EQ(QApplication::clipboard()->text().count(QLatin1Char('\n')), points + 3);
+}
+
+}  // namespace
+}  // namespace velmora

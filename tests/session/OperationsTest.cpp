@@ -1,0 +1,263 @@
+// What the user's operations change in the state, and what they leave as it is.
+#include <gtest/gtest.h>
+
+#include "data/ExperimentFile.h"
+#include "data/SafeSave.h"
+#include "session/Operations.h"
+#include "tests/data/FileTesting.h"
+
+namespace velmora {
+namespace {
+
+Experiment Numbered(std::int16_t number, double first = 0.5) {
+  return {number, "", {0, 10, 30}, {first, 3, 20}, {60, 40, 2}, {0, 4, 25}, 30, true};
+}
+
+/// A form that can be saved: Monod, its two parameters fitted.
+CultivationForm Filled() {
+  CultivationForm form;
+  form.boxes.fill("0");
+  form.At(At::Cx0) = "0.5", form.At(At::Cs0) = "60", form.At(At::T) = "30";
+  form.At(At::Yxs) = "0.3", form.At(At::YpsTyped) = "0.45", form.At(At::alpha) = "1.25";
+  form.At(At::muMax) = "0.2", form.At(At::Ks) = "10";
+  form.fit[0] = {true, "0.05", "1"};
+  form.fit[1] = {true, "1", "30"};
+  form.method = Method::ED;
+  form.production = Production::PAC;
+  form.yields = Yields::Global;
+  form.model = "Monod";
+  form.modelConfirmed = true;
+  return form;
+}
+
+/// Experiments 1, 2, ... with their conditions and with curves that are told apart.
+Session Cultivation(int experiments) {
+  Session session;
+  session.separator = '.';
+  for (int place = 1; place <= experiments; ++place) {
+    session.lists.Append(Numbered(static_cast<std::int16_t>(place)), {});
+    if (place > kMostExperiments) continue;
+    EXPECT_FALSE(SaveConditions(session, Filled(), place).refusal);
+    ModelCurve& curve = session.curves.at(static_cast<std::size_t>(place) - 1);
+    curve.points = 100;
+    curve.Cx[0] = place;
+  }
+  return session;
+}
+
+const Message kUnsaved = Attention({TextId::SaveConditionsOf, "2", TextId::BeforeRun});
+
+FinishedRun RunWith(double estimatedKs) {
+  FinishedRun run;
+  run.outcome.problem.variables = {{At::muMax, 0.05, 1, 0.2}, {At::Ks, 1, 30, 10}};
+  run.outcome.result.best = {0.3, estimatedKs};
+  return run;
+}
+
+TEST(DeleteExperiment, TakesConditionsAndCurveAlongAndMovesTheLaterOnes) {
+  Session session = Cultivation(10);
+  session.lastRun = RunWith(12);
+  EXPECT_TRUE(DeleteExperiment(session, 11).refusal);
+  EXPECT_EQ(session.lists.Count(), 10);
+  const ExperimentDeleted deleted = DeleteExperiment(session, 2);
+  EXPECT_TRUE(deleted.change.lists && deleted.change.conditions && deleted.change.curves);
+  EXPECT_EQ(deleted.change.deleted, 2);
+  EXPECT_EQ(session.lists.At(2).number, 3);
+  EXPECT_EQ(session.conditions.At(2).number, 3);
+  EXPECT_EQ(session.curves[1].Cx[0], 3);
+  EXPECT_EQ(session.curves[7].Cx[0], 9);
+  EXPECT_EQ(session.curves[8].points, 0);
+  EXPECT_FALSE(session.conditions.At(9).saved) << "the tenth had none";
+  EXPECT_TRUE(session.lastRun) << "others were fitted as well";
+
+  while (session.conditions.SavedCount() > 1) DeleteExperiment(session, 1);
+  EXPECT_TRUE(DeleteExperiment(session, 1).change.results);
+  EXPECT_FALSE(session.lastRun);
+}
+
+TEST(SaveExperiment, WithdrawsTheCurveOfOtherData) {
+  Session session = Cultivation(3);
+  Experiment described = Numbered(2);
+  described.description = "glucose";
+  const Change same = SaveExperiment(session, described, {}, 2).change;
+  EXPECT_TRUE(same.lists && !same.curves && same.remeasured == 0);
+  const Change other = SaveExperiment(session, Numbered(2, 0.7), {}, 2).change;
+  EXPECT_TRUE(other.curves);
+  EXPECT_EQ(other.remeasured, 2);
+  EXPECT_EQ(session.curves[1].points, 0);
+  EXPECT_EQ(session.curves[2].points, 100);
+  EXPECT_TRUE(session.conditions.At(2).saved);
+
+  session.lists.Append(Numbered(2), {});  // as a file may have it
+  EXPECT_EQ(SaveExperiment(session, Numbered(2, 0.8), {}, 4).place, 4);
+  EXPECT_EQ(session.lists.At(2), Numbered(2, 0.7));
+  EXPECT_EQ(SaveExperiment(session, Numbered(9), {}, 4).place, 5);
+}
+
+TEST(OpenExperiments, ReplacesAllOrNothing) {
+  const TemporaryFolder folder;
+  Session session = Cultivation(2);
+  session.lastRun = RunWith(12);
+  ASSERT_FALSE(SafeSave(folder / "bad.abr", "one\r\ntwo\r\nthree\r\n"));
+  const ExperimentsOpened bad = OpenExperiments(session, folder / "bad.abr");
+  EXPECT_TRUE(bad.fault && !bad.opened && !bad.change.lists);
+  EXPECT_EQ(session.lists.Count(), 2);
+  EXPECT_TRUE(session.lastRun && session.CurvesPresent());
+
+  ExperimentLists twice;
+  for (const double first : {0.5, 0.6}) twice.Append(Numbered(4, first), {});
+  ASSERT_FALSE(WriteExperiments(twice, folder / "twice.abr"));
+  const ExperimentsOpened opened = OpenExperiments(session, folder / "twice.abr");
+  EXPECT_TRUE(opened.opened && opened.remark && opened.change.replaced);
+  EXPECT_EQ(session.lists.At(2).Cx[0], 0.6);
+  EXPECT_EQ(session.conditions, CultivationConditions());
+  EXPECT_FALSE(session.lastRun || session.CurvesPresent());
+}
+
+TEST(OpenConditions, ChangesNothingUnlessTheyBelongToTheExperiments) {
+  const TemporaryFolder folder;
+  Session session = Cultivation(2);
+  session.activeWindow = kCultivationWindow;
+  ASSERT_FALSE(WriteConditionsFile(session, folder / "two.abr"));
+  session.lists.Append(Numbered(3), {});
+  const CultivationConditions before = session.conditions;
+  const ConditionsOpened refused = OpenConditions(session, folder / "two.abr");
+  EXPECT_TRUE(refused.refusal && !refused.change.conditions);
+  EXPECT_TRUE(OpenConditions(session, folder / "none.abr").fault);
+  EXPECT_TRUE(session.conditions == before && session.CurvesPresent());
+
+  DeleteExperiment(session, 3);
+  ClearConditions(session, 1);
+  EXPECT_EQ(session.conditions.fitted.size(), 2U);
+  ClearConditions(session, 2);
+  EXPECT_TRUE(session.conditions.fitted.empty()) << "the table goes with the last";
+  const ConditionsOpened opened = OpenConditions(session, folder / "two.abr");
+  EXPECT_TRUE(opened.change.conditions && opened.messages.size() == 1);
+  EXPECT_EQ(session.conditions, before);
+  EXPECT_FALSE(session.CurvesPresent());
+}
+
+TEST(WriteConditionsFile, TellsTheActiveWindow) {
+  const TemporaryFolder folder;
+  Session session = Cultivation(1);
+  for (const char* window : {kExperimentsWindow, kCultivationWindow}) {
+    session.activeWindow = window;
+    ASSERT_FALSE(WriteConditionsFile(session, folder / "c.abr"));
+    EXPECT_EQ(BytesOf(folder / "c.abr").find("Batelada") != std::string::npos,
+              window == kCultivationWindow);
+  }
+}
+
+TEST(SaveConditions, RefusesATenthExperiment) {
+  Session session = Cultivation(10);
+  const ConditionsSaved saved = SaveConditions(session, Filled(), 10);
+  ASSERT_TRUE(saved.refusal);
+  EXPECT_EQ(saved.refusal->message, Attention({TextId::CountsDiffer}));
+  EXPECT_FALSE(saved.change.conditions);
+}
+
+TEST(RefuseStart, TakesEveryEditAlike) {
+  const Session session = Cultivation(2);
+  EXPECT_FALSE(RefuseStart(session, Filled(), 2));
+  void (*const edits[])(CultivationForm&) = {
+      [](CultivationForm& f) { f.At(At::Yxs) = "0.31"; },
+      [](CultivationForm& f) { f.At(At::T) = "."; },
+      [](CultivationForm& f) { f.At(At::muMax) = "0.21"; },
+      [](CultivationForm& f) { f.fit[0].lower = "0.06"; },
+      [](CultivationForm& f) { f.fit[1].upper = "31"; },
+      [](CultivationForm& f) { f.fit[1].ticked = false; },
+      [](CultivationForm& f) { f.method = Method::Manual; },
+      [](CultivationForm& f) { f.production = Production::PPAC; },
+      [](CultivationForm& f) { f.yields = Yields::Stoichiometric; },
+      [](CultivationForm& f) { f.model = "Contois"; }};
+  for (std::size_t i = 0; i < std::size(edits); ++i) {
+    CultivationForm form = Filled();
+    edits[i](form);
+    const auto refusal = RefuseStart(session, form, 2);
+    ASSERT_TRUE(refusal) << i;
+    EXPECT_EQ(refusal->message, kUnsaved) << i;
+  }
+  CultivationForm same = Filled();
+  same.At(At::Yxs) = "0.30", same.fit[1].upper = "30.0";
+  same.At(At::Kis) = "7", same.fit[3].lower = "2";  // which the model has not, or nobody ticked
+  same.modelConfirmed = false;
+  EXPECT_FALSE(RefuseStart(session, same, 2));
+}
+
+TEST(RefuseStart, KnowsAnEstimatedValueFromAnEdit) {
+  Session session = Cultivation(2);
+  session.lastRun = RunWith(12.3456789);
+  CultivationForm form = Filled();
+  form.At(At::Ks) = {"12.3457", 12.3456789};
+  EXPECT_FALSE(RefuseStart(session, form, 2));
+  form.At(At::Ks) = "12.3457";
+  EXPECT_EQ(RefuseStart(session, form, 2)->message, kUnsaved);
+  // A simulation would not use it.
+  CultivationForm simulates = Filled();
+  simulates.method = Method::Manual;
+  for (const int place : {1, 2}) ASSERT_FALSE(SaveConditions(session, simulates, place).refusal);
+  EXPECT_FALSE(RefuseStart(session, simulates, 2));
+  simulates.At(At::Ks) = {"12.3457", 12.3456789};
+  EXPECT_EQ(RefuseStart(session, simulates, 2)->message, kUnsaved);
+}
+
+TEST(RefuseStart, ChecksInOrder) {
+  Session session;
+  session.separator = '.';
+  CultivationForm form = Filled();
+  form.fit[0].lower = "0";
+  EXPECT_EQ(RefuseStart(session, form, 0)->box, At::muMax);
+  EXPECT_EQ(RefuseStart(session, Filled(), 0)->message, Attention({TextId::NoExperiment}));
+  session = Cultivation(2);
+  form = Filled();
+  form.method = Method::LM;
+  EXPECT_EQ(RefuseStart(session, form, 2)->message, Attention({TextId::NoLevenbergMarquardt}));
+  ClearConditions(session, 1);
+  EXPECT_EQ(RefuseStart(session, form, 2)->message.pieces.front(), Piece(TextId::CountsDiffer));
+}
+
+TEST(StartSearch, StoresItsStartValuesForAllExperiments) {
+  Session session = Cultivation(2);
+  session.lastRun = RunWith(12);
+  CultivationForm form = Filled();
+  form.At(At::Ks) = "12";
+  const FitProblem problem = StartSearch(session, form);
+  EXPECT_EQ(problem.variables[1], (FitVariable{At::Ks, 1, 30, 12}));
+  EXPECT_EQ(session.conditions.fitted, problem.variables);
+  for (const int place : {1, 2}) EXPECT_EQ(session.conditions.At(place).row[At::Ks], 12);
+  EXPECT_FALSE(session.conditions.At(3).saved);
+
+  form.fit[1] = {true, "12", "12"};  // which the search will refuse
+  const CultivationConditions before = session.conditions;
+  StartSearch(session, form);
+  EXPECT_EQ(session.conditions, before);
+}
+
+TEST(EndSearch, KeepsTheLastRunWithAResultAsItWas) {
+  Session session = Cultivation(2);
+  SearchOutcome outcome = RunWith(12).outcome;
+  outcome.curves[1].points = 100;
+  EXPECT_TRUE(EndSearch(session, outcome).curves);
+  DeleteExperiment(session, 1);
+  EXPECT_EQ(session.lastRun->lists.Count(), 2);
+  EXPECT_TRUE(session.lastRun->conditions.At(2).saved);
+
+  outcome.result = {};  // a fault before there was a best vector
+  outcome.curves = {};
+  EXPECT_FALSE(EndSearch(session, outcome).curves);
+  EXPECT_EQ(session.lastRun->outcome.result.best[1], 12);
+  EXPECT_TRUE(session.CurvesPresent());
+}
+
+TEST(Simulate, EndsAFaultsCurveAndDrawsTheOthers) {
+  Session session = Cultivation(2);
+  session.conditions.At(1).row[At::Yxs] = 0;
+  const Simulated simulated = Simulate(session);
+  ASSERT_EQ(simulated.faults.size(), 1U);
+  EXPECT_TRUE(simulated.change.curves);
+  EXPECT_EQ(session.curves[0].points, simulated.faults[0].point - 1);
+  EXPECT_EQ(session.curves[1].points, 100);
+}
+
+}  // namespace
+}  // namespace velmora
