@@ -11,6 +11,7 @@
 #include "app/widgets/Icons.h"
 
 class QDialog;
+class QLineEdit;
 class QPushButton;
 
 namespace velmora {
