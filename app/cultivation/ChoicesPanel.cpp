@@ -20,11 +20,12 @@ constexpr std::array<GroupNames, 3> kGroups = {{{"frameMetodo", "cdmTrocarAjuste
                                                 {"frameCinetProd", "cdmTrocarCinProd"}}};
 
 constexpr std::array<RadioOption, 3> kMethods = {{{static_cast<int>(Method::Manual), "optManual"},
-                                             {static_cast<int>(Method::ED), "optED"},
-                                             {static_cast<int>(Method::LM), "optLM"}}};
-constexpr std::array<RadioOption, 3> kProductions = {{{static_cast<int>(Production::PAC), "optPAC"},
-                                                 {static_cast<int>(Production::PPAC), "optPPAC"},
-                                                 {static_cast<int>(Production::PNAC), "optPNAC"}}};
+                                                  {static_cast<int>(Method::ED), "optED"},
+                                                  {static_cast<int>(Method::LM), "optLM"}}};
+constexpr std::array<RadioOption, 3> kProductions = {
+    {{static_cast<int>(Production::PAC), "optPAC"},
+     {static_cast<int>(Production::PPAC), "optPPAC"},
+     {static_cast<int>(Production::PNAC), "optPNAC"}}};
 
 }  // namespace
 
@@ -93,13 +94,15 @@ void ChoicesPanel::Wire() {
 void ChoicesPanel::SetForm(const CultivationForm& form) {
   methods_->Choose(static_cast<int>(form.method));
   productions_->Choose(static_cast<int>(form.production));
-  for (std::size_t i = 0; i < data_.size(); ++i) data_[i]->setChecked(form.dataSet[data_.size() - 1 - i]);
+  for (std::size_t i = 0; i < data_.size(); ++i)
+    data_[i]->setChecked(form.dataSet[data_.size() - 1 - i]);
 }
 
 void ChoicesPanel::ReadInto(CultivationForm& form) const {
   form.method = static_cast<Method>(methods_->Chosen());
   form.production = static_cast<Production>(productions_->Chosen());
-  for (std::size_t i = 0; i < data_.size(); ++i) form.dataSet[data_.size() - 1 - i] = data_[i]->isChecked();
+  for (std::size_t i = 0; i < data_.size(); ++i)
+    form.dataSet[data_.size() - 1 - i] = data_[i]->isChecked();
 }
 
 void ChoicesPanel::SetFixed(bool fixed) {

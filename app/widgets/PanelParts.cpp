@@ -73,7 +73,8 @@ void GoToBox(QLineEdit& box) {
   box.selectAll();
 }
 
-OptionGroup::OptionGroup(std::span<const RadioOption> options, QWidget* parent) : QButtonGroup(parent) {
+OptionGroup::OptionGroup(std::span<const RadioOption> options, QWidget* parent)
+    : QButtonGroup(parent) {
   for (const RadioOption& option : options)
     addButton(Named<QRadioButton>(option.name, parent), option.value);
 }
