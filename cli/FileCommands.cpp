@@ -80,9 +80,9 @@ std::string ConditionsReport(const CheckOptions& options, std::string_view bytes
 }
 
 [[noreturn]] void Refuse(const TableFault& fault, const std::string& path, const Wording& say) {
-  if (fault.text == TextId::NoSuchLabel)
+  if (fault.text == TextId::LabelMissing)
     throw Failure{ExitCode::Refused,
-                  say(fault.text, {path, fault.arguments.at(0), fault.arguments.at(1)})};
+                  say(TextId::NoSuchLabel, {path, fault.arguments.at(0), fault.arguments.at(1)})};
   throw Failure{ExitCode::File, PlaceInFile(path, fault.line) + FaultReason(fault, say.In())};
 }
 

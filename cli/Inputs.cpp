@@ -16,7 +16,7 @@
 #include "estimation/Objective.h"
 #include "estimation/ResultTexts.h"
 #include "kinetics/ModelCurves.h"
-#include "language/FaultWords.h"
+#include "language/Message.h"
 #include "language/Numbers.h"
 
 namespace velmora::cli {

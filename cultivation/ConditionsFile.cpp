@@ -5,7 +5,6 @@
 #include <limits>
 
 #include "cultivation/CultivationForm.h"
-#include "data/FieldReader.h"
 #include "data/FileText.h"
 #include "data/SafeSave.h"
 #include "kinetics/KineticParameters.h"

@@ -8,6 +8,12 @@
 namespace velmora {
 namespace {
 
+// These are said alike in both languages.
+constexpr const char* kChooseAParameter = "Escolha pelo menos um parâmetro para ajustar";
+constexpr const char* kNotice = "Aviso";
+constexpr const char* kOverflow = "                Overflow!";
+constexpr const char* kInversionError = "ERRO 8002!";
+
 /// 0 for no number, and the infinite for one that no double holds: neither can be fitted.
 double ValueOf(const Entry& box, char separator) {
   if (box.OutOfRange(separator)) return std::numeric_limits<double>::infinity();
@@ -59,8 +65,7 @@ std::optional<Refusal> RefuseFitRows(std::span<const FitVariable> table) {
 std::optional<Refusal> ChecarVarAjustadas(std::span<const FitVariable> table) {
   if (auto refusal = RefuseFitRows(table)) return refusal;
   if (!table.empty()) return std::nullopt;
-  return Refusal{{{"Escolha pelo menos um parâmetro para ajustar"}, "Aviso", Icon::Information},
-                 std::nullopt};
+  return Refusal{{{kChooseAParameter}, kNotice, Icon::Information}, std::nullopt};
 }
 
 Message SettingsRefusal() {
@@ -72,9 +77,7 @@ Message BoundsRefusal() {
 }
 
 Message InversionMessage() {
-  return {{"                Overflow!", "\n", "\n", TextId::ChangeParameters},
-          "ERRO 8002!",
-          Icon::Critical};
+  return {{kOverflow, "\n", "\n", TextId::ChangeParameters}, kInversionError, Icon::Critical};
 }
 
 FitProblem ProblemOf(const std::vector<Experiment>& experiments,

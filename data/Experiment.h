@@ -1,6 +1,7 @@
 // The record of one measured batch experiment, and how it is drawn.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <string>
@@ -57,6 +58,9 @@ inline constexpr std::array<Colour, 6> kColours = {{{"Azul", 0xFF0000},
                                                     {"Preto", 0x000000}}};
 
 /// The marker's number 1..8, or 0 for a name that is none of them.
-int MarkerNumber(std::string_view name);
+constexpr int MarkerNumber(std::string_view name) {
+  const auto at = std::find(kMarkers.begin(), kMarkers.end(), name);
+  return at == kMarkers.end() ? 0 : static_cast<int>(at - kMarkers.begin()) + 1;
+}
 
 }  // namespace velmora

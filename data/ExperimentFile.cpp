@@ -5,7 +5,6 @@
 #include <limits>
 #include <utility>
 
-#include "data/FieldReader.h"
 #include "data/FileText.h"
 #include "data/SafeSave.h"
 #include "data/Windows1252.h"

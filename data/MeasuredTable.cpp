@@ -8,7 +8,6 @@
 #include <optional>
 #include <set>
 
-#include "data/Description.h"
 #include "data/ExperimentEntry.h"
 #include "language/Numbers.h"
 
@@ -174,7 +173,7 @@ void MeasuredTable::RequireLabels(const std::vector<std::string>& only) const {
     if (const auto [label, isNew] = labels.insert(Label(row)); isNew)
       names += (names.empty() ? "" : ", ") + *label;
   for (const std::string& label : only)
-    if (!labels.contains(label)) throw TableFault{TextId::NoSuchLabel, {label, names}};
+    if (!labels.contains(label)) throw TableFault{TextId::LabelMissing, {label, names}};
 }
 
 /// The whole number that a label ends in, where it can be an experiment's number.

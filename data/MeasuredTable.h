@@ -23,7 +23,7 @@ struct TableRead {
 /// all rows are one experiment. An experiment's number is the whole number that its label ends in,
 /// where all labels end in different ones, else its place; its final time is its largest. `only`
 /// names the labels to keep; empty: all. A cell that is empty, no number or negative is a fault;
-/// a label that `only` names and the table lacks is one too (`NoSuchLabel`, with the label and all
+/// a label that `only` names and the table lacks is one too (`LabelMissing`, with the label and all
 /// that there are as its arguments).
 TableRead ReadTable(std::string_view text, const std::vector<std::string>& only);
 

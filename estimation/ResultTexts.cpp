@@ -1,7 +1,7 @@
 #include "estimation/ResultTexts.h"
 
 #include "kinetics/KineticParameters.h"
-#include "language/FaultWords.h"
+#include "language/Message.h"
 #include "language/Numbers.h"
 
 namespace velmora {

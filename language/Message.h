@@ -8,6 +8,7 @@
 #include <variant>
 #include <vector>
 
+#include "kinetics/ArithmeticFault.h"
 #include "language/Texts.h"
 
 namespace velmora {
@@ -55,5 +56,10 @@ inline Message Attention(std::vector<Piece> pieces, Icon icon = Icon::Informatio
 
 /// The message's text in `language`, UTF-8, lines separated by '\n'.
 std::string Worded(const Message& message, Language language);
+
+/// The fault's kind, term, experiment and model point, as far as they apply, on one line, UTF-8:
+/// "overflow in the substrate balance (experiment 2, point 37 of 100)". `experiment` is the number
+/// of the experiment at the fault's place.
+std::string FaultDescription(const ArithmeticFault& fault, int experiment, Language language);
 
 }  // namespace velmora

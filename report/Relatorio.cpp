@@ -6,7 +6,7 @@
 #include "cultivation/OpenedConditions.h"
 #include "data/SafeSave.h"
 #include "kinetics/Modelos.h"
-#include "language/FaultWords.h"
+#include "language/Message.h"
 #include "language/Numbers.h"
 
 namespace velmora {

@@ -10,7 +10,7 @@
 #include "app/widgets/Idiomas.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/FitSetUp.h"
-#include "language/FaultWords.h"
+#include "language/Message.h"
 #include "language/Numbers.h"
 #include "report/Relatorio.h"
 

@@ -8,7 +8,7 @@
 #include <QValidator>
 
 #include "app/widgets/PanelParts.h"
-#include "data/Description.h"
+#include "data/ExperimentEntry.h"
 
 namespace velmora {
 namespace {

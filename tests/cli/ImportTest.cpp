@@ -63,6 +63,10 @@ TEST_F(Import, NumbersExperimentsInOrderWhereLabelsDoNot) {
   EXPECT_NE(BytesOf(File()).find("$1\r\n#1\r\nb1\r\n"), std::string::npos);
   ASSERT_EQ(ImportText("exp,t,Cs,Cx,Cp\na1,0,1,2,3\nb1,0,1,2,3\n").code, 0);
   EXPECT_NE(BytesOf(File()).find("#2\r\nb1\r\n"), std::string::npos);
+  const Ran refused = ImportText("exp,t,Cs,Cx,Cp\na1,0,1,2,3\nb1,0,1,2,3\n", " --only c");
+  EXPECT_EQ(refused.code, 1);
+  EXPECT_NE(refused.err.find("table.csv has no experiment \"c\"; it has a1, b1"),
+            std::string::npos);
 }
 
 TEST_F(Import, RefusesWhatItCannotRead) {

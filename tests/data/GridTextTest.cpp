@@ -3,7 +3,6 @@
 
 #include <optional>
 
-#include "data/Description.h"
 #include "data/ExperimentEntry.h"
 #include "data/GridText.h"
 
