@@ -35,6 +35,11 @@ Change Replace(Session& session, ExperimentLists lists) {
   return change;
 }
 
+std::optional<Message> AskToReplace(TextId before, int count, TextId question) {
+  if (count == 0) return std::nullopt;
+  return Attention({before, " ", std::to_string(count), " ", question}, Icon::Question);
+}
+
 /// The value that the last run found at a position.
 std::optional<double> EstimatedAt(const Session& session, At position) {
   if (!session.lastRun) return std::nullopt;
@@ -153,6 +158,11 @@ Change TakeDisplays(Session& session, std::span<const DisplayEntry> displays) {
   return change;
 }
 
+std::optional<Message> AskBeforeOpeningExperiments(const Session& session) {
+  return AskToReplace(TextId::OpeningExperimentsDeletes, session.lists.Count(),
+                      TextId::AskToReplaceExperiments);
+}
+
 ExperimentsOpened OpenExperiments(Session& session, const std::string& path) {
   ExperimentLists lists;
   const ExperimentsRead read = ReadExperiments(path, lists);
@@ -186,6 +196,11 @@ Change ClearConditions(Session& session, int place) {
   if (session.conditions.SavedCount() == 0) session.conditions.Clear();
   change.conditions = true;
   return change;
+}
+
+std::optional<Message> AskBeforeOpeningConditions(const Session& session) {
+  return AskToReplace(TextId::OpeningConditionsDeletes, session.conditions.SavedCount(),
+                      TextId::AskToReplaceConditions);
 }
 
 ConditionsOpened OpenConditions(Session& session, const std::string& path) {

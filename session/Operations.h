@@ -58,6 +58,10 @@ ExperimentDeleted DeleteExperiment(Session& session, int place);
 /// passed over.
 Change TakeDisplays(Session& session, std::span<const DisplayEntry> displays);
 
+/// What is asked, yes or no, before a file of experiments takes the place of those in the list;
+/// nothing where there are none.
+std::optional<Message> AskBeforeOpeningExperiments(const Session& session);
+
 /// What opening a file of experiments came to. A fault may come after experiments that were read;
 /// where there are none, nothing is opened and nothing changed.
 struct ExperimentsOpened {
@@ -87,6 +91,10 @@ ConditionsSaved SaveConditions(Session& session, const CultivationForm& form, in
 /// Clears what is stored of the experiment at `place`, and with the last one the fitted-parameter
 /// table. A place without a record is passed over.
 Change ClearConditions(Session& session, int place);
+
+/// What is asked, yes or no, before a file of conditions takes the place of those stored; nothing
+/// where there are none.
+std::optional<Message> AskBeforeOpeningConditions(const Session& session);
 
 /// What opening a conditions file came to: a fault of the file, or a refusal, with nothing changed;
 /// or what the user is told of what was opened.

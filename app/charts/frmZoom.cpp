@@ -1,7 +1,5 @@
 #include "app/charts/frmZoom.h"
 
-#include <QFile>
-#include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QResizeEvent>
@@ -10,7 +8,6 @@
 #include <cmath>
 #include <utility>
 
-#include "app/charts/ChartOutput.h"
 #include "app/charts/ChartView.h"
 #include "app/charts/LegendView.h"
 #include "app/charts/PlotsPanel.h"
@@ -19,8 +16,6 @@
 #include "app/charts/dlgTituloGrafico.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
-#include "data/FileFault.h"
-#include "data/SafeSave.h"
 #include "language/Numbers.h"
 #include "session/Operations.h"
 
@@ -51,7 +46,7 @@ frmZoom::frmZoom(const Session& session, Dialogs& dialogs, PlotVariable variable
     : QDialog(parent, Qt::Window),
       session_(session),
       dialogs_(dialogs),
-      printers_(std::move(printers)),
+      output_(dialogs, std::move(printers), this),
       variable_(variable),
       lists_(session.lists),
       curves_(session.curves),
@@ -134,9 +129,9 @@ void frmZoom::Do(ZoomAction action) {
     case ZoomAction::Copy:
       return CopyChart();
     case ZoomAction::Save:
-      return SaveChart();
+      return output_.Save(PictureOf(*picZoom_));
     case ZoomAction::Print:
-      return PrintChart();
+      return output_.Print(Page());
     case ZoomAction::Close:
       close();
   }
@@ -241,28 +236,6 @@ void frmZoom::CopyChart() {
   CopyPicture(picture);
 }
 
-QString frmZoom::FileToSave(const QString& filter, const QString& suffix) {
-  QString file = dialogs_.SaveFile(this, filter, suffix);
-  // A cancelled dialog gives no name at all. An empty one is blank but for the suffix.
-  if (file.isNull() || !QFileInfo(file).completeBaseName().trimmed().isEmpty()) return file;
-  dialogs_.Show(this, Attention({TextId::InvalidName}, Icon::Exclamation));
-  return {};
-}
-
-void frmZoom::SaveChart() {
-  const QString file = FileToSave(QStringLiteral("Arquivos Textos (*.bmp)"), QStringLiteral("bmp"));
-  if (!file.isEmpty()) Write(file, BitmapOf(PictureOf(*picZoom_)));
-}
-
-void frmZoom::Write(const QString& file, const QByteArray& bytes) {
-  const auto fault =
-      SafeSave(QFile::encodeName(file).toStdString(),
-               std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-  if (fault)
-    dialogs_.Show(this, {{TextId::FileError}, TextId::Error, Icon::Critical}, Buttons::Ok,
-                  QString::fromStdString(FaultDetail(*fault, session_.language)));
-}
-
 ChartPage frmZoom::Page() const {
   ChartPage page;
   page.chart = picZoom_->Content();
@@ -271,25 +244,6 @@ ChartPage frmZoom::Page() const {
   page.legendRowWord = kRowWord;
   if (!picLegenda_->isHidden()) page.legend = LegendRows(lists_);
   return page;
-}
-
-void frmZoom::PrintChart() {
-  switch (PrintPage(Page(), *printers_, this)) {
-    case PrintOutcome::NoPrinter:
-      return OfferPdf(TextId::NoPrinter);
-    case PrintOutcome::Refused:
-      return OfferPdf(TextId::PrinterRefused);
-    case PrintOutcome::Sent:
-    case PrintOutcome::Cancelled:
-      break;
-  }
-}
-
-void frmZoom::OfferPdf(TextId reason) {
-  const Message offer = Attention({reason, "\n", TextId::AskToSavePdf}, Icon::Question);
-  if (dialogs_.Show(this, offer, Buttons::YesNo) != Answer::Yes) return;
-  const QString file = FileToSave(QStringLiteral("PDF (*.pdf)"), QStringLiteral("pdf"));
-  if (!file.isEmpty()) Write(file, PdfOf(Page()));
 }
 
 void GraficoZoomSub(const Session& session, Dialogs& dialogs, QWidget* owner) {

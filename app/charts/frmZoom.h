@@ -5,7 +5,7 @@
 #include <memory>
 #include <optional>
 
-#include "app/charts/ChartOutput.h"
+#include "app/charts/ChartExport.h"
 #include "app/widgets/Dialogs.h"
 #include "charts/AxisScaling.h"
 #include "session/Session.h"
@@ -54,10 +54,6 @@ class frmZoom : public QDialog {
   void ToggleGridLines();
   void AskInterval();
   void CopyChart();
-  void SaveChart();
-  void PrintChart();
-  /// The page could not be printed for `reason`; offers a PDF file in its place.
-  void OfferPdf(TextId reason);
 
   void PlotaExpIntervalos(const TimeInterval& interval);
   void Redraw();
@@ -65,13 +61,10 @@ class frmZoom : public QDialog {
   /// Keeps the legend at its share of the chart, inside it.
   void MoveLegend(const QSize& from, const QSize& to);
   ChartPage Page() const;
-  /// The chosen file's name; empty where the user cancels, or where it is refused.
-  QString FileToSave(const QString& filter, const QString& suffix);
-  void Write(const QString& file, const QByteArray& bytes);
 
   const Session& session_;
   Dialogs& dialogs_;
-  std::unique_ptr<PrintDesk> printers_;
+  ChartExport output_;
   PlotVariable variable_;
   ExperimentLists lists_;
   ModelCurves curves_;

@@ -2,7 +2,6 @@
 
 #include <QClipboard>
 #include <QEvent>
-#include <QFile>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -21,8 +20,6 @@
 #include "cultivation/OpenedConditions.h"
 #include "cultivation/Simulation.h"
 #include "data/ExperimentEntry.h"
-#include "data/FileFault.h"
-#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
@@ -122,8 +119,8 @@ void frmCultBatelada::showEvent(QShowEvent* event) {
   session_.activeWindow = objectName().toStdString();
 }
 
-Answer frmCultBatelada::Tell(const Message& message, Buttons buttons, const QString& detail) {
-  return dialogs_.Show(this, message, buttons, detail);
+Answer frmCultBatelada::Tell(const Message& message, Buttons buttons) {
+  return dialogs_.Show(this, message, buttons);
 }
 
 void frmCultBatelada::Refuse(const Refusal& refusal) {
@@ -272,18 +269,18 @@ void frmCultBatelada::SalvarArqCondBat() {
   }
   const Message question = UnsavedQuestion();
   if (entry_->Changed() && Tell(question, Buttons::YesNo) != Answer::Yes) return;
-  const QString file =
-      dialogs_.SaveFile(this, QStringLiteral("Arquivos Textos (*.abr)"), QStringLiteral("abr"));
+  const QString file = dialogs_.SaveFile(this, kSaveFilter, kSuffix);
   if (file.isEmpty()) return;
-  TellFault(WriteConditionsFile(session_, QFile::encodeName(file).toStdString()));
+  if (const auto fault = WriteConditionsFile(session_, LocalPath(file)))
+    dialogs_.TellFault(this, *fault);
 }
 
 void frmCultBatelada::AbrirCondBat() {
-  const QString file = dialogs_.OpenFile(this, QStringLiteral("ABR abr(*.abr)"));
+  const QString file = dialogs_.OpenFile(this, kOpenFilter);
   if (file.isEmpty()) return;
   const bool first = session_.conditions.SavedCount() == 0;
-  const ConditionsOpened opened = OpenConditions(session_, QFile::encodeName(file).toStdString());
-  if (opened.fault) return TellFault(opened.fault);
+  const ConditionsOpened opened = OpenConditions(session_, LocalPath(file));
+  if (opened.fault) return dialogs_.TellFault(this, *opened.fault);
   if (opened.refusal) {
     Tell(*opened.refusal);
     return;
@@ -292,12 +289,6 @@ void frmCultBatelada::AbrirCondBat() {
   MostrarCondCult(1);
   Announce(opened.change);
   for (const Message& message : opened.messages) Tell(message);
-}
-
-void frmCultBatelada::TellFault(const std::optional<FileFault>& fault) {
-  if (!fault) return;
-  Tell({{TextId::FileError}, TextId::Error, Icon::Critical}, Buttons::Ok,
-       QString::fromStdString(FaultDetail(*fault, session_.language)));
 }
 
 }  // namespace velmora

@@ -9,7 +9,6 @@
 
 #include "app/widgets/Dialogs.h"
 #include "cultivation/CultivationForm.h"
-#include "data/FileFault.h"
 #include "session/Operations.h"
 
 namespace velmora {
@@ -70,9 +69,8 @@ class frmCultBatelada : public QWidget {
 
   /// Shows a change of this window's, and tells everybody.
   void Announce(const Change& change);
-  Answer Tell(const Message& message, Buttons buttons = Buttons::Ok, const QString& detail = {});
+  Answer Tell(const Message& message, Buttons buttons = Buttons::Ok);
   void Refuse(const Refusal& refusal);
-  void TellFault(const std::optional<FileFault>& fault);
 
   // The experiment shown.
   bool IsSaved(int place) const;

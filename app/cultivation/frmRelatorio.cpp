@@ -2,7 +2,6 @@
 
 #include <QBuffer>
 #include <QEvent>
-#include <QFile>
 #include <QHBoxLayout>
 #include <QImage>
 #include <QPainter>
@@ -16,7 +15,6 @@
 #include "app/charts/ChartPainter.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
-#include "data/FileFault.h"
 #include "report/ReportCharts.h"
 
 namespace velmora {
@@ -124,9 +122,7 @@ void frmRelatorio::Save() {
   const QString file =
       dialogs_.SaveFile(this, QStringLiteral("RTF Files (*.rtf)"), QStringLiteral("rtf"));
   if (file.isEmpty()) return;
-  if (const auto fault = SaveReport(report_, QFile::encodeName(file).toStdString()))
-    dialogs_.Show(this, {{TextId::FileError}, TextId::Error, Icon::Critical}, Buttons::Ok,
-                  QString::fromStdString(FaultDetail(*fault, session_.language)));
+  if (const auto fault = SaveReport(report_, LocalPath(file))) dialogs_.TellFault(this, *fault);
 }
 
 }  // namespace velmora

@@ -1,7 +1,6 @@
 #include "app/experiments/frmMsFlexGrid.h"
 
 #include <QEvent>
-#include <QFile>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -15,21 +14,11 @@
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
 #include "data/ExperimentFile.h"
-#include "data/FileFault.h"
 #include "session/Session.h"
 
 namespace velmora {
 namespace {
 constexpr int kLegendWidth = 190;  // px; the heading fits on one line
-
-// The file dialogs' filters are the same in both languages.
-const QString kOpenFilter = QStringLiteral("ABR abr(*.abr)");
-const QString kSaveFilter = QStringLiteral("Arquivos Textos (*.abr)");
-const QString kSuffix = QStringLiteral("abr");
-
-std::string LocalPath(const QString& file) {
-  return QFile::encodeName(file).toStdString();
-}
 
 }  // namespace
 
@@ -244,7 +233,8 @@ void frmMsFlexGrid::OkSub() {
   if (entry_->Unsaved() && dialogs_.Show(this, question, Buttons::YesNo) != Answer::Yes) return;
   const QString file = dialogs_.SaveFile(this, kSaveFilter, kSuffix);
   if (file.isEmpty()) return;
-  if (const auto fault = WriteExperiments(session_.lists, LocalPath(file))) TellFault(*fault);
+  if (const auto fault = WriteExperiments(session_.lists, LocalPath(file)))
+    dialogs_.TellFault(this, *fault);
 }
 
 bool frmMsFlexGrid::cmdAbrirOkSub() {
@@ -260,14 +250,9 @@ bool frmMsFlexGrid::cmdAbrirOkSub() {
       Mostrar(1);
     Announce(read.change);
   }
-  if (read.fault) TellFault(*read.fault);
+  if (read.fault) dialogs_.TellFault(this, *read.fault);
   if (read.remark) dialogs_.Show(this, *read.remark);
   return read.opened;
-}
-
-void frmMsFlexGrid::TellFault(const FileFault& fault) {
-  dialogs_.Show(this, {{TextId::FileError}, TextId::Error, Icon::Critical}, Buttons::Ok,
-                QString::fromStdString(FaultDetail(fault, session_.language)));
 }
 
 void frmMsFlexGrid::GraficoSub() {

@@ -7,7 +7,6 @@
 
 #include "app/experiments/ActionsPanel.h"
 #include "app/widgets/Dialogs.h"
-#include "data/FileFault.h"
 #include "session/Operations.h"
 
 namespace velmora {
@@ -84,7 +83,6 @@ class frmMsFlexGrid : public QWidget {
   /// The user wants the experiment at `place` shown.
   void ShowPlace(int place);
   void TellEmptyPlots();
-  void TellFault(const FileFault& fault);
   /// Whether nothing unsaved is shown, or the user gives it up.
   bool MayLeave();
 

@@ -157,25 +157,15 @@ void MDIForm1::ShowCultivation() {
 }
 
 void MDIForm1::OpenExperiments() {
-  const int count = session_.lists.Count();
-  if (count > 0 &&
-      !Confirmed(Attention({TextId::OpeningExperimentsDeletes, " ", std::to_string(count), " ",
-                            TextId::AskToReplaceExperiments},
-                           Icon::Question)))
-    return;
-  if (!experiments_->cmdAbrirOkSub()) return;
+  const auto question = AskBeforeOpeningExperiments(session_);
+  if ((question && !Confirmed(*question)) || !experiments_->cmdAbrirOkSub()) return;
   if (!session_.lists.Empty()) experiments_->GraficoSub();
   ShowExperiments();
 }
 
 void MDIForm1::OpenConditions() {
-  const int count = session_.conditions.SavedCount();
-  if (count > 0 &&
-      !Confirmed(Attention({TextId::OpeningConditionsDeletes, " ", std::to_string(count), " ",
-                            TextId::AskToReplaceConditions},
-                           Icon::Question)))
-    return;
-  cultivation_->AbrirCondBat();
+  const auto question = AskBeforeOpeningConditions(session_);
+  if (!question || Confirmed(*question)) cultivation_->AbrirCondBat();
 }
 
 void MDIForm1::SaveExperiments() {

@@ -1,5 +1,6 @@
 #include "app/widgets/Dialogs.h"
 
+#include <QFile>
 #include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
@@ -97,6 +98,15 @@ QString Dialogs::SaveFile(QWidget* owner, const QString& filter, const QString& 
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setDefaultSuffix(suffix);
   return ChosenFile(dialog, session_.language, TextId::Save);
+}
+
+void Dialogs::TellFault(QWidget* owner, const FileFault& fault) {
+  Show(owner, {{TextId::FileError}, TextId::Error, Icon::Critical}, Buttons::Ok,
+       QString::fromStdString(FaultDetail(fault, session_.language)));
+}
+
+std::string LocalPath(const QString& file) {
+  return QFile::encodeName(file).toStdString();
 }
 
 }  // namespace velmora

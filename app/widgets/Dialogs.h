@@ -2,13 +2,20 @@
 #pragma once
 
 #include <QString>
+#include <string>
 
+#include "data/FileFault.h"
 #include "language/Message.h"
 #include "session/Session.h"
 
 class QWidget;
 
 namespace velmora {
+
+/// The filters of the program's files, the same in both languages, and the files' suffix.
+inline const QString kOpenFilter = QStringLiteral("ABR abr(*.abr)");
+inline const QString kSaveFilter = QStringLiteral("Arquivos Textos (*.abr)");
+inline const QString kSuffix = QStringLiteral("abr");
 
 enum class Buttons { Ok, OkCancel, YesNo };
 enum class Answer { Ok, Cancel, Yes, No };
@@ -33,8 +40,14 @@ class Dialogs {
   /// asked about.
   virtual QString SaveFile(QWidget* owner, const QString& filter, const QString& suffix);
 
+  /// Tells that a file could not be read or written, and why.
+  void TellFault(QWidget* owner, const FileFault& fault);
+
  protected:
   const Session& session_;
 };
+
+/// A chosen file's name in the bytes of the file system.
+std::string LocalPath(const QString& file);
 
 }  // namespace velmora
