@@ -93,8 +93,8 @@ std::string JoinNames(std::initializer_list<std::string_view> names) {
 OptionTexts OptionsOf(const CultivationForm& form) {
   OptionTexts options;
   options.method = NameOf(form.method);
-  options.dataSet = JoinNames(
-      {form.dataSet[0] ? "Cx" : "", form.dataSet[1] ? "Cs" : "", form.dataSet[2] ? "Cp" : ""});
+  for (std::size_t i = 0; i < kVariableNames.size(); ++i)
+    if (form.dataSet[i]) options.dataSet = JoinNames({options.dataSet, kVariableNames[i]});
   options.production = NameOf(form.production);
   options.model = form.model;
   for (std::size_t row = 0; row < kFittable.size(); ++row)

@@ -5,6 +5,17 @@ namespace {
 
 constexpr int kAlfaDecimals = 4;
 
+/// The ticks that an option text stands for; all of them where it names no variable.
+std::array<bool, 3> DataSetOf(std::string_view text) {
+  std::array<bool, 3> ticked{};
+  bool known = text.empty();
+  for (std::size_t i = 0; i < ticked.size(); ++i) {
+    ticked[i] = text.find(kVariableNames[i]) != std::string_view::npos;
+    known = known || ticked[i];
+  }
+  return known ? ticked : std::array{true, true, true};
+}
+
 }  // namespace
 
 std::string_view NameOf(Method method) {
@@ -76,6 +87,7 @@ CultivationForm FormOf(const ConditionsRecord& record, const std::vector<FitVari
   form.yields = YieldsOf(record.row);
   if (form.yields == Yields::Global) form.At(At::alpha) = ShownAlfa(record.row, separator);
   form.model = record.options.model;
+  form.dataSet = DataSetOf(record.options.dataSet);
   for (const auto& [position, lower, upper, start] : fitted)
     form.fit[static_cast<std::size_t>(FittableIndex(position))] = {
         true, Entry::Of(lower, separator), Entry::Of(upper, separator)};

@@ -28,6 +28,9 @@ std::string_view NameOf(Production production);
 Method MethodNamed(std::string_view name);
 Production ProductionNamed(std::string_view name);
 
+/// The measured variables as the option text of the data set names them.
+inline constexpr std::array<std::string_view, 3> kVariableNames = {"Cx", "Cs", "Cp"};
+
 /// A number box: the text that stands in it, and the number behind a text that was not typed, which
 /// may show that number shortened.
 struct Entry {
@@ -72,7 +75,7 @@ struct CultivationForm {
   Method method = Method::None;
   Production production = Production::None;
   Yields yields = Yields::Stoichiometric;
-  std::array<bool, 3> dataSet{true, true, true};  // Cx, Cs, Cp; no routine reads it
+  std::array<bool, 3> dataSet{true, true, true};  // of kVariableNames; no routine reads it
   std::string model;
   bool modelConfirmed = false;
 

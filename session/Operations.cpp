@@ -63,9 +63,9 @@ bool TakesEntry(const CultivationForm& form, const Model* model, At position) {
   return model == nullptr || FittableIndex(position) < 0 || Uses(*model, position);
 }
 
-/// Whether the form states something that is not stored. What a run found
-/// stands in the boxes without being an edit of the user's: the next search starts from it. The
-/// ticks and bounds say nothing to a simulation, the data set to no run.
+/// Whether the form states something that is not stored. What a run found stands in the boxes
+/// without being an edit of the user's: the next search starts from it. The ticks and bounds say
+/// nothing to a simulation.
 bool HoldsUnsaved(const Session& session, const CultivationForm& form, int place) {
   const ConditionsRecord& record = session.conditions.At(place);
   const CultivationForm stored = FormOf(record, session.conditions.fitted, session.separator);
@@ -82,7 +82,7 @@ bool HoldsUnsaved(const Session& session, const CultivationForm& form, int place
     if (!SameFitRow(form.fit[row], stored.fit[row], session.separator)) return true;
   const bool sameModel = model != nullptr ? form.model == model->name : !form.modelConfirmed;
   return !sameModel || form.method != stored.method || form.production != stored.production ||
-         form.yields != stored.yields;
+         form.yields != stored.yields || form.dataSet != stored.dataSet;
 }
 
 std::optional<Message> RefuseMethod(Method method) {

@@ -51,6 +51,9 @@ TEST_F(CultivationWindow, OffersTheDataSetAndSavesItsChoice) {
   }
   Do({{"chk(0)"}, {"cdmSalvar"}});
   EXPECT_EQ(session.conditions.At(1).options.dataSet, "Cx Cs");
+  Show(SaveExperiment(session, Molasses(2), {}, 0).change);
+  Do({{"cdmNext(1)"}, {"cdmNext(0)"}, {"cdmSalvar"}});
+  EXPECT_EQ(session.conditions.At(1).options.dataSet, "Cx Cs") << "shown as it was stored";
 }
 
 TEST_F(CultivationWindow, AModelOffersItsParametersAndIsFixedOnceConfirmed) {

@@ -169,6 +169,7 @@ TEST(RefuseStart, TakesEveryEditAlike) {
       [](CultivationForm& f) { f.method = Method::Manual; },
       [](CultivationForm& f) { f.production = Production::PPAC; },
       [](CultivationForm& f) { f.yields = Yields::Stoichiometric; },
+      [](CultivationForm& f) { f.dataSet[2] = false; },
       [](CultivationForm& f) { f.model = "Contois"; }};
   for (std::size_t i = 0; i < std::size(edits); ++i) {
     CultivationForm form = Filled();
