@@ -38,7 +38,7 @@ QPalette ReadablePalette(QPalette colours) {
 
 frmCultBatelada::frmCultBatelada(Session& session, Dialogs& dialogs, QWidget* parent)
     : QWidget(parent), session_(session), dialogs_(dialogs) {
-  setObjectName(QStringLiteral("frmCultBatelada"));
+  setObjectName(QLatin1StringView(kCultivationWindow));
   setPalette(ReadablePalette(palette()));
   BuildPanels();
   LayOut();
@@ -116,7 +116,7 @@ void frmCultBatelada::resizeEvent(QResizeEvent* event) {
 
 void frmCultBatelada::showEvent(QShowEvent* event) {
   QWidget::showEvent(event);
-  session_.activeWindow = objectName().toStdString();
+  session_.activeWindow = kCultivationWindow;
 }
 
 Answer frmCultBatelada::Tell(const Message& message, Buttons buttons) {

@@ -24,7 +24,7 @@ constexpr int kLegendWidth = 190;  // px; the heading fits on one line
 
 frmMsFlexGrid::frmMsFlexGrid(Session& session, Dialogs& dialogs, QWidget* parent)
     : QWidget(parent), session_(session), dialogs_(dialogs) {
-  setObjectName(QStringLiteral("frmMsFlexGrid"));
+  setObjectName(QLatin1StringView(kExperimentsWindow));
   BuildPanels();
   LayOut();
   Wire();

@@ -258,7 +258,7 @@ void MDIForm1::TranslateToolkit() {
 }
 
 bool MDIForm1::CultivationActive() const {
-  return QString::fromStdString(session_.activeWindow) == cultivation_->objectName();
+  return session_.activeWindow == kCultivationWindow;
 }
 
 bool MDIForm1::RunGoing() const {
