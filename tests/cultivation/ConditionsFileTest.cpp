@@ -104,9 +104,20 @@ TEST(ConditionsFile, IsRefusedWholeWithLineAndField) {
   expectFault("$1\r\n#1\r\n" + RowLines("NaN"), NotANumber, 6, Condition, 1, "NaN");
   expectFault("$1\r\n" + block + "11\r\n", OutOfRange, 42, FittedCount, 0, "11");
   expectFault("$1\r\n" + block + "1\r\n1\r\n1\r\n7\r\n", OutOfRange, 45, ParameterCode, 1, "7");
+  expectFault("$1\r\n" + block + "1\r\n1\r\n1\r\n18\r\n", OutOfRange, 45, ParameterCode, 1, "18");
   expectFault("$1\r\n" + block + "2\r\n1\r\n1\r\n9\r\n1\r\n1\r\n1\r\n9\r\n1\r\n", FittedTwice, 49,
               ParameterCode, 2, "9");
   expectFault("$2\r\n" + block + "0\r\n", EndOfFile, 43, ExperimentNumber, 0, "");
+}
+
+TEST(ConditionsFile, IsNotWrittenWhereItCouldNotBeRead) {
+  const TemporaryFolder folder;
+  const std::string path = folder / "c.abr";
+  CultivationConditions conditions = TwoConditions();
+  EXPECT_EQ(WriteConditions(conditions, 10, true, path)->reason, FileReason::TooManyExperiments);
+  conditions.At(2).options.model = "Mo\nnod";
+  EXPECT_EQ(WriteConditions(conditions, 2, true, path)->reason, FileReason::LineBreakInText);
+  EXPECT_EQ(ReadConditions(path).fault->reason, FileReason::CannotOpen);
 }
 
 /// In a file v, Cp*, Cx*, n and m may stand in any order; what is fitted follows the check boxes.
@@ -167,6 +178,42 @@ TEST(ConditionsFile, RecognisesNoModelByAnUnknownName) {
   EXPECT_EQ(RecognisedModel(record, {}), FindModel("Contois")) << "by its switches";
   record.options.model = "Contois-Monod";
   EXPECT_EQ(RecognisedModel(record, {}), nullptr);
+}
+
+/// Monod conditions of so many experiments, whose fit starts from the rows' own values.
+ConditionsRead ReadFor(std::initializer_list<std::int16_t> numbers) {
+  ConditionsRead read;
+  for (const std::int16_t number : numbers) {
+    ConditionsRecord& record = read.conditions.At(++read.experiments);
+    record.number = number;
+    record.options.model = "Monod";
+    record.row[At::muMax] = 0.2, record.row[At::Ks] = 10;
+    SetModelSwitches(*FindModel("Monod"), record.row);
+  }
+  read.conditions.fitted = {{At::muMax, 0.05, 1, 0}, {At::Ks, 1, 30, 0}};
+  return read;
+}
+
+std::vector<std::string> ToldOf(const OpenedConditions& opened) {
+  std::vector<std::string> told;
+  for (const Message& message : opened.messages) told.push_back(Worded(message, Language::English));
+  return told;
+}
+
+TEST(OpenedConditions, NameTheExperimentsThatTheyMatch) {
+  std::vector<Experiment> experiments(3);
+  experiments[0].number = 4, experiments[1].number = 7, experiments[2].number = 5;
+  ConditionsRead read = ReadFor({4, 9, 5});
+  read.conditions.At(3).row[At::Ks] = 31;  // beyond its bounds
+  const OpenedConditions opened = CompareWithLists(read, experiments);
+  EXPECT_EQ(opened.conditions.At(2).number, 7) << "they are now this experiment's";
+  const auto told = ToldOf(opened);
+  ASSERT_EQ(told.size(), 2U);
+  EXPECT_NE(told[0].find(" 4 "), std::string::npos) << told[0];
+  EXPECT_NE(told[1].find(" 7, 5 "), std::string::npos) << told[1];
+
+  read.conditions.At(1).options.model = "";  // Monod, or Moser with u = 1
+  EXPECT_EQ(ToldOf(CompareWithLists(read, experiments)).size(), 3U);
 }
 
 TEST(CultivationConditions, MoveDownBehindARemovedPlace) {

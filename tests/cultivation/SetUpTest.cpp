@@ -55,6 +55,8 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         RefusalCase{"NothingSelectedComesFirst", 0, [](CultivationForm& f) { f = {}; },
                     TextId::NoExperimentSelected},
+        RefusalCase{"StartOfZero", 1, [](CultivationForm& f) { f.At(At::muMax) = "0"; },
+                    TextId::PossibleErrors},
         RefusalCase{"BoundOfZero", 1,
                     [](CultivationForm& f) {
                       f.fit[1].lower = "0";
@@ -149,11 +151,23 @@ TEST(Conditions, KeepTheFitTableInItsOwnOrder) {
   EXPECT_THROW(SalvarCondCult(form, 10, 10, '.', conditions), std::out_of_range);
 }
 
+TEST(Conditions, NameTheDataSetInItsOrder) {
+  CultivationConditions conditions;
+  CultivationForm form = Filled();
+  form.dataSet = {false, true, false};
+  ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
+  EXPECT_EQ(conditions.At(1).options.dataSet, "Cs");
+  form.dataSet = {true, false, true};
+  ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
+  EXPECT_EQ(conditions.At(1).options.dataSet, "Cx Cp");
+}
+
 TEST(Conditions, ShowTheirBoxesInTheirFormats) {
   ConditionsRow row;
   row[At::Cx0] = 0.00001, row[At::muMax] = 0.5, row[At::Ks] = 0.123456, row[At::CxAst] = 2;
   row[At::YpsTyped] = 0.45;
-  const CultivationForm form = FormOf({true, 1, row, {}}, {}, ',');
+  const CultivationForm form = FormOf({true, 1, row, {}}, {{At::Ks, 1.5, 30, 0}}, ',');
+  EXPECT_EQ(form.fit[1], (FitRow{true, Entry("1,5", 1.5), Entry("30", 30)}));
   EXPECT_EQ(form.At(At::Cx0).text, "1E-05");
   EXPECT_EQ(form.At(At::muMax).text, "0,50");
   EXPECT_EQ(form.At(At::Ks), Entry("0,1235", 0.123456)) << "the number behind it keeps its digits";
@@ -169,6 +183,11 @@ TEST(Fit, NeedsAParameter) {
   EXPECT_EQ(none->message.title, Piece("Aviso"));
   const FitVariable onlyV{At::v, 1, 2, 2};
   EXPECT_FALSE(ChecarVarAjustadas(std::array{onlyV})) << "a value on its bound is accepted";
+}
+
+TEST(Fit, SaysThatItsDeviationsOverflow) {
+  EXPECT_EQ(Worded(InversionMessage(), Language::English),
+            "                Overflow!\n\nTry to change the parameters!");
 }
 
 std::vector<Experiment> Numbered(std::initializer_list<std::int16_t> numbers) {
@@ -210,16 +229,16 @@ TEST(Run, NamesTheExperimentsThatLackConditions) {
   EXPECT_TRUE(told(Numbered({5, 1, 2, 3, 4, 6, 7, 8, 9, 10})).ends_with(" 9, 10."));
 }
 
-TEST(Manual, SimulatesTheOthersWhereOneExperimentFaults) {
+TEST(Manual, SimulatesTheOthersWhereExperimentsFault) {
   CultivationConditions conditions;
-  for (const int place : {1, 2}) {
+  for (const int place : {1, 2, 3})
     ASSERT_FALSE(SalvarCondCult(Filled(), place, 1, '.', conditions).refusal);
-  }
-  conditions.At(1).row[At::Yxs] = 0;
+  conditions.At(1).row[At::Yxs] = conditions.At(3).row[At::Yxs] = 0;
   ModelCurves curves{};
-  const auto faults = Manual(conditions, 2, curves);
-  ASSERT_EQ(faults.size(), 1U);
+  const auto faults = Manual(conditions, 3, curves);
+  ASSERT_EQ(faults.size(), 2U);
   EXPECT_EQ(faults[0].place, 1);
+  EXPECT_EQ(faults[1].place, 3);
   EXPECT_EQ(curves[0].points, faults[0].point - 1) << "it ends where it failed";
   EXPECT_EQ(curves[1].points, 100);
   EXPECT_GT(curves[1].Cx.back(), 10);
