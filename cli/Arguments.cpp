@@ -12,7 +12,8 @@ namespace {
 
 constexpr const char* kAbout =
     R"text(Fits kinetic parameters of batch fermentations to measured time courses of cells (Cx),
-substrate (Cs) and product (Cp), by differential evolution over 32 growth models.)text";
+substrate (Cs) and product (Cp), by Levenberg-Marquardt from many starts or by differential
+evolution, over 32 growth models.)text";
 
 constexpr const char* kFooter = R"text(
 "velmora-cli COMMAND --help" explains a command. --language en|pt may stand anywhere.
@@ -27,8 +28,9 @@ conditions lack for it. NAME is one of )text";
 
 constexpr const char* kFitFooter = R"text(
 Searches the parameters that the conditions file marks as fitted, between their bounds;
---fit adds one, or gives one of them another start and other bounds. Ctrl-C, SIGTERM and
-SIGHUP stop the search at its next generation; the results are printed all the same.
+--fit adds one, or gives one of them another start and other bounds. The settings but for
+the seed are those of the method ED. Ctrl-C, SIGTERM and SIGHUP stop the search; the
+results are printed all the same.
 )text";
 
 constexpr const char* kImportFooter = R"text(
@@ -112,6 +114,12 @@ void AddFit(CLI::App& app, FitOptions& fit) {
   CLI::App& command =
       AddCommand(app, "fit", "fit the parameters and print their deviations", fit.inputs);
   AddFitted(command, fit.inputs.fit);
+  command
+      .add_option("--method", fit.method,
+                  "Levenberg-Marquardt from many starts (LM) or differential evolution (ED), in\n"
+                  "place of the conditions' own")
+      ->check(CLI::IsMember({"ED", "LM"}).description(""))
+      ->type_name("ED|LM");
   for (std::size_t i = 0; i < kSettingOptions.size(); ++i)
     command.add_option(kSettingOptions[i].option, fit.settings[i], kSettingOptions[i].help)
         ->type_name("NUMBER");
@@ -153,9 +161,12 @@ void AddConditions(CLI::App& app, ConditionsOptions& conditions) {
       ->required()
       ->check(CLI::IsMember({"global", "stoichiometric"}).description(""))
       ->type_name("global|stoichiometric");
-  command->add_option("--method", conditions.method, "search (ED) or simulate only (Manual)")
-      ->check(CLI::IsMember({"ED", "Manual"}).description(""))
-      ->type_name("ED|Manual");
+  command
+      ->add_option("--method", conditions.method,
+                   "Levenberg-Marquardt (LM, default), differential evolution (ED), or simulate\n"
+                   "only (Manual)")
+      ->check(CLI::IsMember({"LM", "ED", "Manual"}).description(""))
+      ->type_name("LM|ED|Manual");
   AddRepeated(*command, "--set", conditions.set, "a value")->type_name("[PLACE:]NAME=VALUE");
   AddFitted(*command, conditions.fit);
   AddOutput(*command, conditions.output);

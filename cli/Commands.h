@@ -38,7 +38,7 @@ struct ConditionsOptions {
   std::string model;
   std::string product;           // PAC, PPAC or PNAC
   std::string yields;            // global or stoichiometric
-  std::string method = "ED";     // ED or Manual
+  std::string method = "LM";     // LM, ED or Manual
   std::vector<std::string> set;  // NAME=VALUE or PLACE:NAME=VALUE
   std::vector<std::string> fit;  // NAME=START:LOWER:UPPER
   std::string output;
@@ -85,11 +85,14 @@ inline constexpr std::array<SettingOption, 7> kSettingOptions = {
      {"--fact1", &TypedSettings::FACT1, "weight of the second term, 0 to 0.01 (default 0.01)"},
      {"--eps", &TypedSettings::EPS, "accuracy of convergence, 1e-7 to 1e-4 (default 1e-5)"},
      {"--iu", &TypedSettings::IU, "seed of the random numbers, 1000 to 9999 (default 5471)"}}};
+/// The setting that both methods have; the others are those of the method ED alone.
+inline constexpr std::size_t kSeedOption = 6;
 
 struct FitOptions {
   FitOptions() { inputs.fits = true; }
 
   InputOptions inputs;
+  std::optional<std::string> method;  // in place of the conditions' own
   std::array<std::optional<std::string>, kSettingOptions.size()> settings;  // as typed
   bool progress = false;
   bool json = false;
@@ -97,8 +100,7 @@ struct FitOptions {
 };
 
 /// Checks settings, files and fit set-up, searches, and prints the results with their deviations.
-/// Ctrl-C, SIGTERM and SIGHUP end the search at its next generation; the results are printed all
-/// the same.
+/// Ctrl-C, SIGTERM and SIGHUP end the search; the results are printed all the same.
 ExitCode Run(const FitOptions& options, const Console& console);
 
 }  // namespace velmora::cli

@@ -7,7 +7,6 @@
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
-#include "estimation/EvolucaoDiferencial.h"
 #include "language/Numbers.h"
 
 namespace velmora::cli {

@@ -12,8 +12,8 @@
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
 #include "estimation/Deviations.h"
-#include "estimation/EvolucaoDiferencial.h"
 #include "estimation/ResultTexts.h"
+#include "estimation/SearchResult.h"
 #include "language/Numbers.h"
 #include "report/Relatorio.h"
 #include "report/ReportCharts.h"
@@ -39,18 +39,28 @@ EstimationSettings SettingsOf(const FitOptions& options, const Wording& say) {
                                        say.Of(SettingsRefusal())};
 }
 
+/// The method by which the fit is made. Of the settings only the seed means something to LM.
+Method MethodOf(const FitOptions& options, const Inputs& inputs, const Wording& say) {
+  const Method method =
+      MethodNamed(options.method ? *options.method : inputs.conditions.At(1).options.method);
+  if (method == Method::LM)
+    for (std::size_t i = 0; i < kSettingOptions.size(); ++i)
+      if (i != kSeedOption && options.settings[i])
+        throw Failure{ExitCode::Usage, say(TextId::SettingOfED, {kSettingOptions[i].option})};
+  return method;
+}
+
 /// What is fitted, once all that a fit asks for is in place. Conditions that are a simulation's, or
 /// none, hold no fitted parameters: that is said before these are asked for.
-FitProblem CheckedProblem(Inputs& inputs, const Wording& say) {
+FitProblem CheckedProblem(Inputs& inputs, Method method, const Wording& say) {
   const ConditionsRecord& first = inputs.conditions.At(1);
-  const Method method = MethodNamed(first.options.method);
   if (method == Method::Manual) throw Failure{ExitCode::Refused, say(TextId::SimulationOnly)};
   if (inputs.conditions.SavedCount() == 0) RequireCultivation(inputs, say);
   inputs.conditions.fitted = StartingFrom(first.row, inputs.conditions.fitted);
   if (const auto refusal = ChecarVarAjustadas(inputs.conditions.fitted))
     throw Failure{ExitCode::Refused, say.Of(refusal->message)};
   RequireCultivation(inputs, say);
-  if (method != Method::ED)
+  if (method == Method::None)
     throw Failure{ExitCode::Refused, std::string(Text(TextId::NoMethod, say.In()))};
   if (!BoundsAreOrdered(inputs.conditions.fitted))
     throw Failure{ExitCode::Refused, say.Of(BoundsRefusal())};
@@ -68,21 +78,23 @@ std::string WordedFault(const ArithmeticFault& fault, const Inputs& inputs, cons
 }
 
 /// That the search ended above where the user began, which a small population may.
-std::string RemarkOn(const SearchResult& result, const Wording& say) {
-  return result.score > result.startScore ? say(TextId::WorseThanStart) : "";
+std::string RemarkOn(Method method, const SearchResult& result, const Wording& say) {
+  return method == Method::ED && result.score > result.startScore ? say(TextId::WorseThanStart)
+                                                                  : "";
 }
 
 /// A fault before any vector was scored leaves nothing to print.
-SearchResult SearchOrFail(const FitProblem& problem, const EstimationSettings& settings,
-                          FitProgress& progress, const Inputs& inputs, const Console& console) {
+SearchResult SearchOrFail(Method method, const FitProblem& problem,
+                          const EstimationSettings& settings, FitProgress& progress,
+                          const Inputs& inputs, const Console& console) {
   SearchResult result;
   try {
-    result = Search(problem, settings, progress);
+    result = SearchBy(method, problem, settings, progress);
   } catch (const std::bad_alloc&) {
     throw Failure{ExitCode::Refused, console.say(TextId::OutOfMemoryInFit)};
   }
   progress.ClearLine();
-  if (!result.HasResult())
+  if (!result.HasResult() && result.fault)
     throw Failure{ExitCode::Arithmetic, WordedFault(*result.fault, inputs, console.say)};
   return result;
 }
@@ -94,7 +106,8 @@ std::string TextOf(const EndedFit& fit, const Wording& say) {
   text += say(TextId::ExperimentsWithValues,
               {std::to_string(fit.inputs.Count()), std::to_string(fit.deviations.observations)});
   text += "\n";
-  text += say(TextId::Generations, {std::to_string(fit.result.generations)}) + "\n";
+  if (fit.method == Method::ED)
+    text += say(TextId::Generations, {std::to_string(fit.result.generations)}) + "\n";
   text += std::string(kFunctionCalls) + std::to_string(fit.result.functionCalls) + "\n";
   text += say(TextId::StartScore, {ShortestText(fit.result.startScore)}) + "\n";
   if (!fit.remark.empty()) text += fit.remark + "\n";
@@ -149,18 +162,20 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   RefuseInputAsReport(options, say);
   const EstimationSettings settings = SettingsOf(options, say);
   Inputs inputs = LoadInputs(options.inputs, say);
-  const FitProblem problem = CheckedProblem(inputs, say);
+  const Method method = MethodOf(options, inputs, say);
+  const FitProblem problem = CheckedProblem(inputs, method, say);
   WarnOfUnscaled(inputs.lists, console);
 
   const StopSignals signals;
-  FitProgress progress(problem.variables, FormOf(options), signals, console);
-  const SearchResult result = SearchOrFail(problem, settings, progress, inputs, console);
+  FitProgress progress(problem.variables, method, FormOf(options), signals, console);
+  const SearchResult result = SearchOrFail(method, problem, settings, progress, inputs, console);
   const std::string fault = result.fault ? WordedFault(*result.fault, inputs, say) : "";
   if (result.fault) console.Complain(fault);
   const Deviations deviations = ComputeDeviations(problem, result.best);
   if (deviations.fault) console.Complain(say.Of(InversionMessage()));
 
-  const EndedFit fit{inputs, problem, result, deviations, OnOneLine(fault), RemarkOn(result, say)};
+  const EndedFit fit{
+      inputs, problem, method, result, deviations, OnOneLine(fault), RemarkOn(method, result, say)};
   return Show(fit, options, progress, console) ? CodeOf(fit, signals) : ExitCode::File;
 }
 

@@ -73,10 +73,11 @@ void FitProgress::ShowLine(const Generation& generation) {
   const Clock::time_point now = Clock::now();
   if (lineStands_ && now - shown_ < kBetweenLines) return;
   const double seconds = std::chrono::duration<double>(now - start_).count();
+  const TextId line = method_ == Method::LM ? TextId::StartLine : TextId::GenerationLine;
   console_.Note(std::string(kEraseLine) +
-                console_.say(TextId::GenerationLine, {std::to_string(generation.number),
-                                                      Formatted(generation.score, kEight, '.'),
-                                                      Formatted(seconds, kOne, '.')}));
+                console_.say(line, {std::to_string(generation.number),
+                                    Formatted(generation.score, kEight, '.'),
+                                    Formatted(seconds, kOne, '.')}));
   shown_ = now;
   lineStands_ = true;
 }

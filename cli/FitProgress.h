@@ -9,7 +9,8 @@
 #include <string>
 
 #include "cli/Console.h"
-#include "estimation/EvolucaoDiferencial.h"
+#include "cultivation/CultivationForm.h"
+#include "estimation/SearchResult.h"
 
 namespace velmora::cli {
 
@@ -42,9 +43,9 @@ enum class ProgressForm {
 /// Shows a search as it runs, and ends it on a signal, or where nobody can read its progress.
 class FitProgress : public SearchObserver {
  public:
-  FitProgress(std::span<const FitVariable> variables, ProgressForm form, const StopSignals& signals,
-              const Console& console)
-      : variables_(variables), form_(form), signals_(signals), console_(console) {}
+  FitProgress(std::span<const FitVariable> variables, Method method, ProgressForm form,
+              const StopSignals& signals, const Console& console)
+      : variables_(variables), method_(method), form_(form), signals_(signals), console_(console) {}
   ~FitProgress() override { ClearLine(); }
 
   bool StopRequested() override { return signals_.Noted() != 0 || unwritten_; }
@@ -61,6 +62,7 @@ class FitProgress : public SearchObserver {
   void ShowLine(const Generation& generation);
 
   std::span<const FitVariable> variables_;
+  Method method_;
   ProgressForm form_;
   const StopSignals& signals_;
   const Console& console_;

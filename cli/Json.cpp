@@ -48,6 +48,7 @@ Json ParameterOf(const EndedFit& fit, std::size_t j) {
 std::string_view NameOf(SearchEnd end) {
   if (end == SearchEnd::Converged) return "converged";
   if (end == SearchEnd::Fault) return "fault";
+  if (end == SearchEnd::EvaluationLimit) return "evaluation limit";
   return end == SearchEnd::Stopped ? "stopped" : "generation limit";
 }
 
@@ -66,8 +67,13 @@ std::string JsonOf(const EndedFit& fit) {
                {"functionCalls", result.functionCalls},
                {"generations", result.generations},
                {"outcome", NameOf(result.end)},
+               {"method", NameOf(fit.method)},
                {"observations", observations},
                {"degreesOfFreedom", fit.deviations.degreesOfFreedom}};
+  if (result.starts > 0) {
+    line["starts"] = result.starts;
+    line["agreeing"] = result.agreeing;
+  }
   if (result.fault) {
     line["fault"] = fit.fault;
     line["bestGeneration"] = result.bestGeneration;

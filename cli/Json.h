@@ -6,8 +6,9 @@
 #include <vector>
 
 #include "cli/Inputs.h"
+#include "cultivation/CultivationForm.h"
 #include "estimation/Deviations.h"
-#include "estimation/EvolucaoDiferencial.h"
+#include "estimation/SearchResult.h"
 
 namespace velmora::cli {
 
@@ -15,6 +16,7 @@ namespace velmora::cli {
 struct EndedFit {
   const Inputs& inputs;
   const FitProblem& problem;
+  Method method;
   const SearchResult& result;
   const Deviations& deviations;
   std::string fault;   // what ended the search, in a sentence; empty where nothing did

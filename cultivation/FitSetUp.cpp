@@ -1,8 +1,11 @@
 #include "cultivation/FitSetUp.h"
 
+#include <cassert>
 #include <cmath>
 #include <limits>
 
+#include "estimation/EvolucaoDiferencial.h"
+#include "estimation/Marquardt.h"
 #include "language/Numbers.h"
 
 namespace velmora {
@@ -86,6 +89,13 @@ FitProblem ProblemOf(const std::vector<Experiment>& experiments,
   for (int place = 1; place <= static_cast<int>(experiments.size()); ++place)
     problem.rows.push_back(VectorOf(conditions.At(place).row));
   return problem;
+}
+
+SearchResult SearchBy(Method method, const FitProblem& problem, const EstimationSettings& settings,
+                      SearchObserver& observer) {
+  assert(method == Method::ED || method == Method::LM);
+  if (method == Method::LM) return SearchMarquardt(problem, {.IU = settings.IU}, observer);
+  return Search(problem, settings, observer);
 }
 
 }  // namespace velmora

@@ -8,7 +8,8 @@
 #include "cultivation/CultivationConditions.h"
 #include "cultivation/CultivationForm.h"
 #include "data/Experiment.h"
-#include "estimation/FitProblem.h"
+#include "estimation/EstimationSettings.h"
+#include "estimation/SearchResult.h"
 
 namespace velmora {
 
@@ -39,5 +40,10 @@ Message InversionMessage();
 /// saved, at most 9.
 FitProblem ProblemOf(const std::vector<Experiment>& experiments,
                      const CultivationConditions& conditions);
+
+/// Minimises the problem's score by the method, ED or LM. Of the settings LM takes the seed alone.
+/// Throws std::bad_alloc where no memory holds the population.
+SearchResult SearchBy(Method method, const FitProblem& problem, const EstimationSettings& settings,
+                      SearchObserver& observer);
 
 }  // namespace velmora

@@ -275,12 +275,6 @@ void Evolution::CountCall() {
 
 }  // namespace
 
-bool BoundsAreOrdered(std::span<const FitVariable> variables) {
-  return std::all_of(variables.begin(), variables.end(), [](const FitVariable& v) {
-    return std::isfinite(v.lower) && std::isfinite(v.upper) && v.lower < v.upper;
-  });
-}
-
 SearchResult Search(const FitProblem& problem, EstimationSettings settings,
                     SearchObserver& observer, Objective::Workspace workspace) {
   assert(settings.NPOP >= 10);

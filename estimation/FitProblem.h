@@ -1,6 +1,9 @@
 // What is fitted to what.
 #pragma once
 
+#include <algorithm>
+#include <cmath>
+#include <span>
 #include <vector>
 
 #include "data/Experiment.h"
@@ -26,5 +29,12 @@ struct FitProblem {
   std::vector<KineticParameters> rows;
   std::vector<FitVariable> variables;
 };
+
+/// Whether every lower bound is finite and below its finite upper bound.
+inline bool BoundsAreOrdered(std::span<const FitVariable> variables) {
+  return std::all_of(variables.begin(), variables.end(), [](const FitVariable& v) {
+    return std::isfinite(v.lower) && std::isfinite(v.upper) && v.lower < v.upper;
+  });
+}
 
 }  // namespace velmora

@@ -58,10 +58,20 @@ void InterpolateModelAtMeasurements(const ModelCurve& curve, const std::vector<d
   }
 }
 
-/// A visitor of experiments that keeps nothing.
-struct ScoreOnly {
+/// A visitor of experiments that keeps the residuals that are scored, where there is room for them.
+struct Residuals {
+  std::span<double> rest;
+
   void Curve(std::size_t, const ModelCurve&) {}
-  void Point(std::size_t, bool, const PerVariable<double>&, const PerVariable<double>&) {}
+
+  void Point(std::size_t, bool scored, const PerVariable<double>&,
+             const PerVariable<double>& residual) {
+    if (!scored || rest.empty()) return;
+    rest[0] = residual.Cx;
+    rest[1] = residual.Cs;
+    rest[2] = residual.Cp;
+    rest = rest.subspan(3);
+  }
 };
 
 /// A visitor of experiments that keeps all.
@@ -71,15 +81,15 @@ struct Recording {
   void Curve(std::size_t e, const ModelCurve& curve) { experiments[e].curve = curve; }
 
   void Point(std::size_t e, bool scored, const PerVariable<double>& model,
-             const PerVariable<double>& errors) {
+             const PerVariable<double>& residual) {
     SimulatedExperiment& experiment = experiments[e];
     experiment.simulated.Cx.push_back(model.Cx);
     experiment.simulated.Cs.push_back(model.Cs);
     experiment.simulated.Cp.push_back(model.Cp);
     if (!scored) return;
-    experiment.share.Cx += errors.Cx;
-    experiment.share.Cs += errors.Cs;
-    experiment.share.Cp += errors.Cp;
+    experiment.share.Cx += Square(residual.Cx);
+    experiment.share.Cs += Square(residual.Cs);
+    experiment.share.Cp += Square(residual.Cp);
   }
 };
 
@@ -134,7 +144,7 @@ void Objective::Integrate(std::span<const double> x, const Measured& experiment,
 }
 
 /// Hands each experiment's curve to `visitor`, then the model's values at each measured point with
-/// the squared normalised errors. Returns the sum of the errors, to which an experiment's last
+/// the normalised residuals. Returns the sum of their squares, to which an experiment's last
 /// point adds nothing: it is simulated and reported all the same.
 template <class Visitor>
 double Objective::SumOverExperiments(std::span<const double> x, Workspace& workspace,
@@ -147,12 +157,12 @@ double Objective::SumOverExperiments(std::span<const double> x, Workspace& works
       visitor.Curve(e, workspace.curve_);
       InterpolateModelAtMeasurements(
           workspace.curve_, time, [&](std::size_t k, const PerVariable<double>& model) {
-            const PerVariable<double> errors{Square(normalised.Cx[k] - model.Cx / scale.Cx),
-                                             Square(normalised.Cs[k] - model.Cs / scale.Cs),
-                                             Square(normalised.Cp[k] - model.Cp / scale.Cp)};
+            const PerVariable<double> residual{normalised.Cx[k] - model.Cx / scale.Cx,
+                                               normalised.Cs[k] - model.Cs / scale.Cs,
+                                               normalised.Cp[k] - model.Cp / scale.Cp};
             const bool scored = k + 1 < time.size();
-            visitor.Point(e, scored, model, errors);
-            if (scored) sum += errors.Cx + errors.Cs + errors.Cp;
+            visitor.Point(e, scored, model, residual);
+            if (scored) sum += Square(residual.Cx) + Square(residual.Cs) + Square(residual.Cp);
           });
       if (!std::isfinite(sum)) throw ArithmeticFault{FaultKind::Overflow, FaultTerm::Score};
     } catch (ArithmeticFault& fault) {
@@ -163,19 +173,30 @@ double Objective::SumOverExperiments(std::span<const double> x, Workspace& works
   return sum;
 }
 
-double Objective::ScoreOf(std::span<const double> x, Workspace& workspace) const {
+double Objective::ScoreOf(std::span<const double> x, std::span<double> residuals,
+                          Workspace& workspace) const {
   double score = 0;
   for (int pass = 0; pass < kScoringPasses; ++pass)
-    score = SumOverExperiments(x, workspace, ScoreOnly{});
+    score = SumOverExperiments(x, workspace, Residuals{residuals});
   return score;
 }
 
+std::size_t Objective::Scored() const {
+  std::size_t values = 0;
+  for (const Measured& experiment : experiments_)
+    if (!experiment.time.empty()) values += 3 * (experiment.time.size() - 1);
+  return values;
+}
+
 void Objective::Score(std::span<const double> candidates, std::span<CandidateScore> scores,
-                      Workspace& workspace) const {
+                      std::span<double> residuals, Workspace& workspace) const {
   const std::size_t size = variables_.size();
+  const std::size_t row = residuals.empty() ? 0 : Scored();
   for (std::size_t i = 0; i < scores.size(); ++i) {
     try {
-      scores[i] = {ScoreOf(candidates.subspan(i * size, size), workspace), std::nullopt};
+      scores[i] = {
+          ScoreOf(candidates.subspan(i * size, size), residuals.subspan(i * row, row), workspace),
+          std::nullopt};
     } catch (const ArithmeticFault& fault) {
       scores[i] = {0, fault};
     }

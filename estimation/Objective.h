@@ -74,12 +74,20 @@ class Objective {
   int UnscaledVariables() const { return unscaledVariables_; }
   /// The count of measured values of the three variables at all points.
   int Observations() const;
+  /// The count of those that are scored: all but the values of each experiment's last point.
+  std::size_t Scored() const;
 
   /// Scores as many candidates as `scores` is long; candidate i is row i of `candidates`, with one
   /// component for each fitted parameter, and is scored as it stands. A fault ends its own
   /// candidate alone and names the experiment's place. Allocates nothing.
   void Score(std::span<const double> candidates, std::span<CandidateScore> scores,
-             Workspace& workspace) const;
+             Workspace& workspace) const {
+    Score(candidates, scores, {}, workspace);
+  }
+  /// As above; row i of `residuals`, `Scored()` long, becomes the normalised residuals, measured
+  /// minus model, of candidate i: experiment by experiment and point by point, Cx, Cs, Cp.
+  void Score(std::span<const double> candidates, std::span<CandidateScore> scores,
+             std::span<double> residuals, Workspace& workspace) const;
 
   /// Simulates every experiment with candidate `x`; throws an `ArithmeticFault` with the
   /// experiment's place. An empty `x` leaves the problem's rows as they are. Counts its own rate
@@ -95,7 +103,8 @@ class Objective {
   };
 
   PerVariable<double> Scales(const Experiment& experiment);
-  double ScoreOf(std::span<const double> x, Workspace& workspace) const;
+  double ScoreOf(std::span<const double> x, std::span<double> residuals,
+                 Workspace& workspace) const;
   void Integrate(std::span<const double> x, const Measured& experiment, Workspace& workspace) const;
   template <class Visitor>
   double SumOverExperiments(std::span<const double> x, Workspace& workspace,

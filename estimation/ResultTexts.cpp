@@ -70,6 +70,12 @@ std::string ProgressText(std::span<const FitVariable> variables, const Generatio
          Line(kSeparatorLine);
 }
 
+std::string AgreementText(const SearchResult& result, Language language) {
+  if (result.starts == 0) return {};
+  return Filled(TextId::StartsThatAgree, language,
+                {std::to_string(result.agreeing), std::to_string(result.starts)});
+}
+
 std::string EndText(const FitProblem& problem, const SearchResult& result, Language language) {
   switch (result.end) {
     case SearchEnd::Converged:
@@ -78,6 +84,8 @@ std::string EndText(const FitProblem& problem, const SearchResult& result, Langu
       return Line(Text(TextId::NotCompleted, language));
     case SearchEnd::Fault:
       return FaultLines(problem, result, language);
+    case SearchEnd::EvaluationLimit:
+      return Line(Text(TextId::EvaluationLimitReached, language));
     case SearchEnd::GenerationLimit:
     case SearchEnd::Refused:
       break;
@@ -98,8 +106,9 @@ std::string FinalText(const FitProblem& problem, const SearchResult& result,
               Formatted(deviations.values[j], kTwoToThirteen, style.separator);
     text += Line(line);
   }
+  const std::string agreement = AgreementText(result, style.language);
   return text + ErrorLines(result.score, deviations.observations, style) +
-         EndText(problem, result, style.language);
+         (agreement.empty() ? "" : Line(agreement)) + EndText(problem, result, style.language);
 }
 
 }  // namespace velmora

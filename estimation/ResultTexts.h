@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "estimation/Deviations.h"
-#include "estimation/EvolucaoDiferencial.h"
+#include "estimation/SearchResult.h"
 #include "language/Texts.h"
 
 namespace velmora {
@@ -34,13 +34,17 @@ std::string ParameterLines(std::span<const FitVariable> variables, std::span<con
 std::string ProgressText(std::span<const FitVariable> variables, const Generation& generation,
                          TextStyle style);
 
+/// How many of a search's starts reached its result; empty where the method makes none.
+std::string AgreementText(const SearchResult& result, Language language);
+
 /// How a search ended, lines ended by '\n': that it did, that it did not converge, or that it was
 /// not completed, after a fault with what happened and where the best vector was found, if there is
 /// one.
 std::string EndText(const FitProblem& problem, const SearchResult& result, Language language);
 
-/// The block after a search with a result: the parameters with their deviations, the errors, and
-/// how the search ended. Without deviations where these could not be computed.
+/// The block after a search with a result: the parameters with their deviations, the errors,
+/// how many starts agree, and how the search ended. Without deviations where these could not be
+/// computed.
 std::string FinalText(const FitProblem& problem, const SearchResult& result,
                       const Deviations& deviations, TextStyle style);
 

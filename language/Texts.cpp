@@ -324,6 +324,8 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::BestOfPopulation, "The best values found before this are those of the initial population.", "Os melhores valores encontrados antes disso são os da população inicial."},
     {TextId::NoDeviations, "The deviations could not be computed: {1}.", "Os desvios não puderam ser calculados: {1}."},
     {TextId::DataDoNotDetermine, "the measured values are too few, or do not determine each of the parameters", "os valores medidos são poucos, ou não determinam cada um dos parâmetros"},
+    {TextId::EvaluationLimitReached, "Stopped at the limit of simulations; another seed (IU) or narrower bounds may find a better result.", "Interrompido no limite de simulações; outra semente (IU) ou limites mais estreitos podem encontrar um resultado melhor."},
+    {TextId::StartsThatAgree, "Starts that reached this optimum: {1} of {2}", "Partidas que chegaram a este ótimo: {1} de {2}"},
 
     // Experiments and conditions.
     {TextId::NumbersRepeated, "These numbers belong to more than one experiment: {1}. Saving changes the experiment that is shown. To give it another number, save it with that number and delete the old one by its place.", "Estes números pertencem a mais de um experimento: {1}. Salvar altera o experimento exibido. Para dar-lhe outro número, salve-o com esse número e exclua o antigo pela sua posição."},
@@ -333,7 +335,6 @@ constexpr auto kTable = std::to_array<Entry>({
     // The windows.
     {TextId::WriteWithoutEntries, ". Its entries will not be in the file. Write the file without them?", ". O que foi digitado não estará no arquivo. Gravar o arquivo assim mesmo?"},
     {TextId::BeforeRun, " for the calculation to use them.", " para que o cálculo as use."},
-    {TextId::NoLevenbergMarquardt, "Levenberg-Marquardt is not available. Choose Estimate or Simulate.", "Levenberg-Marquardt não está disponível. Escolha Estimar ou Simular."},
     {TextId::NoPrinter, "No printer is set up on this computer.", "Nenhuma impressora está instalada neste computador."},
     {TextId::PrinterRefused, "The chosen printer cannot be reached.", "A impressora escolhida não pode ser acessada."},
     {TextId::AskToSavePdf, "Save the page as a PDF file instead?", "Deseja salvar a página em um arquivo PDF?"},
@@ -348,7 +349,8 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::NoSuchPlace, "--set: \"{1}\" names place {2}, but the file has {3} experiment(s)", "--set: \"{1}\" indica a posição {2}, mas o arquivo tem {3} experimento(s)"},
     {TextId::SetAndFitted, "{1} is both set and fitted; its start value stands in --fit", "{1} é fixado e ajustado ao mesmo tempo; o valor inicial fica em --fit"},
     {TextId::FittedTwice, "--fit: {1} is given twice", "--fit: {1} aparece duas vezes"},
-    {TextId::FitWithManual, "--fit needs the method ED; the method Manual only simulates", "--fit requer o método ED; o método Manual apenas simula"},
+    {TextId::FitWithManual, "--fit needs a method that searches, LM or ED; the method Manual only simulates", "--fit requer um método que busca, LM ou ED; o método Manual apenas simula"},
+    {TextId::SettingOfED, "{1} is a setting of the differential evolution; add --method ED.", "{1} é um ajuste da evolução diferencial; acrescente --method ED."},
     {TextId::SameFile, "the output {1} is the input file; choose another name", "a saída {1} é o arquivo de entrada; escolha outro nome"},
     {TextId::SeeHelp, "; see --help", "; veja --help"},
     {TextId::NoSuchCommand, "there is no command \"{1}\"", "não existe o comando \"{1}\""},
@@ -396,6 +398,7 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::GenerationLine, "generation {1}   best score {2}   {3} s", "geração {1}   melhor soma {2}   {3} s"},
     {TextId::StartScore, "Sum of squared errors of the start values = {1}", "Soma do quadrado dos erros dos valores iniciais = {1}"},
     {TextId::WorseThanStart, "The result is worse than the start values; a larger --npop or another --iu may find a better one.", "O resultado é pior que os valores iniciais; um --npop maior ou outro --iu pode encontrar um melhor."},
+    {TextId::StartLine, "start {1}   best score {2}   {3} s", "partida {1}   melhor soma {2}   {3} s"},
     {TextId::Score, "Score", "Total"},
     {TextId::Sum, "Sum", "Soma"},
     {TextId::UnscaledAt, " (place {1}, {2})", " (posição {1}, {2})"},

@@ -196,6 +196,8 @@ enum class TextId : std::int16_t {
   BestOfPopulation,
   NoDeviations,
   DataDoNotDetermine,
+  EvaluationLimitReached,
+  StartsThatAgree,
 
   // Experiments and conditions.
   NumbersRepeated,
@@ -205,7 +207,6 @@ enum class TextId : std::int16_t {
   // The windows.
   WriteWithoutEntries,
   BeforeRun,
-  NoLevenbergMarquardt,
   NoPrinter,
   PrinterRefused,
   AskToSavePdf,
@@ -221,6 +222,7 @@ enum class TextId : std::int16_t {
   SetAndFitted,
   FittedTwice,
   FitWithManual,
+  SettingOfED,
   SameFile,
   SeeHelp,
   NoSuchCommand,
@@ -268,6 +270,7 @@ enum class TextId : std::int16_t {
   GenerationLine,
   StartScore,
   WorseThanStart,
+  StartLine,
   Score,
   Sum,
   UnscaledAt,

@@ -117,6 +117,8 @@ class Report {
     }
     if (deviations.fault) AddMissingDeviations(*deviations.fault);
     Add(Text(TextId::ReportedSum) + Plain(content_.result.score), rich::Look::Strong);
+    if (std::string line = AgreementText(content_.result, content_.style.language); !line.empty())
+      Add(std::move(line));
   }
 
   void AddMissingDeviations(const ArithmeticFault& fault) {

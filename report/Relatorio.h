@@ -8,7 +8,7 @@
 #include "cultivation/CultivationConditions.h"
 #include "data/FileFault.h"
 #include "estimation/Deviations.h"
-#include "estimation/EvolucaoDiferencial.h"
+#include "estimation/SearchResult.h"
 #include "estimation/ResultTexts.h"
 #include "report/RichText.h"
 

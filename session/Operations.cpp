@@ -85,19 +85,6 @@ bool HoldsUnsaved(const Session& session, const CultivationForm& form, int place
          form.yields != stored.yields || form.dataSet != stored.dataSet;
 }
 
-std::optional<Message> RefuseMethod(Method method) {
-  switch (method) {
-    case Method::Manual:
-    case Method::ED:
-      return std::nullopt;
-    case Method::LM:
-      return Attention({TextId::NoLevenbergMarquardt});
-    case Method::None:
-      break;
-  }
-  return Attention({TextId::NoMethod});
-}
-
 /// The values from which a search starts become those of every experiment: they are fitted for all
 /// at once.
 void StoreStart(CultivationConditions& conditions, const std::vector<FitVariable>& variables) {
@@ -233,7 +220,7 @@ std::optional<Refusal> RefuseStart(const Session& session, const CultivationForm
   if (refusal) return refusal;
   if (auto message = RefuseRun(session.lists.Experiments(), session.conditions))
     return Refusal{*message, std::nullopt};
-  if (auto message = RefuseMethod(form.method)) return Refusal{*message, std::nullopt};
+  if (form.method == Method::None) return Refusal{Attention({TextId::NoMethod}), std::nullopt};
   if (!HoldsUnsaved(session, form, place)) return std::nullopt;
   const std::string number = std::to_string(session.lists.At(place).number);
   return Refusal{Attention({TextId::SaveConditionsOf, number, TextId::BeforeRun}), std::nullopt};

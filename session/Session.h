@@ -9,7 +9,7 @@
 #include "data/ExperimentLists.h"
 #include "estimation/Deviations.h"
 #include "estimation/EstimationSettings.h"
-#include "estimation/EvolucaoDiferencial.h"
+#include "estimation/SearchResult.h"
 #include "kinetics/ModelCurves.h"
 #include "language/Texts.h"
 

@@ -5,6 +5,8 @@
 #include <new>
 #include <utility>
 
+#include "cultivation/FitSetUp.h"
+
 namespace velmora {
 namespace {
 
@@ -19,12 +21,13 @@ RunControl::RunControl(QObject* parent) : QObject(parent), clock_(this) {
   connect(&clock_, &QTimer::timeout, this, &RunControl::Tick);
 }
 
-std::optional<SearchOutcome> RunControl::Run(FitProblem problem, EstimationSettings settings) {
+std::optional<SearchOutcome> RunControl::Run(FitProblem problem, Method method,
+                                             EstimationSettings settings) {
   std::optional<SearchOutcome> outcome = SearchOutcome{std::move(problem), {}, {}, {}};
   problem_ = &outcome->problem;
   stop_ = false;
   try {
-    Search(settings, *outcome);
+    Search(method, settings, *outcome);
   } catch (const std::bad_alloc&) {
     outcome.reset();
   }
@@ -33,7 +36,7 @@ std::optional<SearchOutcome> RunControl::Run(FitProblem problem, EstimationSetti
   return outcome;
 }
 
-void RunControl::Search(EstimationSettings settings, SearchOutcome& outcome) {
+void RunControl::Search(Method method, const EstimationSettings& settings, SearchOutcome& outcome) {
   const Objective objective(*problem_);
   for (int i = 0; i < objective.UnscaledVariables(); ++i) emit NotNormalised();
   if (!BoundsAreOrdered(problem_->variables)) return;
@@ -45,7 +48,7 @@ void RunControl::Search(EstimationSettings settings, SearchOutcome& outcome) {
   emit Started();
   // The first population takes as long as a generation; the window shows before it that it began.
   QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  outcome.result = velmora::Search(*problem_, settings, *this);
+  outcome.result = SearchBy(method, *problem_, settings, *this);
   ShowTime();
   if (!outcome.result.HasResult()) return;
   outcome.curves = objective.Simulate(outcome.result.best).Curves();

@@ -7,12 +7,13 @@
 #include <optional>
 #include <vector>
 
+#include "cultivation/CultivationForm.h"
 #include "session/Session.h"
 
 namespace velmora {
 
-/// Lets the window's events through once per generation, so that the clock ticks and the stop
-/// command is heard. The signals are emitted inside `Run`.
+/// Lets the window's events through whenever the search asks whether to stop, so that the clock
+/// ticks and the stop command is heard. The signals are emitted inside `Run`.
 class RunControl : public QObject, private SearchObserver {
   Q_OBJECT
 
@@ -21,8 +22,8 @@ class RunControl : public QObject, private SearchObserver {
 
   /// Searches, and returns when the search has ended, was stopped or failed; nothing where there is
   /// no memory for it. Not to be called while a run is going.
-  std::optional<SearchOutcome> Run(FitProblem problem, EstimationSettings settings);
-  /// Ends the run before its next generation.
+  std::optional<SearchOutcome> Run(FitProblem problem, Method method, EstimationSettings settings);
+  /// Ends the run as soon as the search asks.
   void Stop() { stop_ = true; }
 
  signals:
@@ -41,7 +42,7 @@ class RunControl : public QObject, private SearchObserver {
   void Report(const Generation& generation) override;
   void Tick();
   void ShowTime();
-  void Search(EstimationSettings settings, SearchOutcome& outcome);
+  void Search(Method method, const EstimationSettings& settings, SearchOutcome& outcome);
 
   bool stop_ = false;
   QTimer clock_;

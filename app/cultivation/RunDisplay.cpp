@@ -96,11 +96,12 @@ void RunDisplay::Estimate() {
   const Message question{{TextId::AskToEstimate}, TextId::ParametersEstimation, Icon::Question};
   if (dialogs_.Show(Window(), question, Buttons::YesNo) != Answer::Yes) return;
   const EstimationSettings settings = session_.settings;
-  generations_ = static_cast<int>(settings.ITER);
+  const CultivationForm form = entry_.Form();
+  generations_ = form.method == Method::ED ? static_cast<int>(settings.ITER) : 0;
   quiet_ = false;
   SetRunning(true);
   const std::optional<SearchOutcome> outcome =
-      run_->Run(StartSearch(session_, entry_.Form()), settings);
+      run_->Run(StartSearch(session_, form), form.method, settings);
   SetRunning(false);
   if (!outcome) {
     dialogs_.Show(Window(), Attention({TextId::OutOfBounds}));
@@ -135,7 +136,7 @@ void RunDisplay::ShowGeneration(const Generation& generation,
 void RunDisplay::ShowOutcome(const SearchOutcome& outcome) {
   if (outcome.result.HasResult()) return ShowResult(outcome);
   panel_->SetHeading(std::nullopt);
-  if (outcome.result.fault)
+  if (outcome.result.end != SearchEnd::Refused)
     results_->Append(EndText(outcome.problem, outcome.result, session_.language));
   else
     dialogs_.Show(Window(), BoundsRefusal());

@@ -73,7 +73,7 @@ class RunDisplay : public QObject {
   ScoreView* score_;
   RunControl* run_;
   QPointer<frmRelatorio> reportWindow_;
-  int generations_ = 0;  // at most, in the search that goes on
+  int generations_ = 0;  // at most, in the search that goes on; 0 where nobody knows
   bool running_ = false;
   bool estimatedShown_ = false;
   bool quiet_ = false;  // the program is being closed

@@ -26,6 +26,7 @@ class RunPanel : public QWidget {
   /// Whether the start command simulates instead of estimating.
   void SetSimulates(bool simulates);
   void ShowSeconds(int seconds);
+  /// A limit of 0: how far it will go is not known, only that it does.
   void ShowProgress(int generation, int limit);
   void SetLanguage(Language language);
 

@@ -17,10 +17,10 @@ std::string Replaced(const std::string& example, const std::string& from, const 
 
 TEST_F(Cli, RefusesWithOneLineAndItsExitCode) {
   const std::string nine = kExamples + "yeast-nine.abr ";
-  ExpectRefusal("fit " + kBoth + "--pcros 0.95", 1,
+  ExpectRefusal("fit " + kBoth + "--method ED --pcros 0.95", 1,
                 "--pcros: One of the parameters is out of bounds.");
-  ExpectRefusal("fit " + kBoth + "--npop 9 --language pt", 1, "Um dos parâmetros");
-  ExpectRefusal("fit " + kBoth + "--npop 1e12", 1, "not enough memory");
+  ExpectRefusal("fit " + kBoth + "--method ED --npop 9 --language pt", 1, "Um dos parâmetros");
+  ExpectRefusal("fit " + kBoth + "--method ED --npop 1e12", 1, "not enough memory");
   ExpectRefusal("fit " + nine + kConditions, 1, "The number of experiments is not equal");
   ExpectRefusal("simulate " + nine + kConditions, 1, "The number of experiments is not equal");
   ExpectRefusal("score " + kBoth + "--model Monod --set Kis=3", 1, "no parameter Kis");
@@ -28,6 +28,7 @@ TEST_F(Cli, RefusesWithOneLineAndItsExitCode) {
                     "yeast-nine-conditions.abr --model Monod",
                 1, "Monod has no parameter Kis");
   ExpectRefusal("fit " + kBoth + "--pcros 0,8", 2, "--pcros: \"0,8\" has a comma");
+  ExpectRefusal("fit " + kBoth + "--npop 10000", 2, "--npop is a setting of the differential");
   ExpectRefusal("fit " + kBoth + "--eps 1e-400", 2, "--eps: \"1e-400\" is out of range");
   ExpectRefusal("fit " + kBoth + "--model monod", 2, "there is no model \"monod\"");
   ExpectRefusal("score " + kBoth + "--set Km=3", 2, "there is no parameter \"Km\"");
@@ -45,7 +46,7 @@ TEST_F(Cli, SaysWhatIsWrongInAFile) {
   ExpectRefusal("check " + changed, 3, "changed.abr:13: point 2:");
   WriteFile(changed, Replaced("molasses-conditions.abr", "#1", "#7"));
   ExpectRefusal("fit " + kMolasses + changed, 1, "place 1: the experiment has the number 1 ");
-  WriteFile(changed, Replaced("molasses-conditions.abr", "\r\nED\r\n", "\r\nLM\r\n"));
+  WriteFile(changed, Replaced("molasses-conditions.abr", "\r\nLM\r\n", "\r\nNone\r\n"));
   ExpectRefusal("fit " + kMolasses + changed, 1, "Fitting method has not been selected.");
   WriteFile(changed, Replaced("molasses-conditions.abr", "Batelada\r\n", ""));
   ExpectRefusal("fit " + kMolasses + changed, 1, "The number of experiments is not equal");

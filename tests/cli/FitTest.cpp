@@ -17,7 +17,7 @@ constexpr const char* kPngBegins = "89504e470d0a1a0a";
 // Zentou et al. 2019 report 0.179 1/h and 11.37 g/L for these data; the fit must come within one
 // deviation of it.
 TEST_F(Fit, FitsMolassesNearThePublishedValues) {
-  const Ran ran = RunCli("fit " + kBoth + "--npop 10000 --eps 0.0000001 --json");
+  const Ran ran = RunCli("fit " + kBoth + "--method ED --npop 10000 --eps 0.0000001 --json");
   ASSERT_EQ(ran.code, 0) << ran.err;
   EXPECT_TRUE(ran.out.starts_with(R"({"parameters":[{"name":"MiMax","label":"µmáx =","position":8,)"
                                   R"("start":0.2,"lower":0.05,"upper":0.5,"value":0.17)"))
@@ -91,7 +91,7 @@ TEST_F(Fit, ReportsArithmeticFaults) {
 // The start vector scores 4.1292, and this seed's first two generations end above it.
 TEST_F(Fit, SaysThatTheResultIsWorseThanTheStart) {
   const std::string worse = "fit " + kExamples + "yeast-nine.abr " + kExamples +
-                            "yeast-nine-conditions.abr --iu 4321 --eps 1e-7 ";
+                            "yeast-nine-conditions.abr --method ED --iu 4321 --eps 1e-7 ";
   const json fit = json::parse(RunCli(worse + "--json").out);
   EXPECT_NEAR(fit.at("startScore"), 4.1292, 1e-4);
   EXPECT_GT(fit.at("sumOfSquaredErrors"), fit.at("startScore"));
@@ -110,7 +110,8 @@ TEST_F(Fit, KeepsTheBestVectorBeforeAFault) {
                                        "--model Moser --product PAC --yields global "
                                        "--fit MiMax=0.2:0.05:0.5 --fit Ks=10:1:4000 "
                                        "--fit u=1:0.5:164.5");
-  const std::string fit = "fit " + kMolasses + moser + " --npop 300 --eps 1e-7 --iu 4000 ";
+  const std::string fit =
+      "fit " + kMolasses + moser + " --method ED --npop 300 --eps 1e-7 --iu 4000 ";
   const std::string said =
       "Estimate was not completed: overflow in the substrate power Cs^u (experiment 1, point 1 of "
       "100), t = 0.0000 h";
@@ -154,9 +155,8 @@ TEST_F(Fit, ReportsWhyOnePointGivesNoDeviations) {
 
 /// A fit whose first population, all of it scored before the first generation, has `members`.
 std::vector<std::string> LongFit(const std::string& members) {
-  return {
-      "fit",   kExamples + "molasses.abr", kExamples + "molasses-conditions.abr", "--npop", members,
-      "--json"};
+  return {"fit",    kExamples + "molasses.abr",           "--method", "ED", "--npop", members,
+          "--json", kExamples + "molasses-conditions.abr"};
 }
 
 void WaitUntil(const std::function<bool()>& holds) {
@@ -222,9 +222,10 @@ TEST_F(Fit, WritesTheReportWhereNobodyReadsTheProgress) {
   ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
   close(ends[0]);
   const std::string report = folder_ / "fit.rtf";
-  Program program({"fit", kExamples + "molasses.abr", kExamples + "molasses-conditions.abr",
-                   "--npop", "300", "--eps", "1e-7", "--progress", "--report", report},
-                  {0, ends[1]});
+  Program program(
+      {"fit", kExamples + "molasses.abr", kExamples + "molasses-conditions.abr", "--method", "ED",
+       "--npop", "300", "--eps", "1e-7", "--progress", "--report", report},
+      {0, ends[1]});
   const Ran ran = program.Wait();
   close(ends[1]);
   EXPECT_EQ(ran.code, 3);

@@ -211,8 +211,8 @@ TEST(RefuseStart, ChecksInOrder) {
   EXPECT_EQ(RefuseStart(session, Filled(), 0)->message, Attention({TextId::NoExperiment}));
   session = Cultivation(2);
   form = Filled();
-  form.method = Method::LM;
-  EXPECT_EQ(RefuseStart(session, form, 2)->message, Attention({TextId::NoLevenbergMarquardt}));
+  form.method = Method::None;
+  EXPECT_EQ(RefuseStart(session, form, 2)->message, Attention({TextId::NoMethod}));
   ClearConditions(session, 1);
   EXPECT_EQ(RefuseStart(session, form, 2)->message.pieces.front(), Piece(TextId::CountsDiffer));
 }

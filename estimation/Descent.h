@@ -1,0 +1,44 @@
+// One descent by the method of Levenberg and Marquardt, inside the box of the bounds.
+#pragma once
+
+#include <Eigen/Core>
+
+#include "estimation/Landscape.h"
+
+namespace velmora {
+
+/// Where a descent stands. It can be taken up again at any time.
+struct Descent {
+  Place at;
+  double score = 0;
+  Eigen::VectorXd residuals;
+  Eigen::MatrixXd normal;    // J'J at the place of the last derivatives
+  Eigen::VectorXd gradient;  // J'r there
+  double damping = 1e-3;
+  double growth = 2;  // of the damping after the next failure
+  int quiet = 0;      // iterations in a row that gained next to nothing
+  bool ended = false;
+  bool blocked = false;  // it ended although a step promised more: the score has a kink here
+};
+
+/// Begins at `place`, which is scored.
+Descent BeginDescent(const Place& place, Landscape& landscape);
+
+/// Goes on for at most `iterations`. Minimises the sum of squared residuals (Levenberg 1944,
+/// Marquardt 1963) with derivatives by forward differences, the damping controlled by the gain
+/// ratio (Nielsen 1999), the diagonal of J'J as scale, and components that would leave the box held
+/// at its edge. A place where a simulation faults counts as infinitely high.
+void Descend(Descent& descent, int iterations, Landscape& landscape);
+
+/// The derivatives at the descent's place: sets `normal` and `gradient`.
+void Differentiate(Descent& descent, Landscape& landscape);
+
+/// The covariance of the places whose score is about (1 + spread) times that of the descent's
+/// place, by its derivatives; at most 0.3 of a component wide.
+Eigen::MatrixXd ShapeAround(const Descent& descent, double spread);
+
+/// Whether the score rises beside the descent's place by more than its curvature explains: the
+/// place stands at the edge of a jump, or in a cusp.
+bool HasKink(const Descent& descent, Landscape& landscape);
+
+}  // namespace velmora

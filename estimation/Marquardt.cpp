@@ -1,0 +1,241 @@
+#include "estimation/Marquardt.h"
+
+#include <Eigen/Cholesky>
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "estimation/Elite.h"
+#include "estimation/Hops.h"
+#include "estimation/Polish.h"
+
+namespace velmora {
+namespace {
+
+// The starts. All descend some steps, the best of these on, the best of those to their ends.
+constexpr int kPlaces = 200;  // of the hypercube
+struct Stage {
+  std::size_t descents;
+  int iterations;
+};
+constexpr Stage kStages[] = {{20, 8}, {8, 25}, {4, 150}};
+
+// A round.
+constexpr int kHops = 12;
+constexpr double kOtherBase = 0.3;         // probability of a hop from another place than the best
+constexpr double kOtherBaseWithin = 1.05;  // times the best
+constexpr int kHopIterations = 15;
+constexpr int kPromisingIterations = 85;  // more, where a hop comes
+constexpr double kPromising = 1.05;       // this near to the best
+constexpr double kKinkNear = 1.02;        // times the best: where a kink matters
+
+// A round that gains less is quiet.
+constexpr double kQuietGain = 1e-5;
+constexpr int kQuietRoundsAtKinks = 3;
+constexpr int kQuietRounds = 2;
+constexpr int kEnoughAgree = 4;
+
+// The polish, with evaluations for each parameter.
+constexpr double kNarrow = 0.02, kWide = 0.3;  // spreads of the first population
+constexpr int kNarrowEvaluations = 200, kWideEvaluations = 400, kSimplexEvaluations = 60;
+constexpr int kLastIterations = 40;
+
+class ManyStarts {
+ public:
+  ManyStarts(const FitProblem& problem, const MarquardtSettings& settings, SearchObserver& observer)
+      : problem_(problem),
+        observer_(observer),
+        landscape_(problem, settings.limit, [&observer] { return observer.StopRequested(); }),
+        random_(settings.IU),
+        hops_(problem, landscape_, random_) {}
+
+  SearchResult Run() {
+    Start();
+    while (!ShouldEnd()) {
+      Hop();
+      Polish();
+      EndRound();
+    }
+    return Result();
+  }
+
+ private:
+  void Start();
+  Descent UserStart();
+  std::vector<Descent> BestOfHypercube(std::size_t count);
+  void Hop();
+  const Descent& Base();
+  void Follow(const Place& place);
+  void Polish();
+  void EndRound();
+  bool ShouldEnd();
+  SearchResult Result() const;
+
+  void Admit(const Descent& descent);
+  void LookForKinks(const Descent& descent);
+  void Report();
+
+  const FitProblem& problem_;
+  SearchObserver& observer_;
+  Landscape landscape_;
+  UniformGenerator random_;
+  Hops hops_;
+  Elite elite_;
+  bool kinked_ = false;  // near the best the score has a kink: it wants the polish
+  double startScore_ = 0;
+  double scoreBeforeRound_ = 0;
+  std::size_t endsBeforeRound_ = 0;
+  int quietRounds_ = 0;  // in a row
+  int reports_ = 0;
+  int bestReport_ = 0;
+};
+
+void ByScore(std::vector<Descent>& descents) {
+  std::stable_sort(descents.begin(), descents.end(),
+                   [](const Descent& a, const Descent& b) { return a.score < b.score; });
+}
+
+void ManyStarts::Start() {
+  std::vector<Descent> descents{UserStart()};
+  for (Descent& descent : BestOfHypercube(kStages[0].descents - 1))
+    descents.push_back(std::move(descent));
+  for (const auto& [count, iterations] : kStages) {
+    ByScore(descents);
+    descents.resize(std::min(descents.size(), count));
+    for (Descent& descent : descents) {
+      Descend(descent, iterations, landscape_);
+      Admit(descent);
+      if (count == kStages[0].descents) Report();
+    }
+  }
+  for (const Descent& descent : descents) elite_.NoteEnd(descent.score);
+  if (!elite_.Empty()) LookForKinks(elite_.Best());
+}
+
+/// The start values, which are a result as soon as they are scored.
+Descent ManyStarts::UserStart() {
+  std::vector<double> start;
+  for (const FitVariable& variable : problem_.variables) start.push_back(variable.start);
+  const Descent descent = BeginDescent(landscape_.PlaceOf(start), landscape_);
+  startScore_ = descent.score;
+  Admit(descent);
+  return descent;
+}
+
+std::vector<Descent> ManyStarts::BestOfHypercube(std::size_t count) {
+  std::vector<Descent> descents;
+  for (const Place& place : hops_.Hypercube(kPlaces)) {
+    if (landscape_.Exhausted()) break;
+    descents.push_back(BeginDescent(place, landscape_));
+  }
+  ByScore(descents);
+  descents.resize(std::min(descents.size(), count));
+  return descents;
+}
+
+void ManyStarts::Hop() {
+  endsBeforeRound_ = elite_.Ends();
+  scoreBeforeRound_ = elite_.BestScore();
+  for (int hop = 0; hop < kHops; ++hop) {
+    if (landscape_.Exhausted() || landscape_.IsPerfect(elite_.BestScore())) return;
+    Follow(hops_.From(Base()));
+  }
+}
+
+/// Mostly the best; sometimes another one that is about as good.
+const Descent& ManyStarts::Base() {
+  const std::size_t near = elite_.CountWithin(kOtherBaseWithin);
+  if (near == 1 || random_.Draw() >= kOtherBase) return elite_.Best();
+  return elite_.Member(static_cast<std::size_t>(random_.DrawIndex(static_cast<int>(near) - 1)));
+}
+
+void ManyStarts::Follow(const Place& place) {
+  if (!place.allFinite()) return;
+  Descent descent = BeginDescent(place.cwiseMax(0).cwiseMin(1), landscape_);
+  Descend(descent, kHopIterations, landscape_);
+  if (descent.score < kPromising * elite_.BestScore())
+    Descend(descent, kPromisingIterations, landscape_);
+  elite_.NoteEnd(descent.score);
+  Admit(descent);
+  LookForKinks(descent);
+}
+
+void ManyStarts::LookForKinks(const Descent& descent) {
+  if (kinked_ || landscape_.Exhausted()) return;
+  if (!(descent.score <= kKinkNear * elite_.BestScore())) return;
+  kinked_ = descent.blocked || HasKink(descent, landscape_);
+}
+
+void ManyStarts::Polish() {
+  const Descent& from = elite_.Best();
+  if (!kinked_ || landscape_.Exhausted() || landscape_.IsPerfect(from.score)) return;
+  const int size = static_cast<int>(landscape_.Size());
+  const int population = 4 + static_cast<int>(3 * std::log(static_cast<double>(size)));
+  Found best{from.at, from.score};
+  AdaptCovariance(best, ShapeAround(from, kNarrow), population, kNarrowEvaluations * size,
+                  landscape_, random_);
+  AdaptCovariance(best, ShapeAround(from, kWide), 3 * population, kWideEvaluations * size,
+                  landscape_, random_);
+  const Eigen::MatrixXd edges = ShapeAround(from, kNarrow).llt().matrixL();
+  WalkSimplex(best, edges, kSimplexEvaluations * size, landscape_);
+  if (!(best.score < from.score)) return;
+  Descent descent = BeginDescent(best.at, landscape_);
+  Descend(descent, kLastIterations, landscape_);
+  Admit(descent);
+}
+
+void ManyStarts::Admit(const Descent& descent) {
+  if (elite_.Admit(descent, landscape_)) bestReport_ = reports_ + 1;
+}
+
+void ManyStarts::EndRound() {
+  const bool quiet = scoreBeforeRound_ - elite_.BestScore() <= kQuietGain * scoreBeforeRound_;
+  quietRounds_ = quiet ? quietRounds_ + 1 : 0;
+  Report();
+}
+
+bool ManyStarts::ShouldEnd() {
+  if (elite_.Empty() || landscape_.IsPerfect(elite_.BestScore()) || landscape_.Exhausted())
+    return true;
+  if (quietRounds_ == 0) return false;
+  if (kinked_) return quietRounds_ >= kQuietRoundsAtKinks;
+  const int agreeing = elite_.Agreeing(endsBeforeRound_, landscape_);
+  const int rivals = elite_.Rivals(endsBeforeRound_, landscape_);
+  return quietRounds_ >= kQuietRounds || (agreeing >= kEnoughAgree && 4 * rivals <= agreeing);
+}
+
+void ManyStarts::Report() {
+  if (elite_.Empty()) return;
+  ++reports_;
+  observer_.Report({reports_, landscape_.CandidateAt(elite_.Best().at), elite_.BestScore(),
+                    landscape_.Evaluations(), landscape_.Observations()});
+}
+
+SearchResult ManyStarts::Result() const {
+  SearchResult result;
+  result.functionCalls = landscape_.Evaluations();
+  result.generations = reports_;
+  result.startScore = startScore_;
+  result.end = landscape_.Stopped() ? SearchEnd::Stopped
+               : elite_.Empty()     ? SearchEnd::Fault
+               : landscape_.Spent() ? SearchEnd::EvaluationLimit
+                                    : SearchEnd::Converged;
+  if (result.end == SearchEnd::Fault) result.fault = landscape_.FirstFault();
+  if (elite_.Empty()) return result;
+  result.best = landscape_.CandidateAt(elite_.Best().at);
+  result.score = elite_.BestScore();
+  result.bestGeneration = std::min(bestReport_, reports_);
+  result.starts = static_cast<int>(elite_.Ends());
+  result.agreeing = elite_.Agreeing(0, landscape_);
+  return result;
+}
+
+}  // namespace
+
+SearchResult SearchMarquardt(const FitProblem& problem, MarquardtSettings settings,
+                             SearchObserver& observer) {
+  if (!BoundsAreOrdered(problem.variables)) return {};
+  return ManyStarts(problem, settings, observer).Run();
+}
+
+}  // namespace velmora

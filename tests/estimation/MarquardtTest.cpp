@@ -1,0 +1,127 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
+
+#include "estimation/Marquardt.h"
+#include "tests/support/Batches.h"
+
+namespace velmora {
+namespace {
+
+class Counting : public SearchObserver {
+ public:
+  explicit Counting(int questions = std::numeric_limits<int>::max()) : most_(questions) {}
+  bool StopRequested() override { return ++asked >= most_; }
+  void Report(const Generation& generation) override {
+    scores.push_back(generation.score);
+    calls = generation.functionCalls;
+  }
+  std::vector<double> scores;
+  std::int32_t calls = 0;
+  int asked = 0;
+
+ private:
+  int most_;
+};
+
+SearchResult Find(const FitProblem& problem, MarquardtSettings settings = {}) {
+  SearchObserver silent;
+  return SearchMarquardt(problem, settings, silent);
+}
+
+TEST(Marquardt, RecoversTheConstantsThatMadeTheDataFromAnyStart) {
+  FitProblem problem = test::TwoBatches();
+  // The last start lies outside its bounds.
+  for (const double start : {0.05, 0.2, 3.0}) {
+    problem.variables[0].start = start;
+    Counting observer;
+    const SearchResult result = SearchMarquardt(problem, {}, observer);
+    EXPECT_EQ(result.end, SearchEnd::Converged);
+    EXPECT_NEAR(result.best[0], 0.3, 1e-6);
+    EXPECT_NEAR(result.best[1], 8, 1e-4);
+    EXPECT_NEAR(result.best[2], 1.3, 1e-5);
+    EXPECT_EQ(result.score, Objective(problem).Simulate(result.best).score);
+    EXPECT_GT(2 * result.agreeing, result.starts);
+    EXPECT_TRUE(std::is_sorted(observer.scores.rbegin(), observer.scores.rend()));
+    EXPECT_EQ(result.generations, static_cast<int>(observer.scores.size()));
+  }
+}
+
+TEST(Marquardt, GivesTheSameForTheSameSeed) {
+  FitProblem problem = test::SampledBatches("Moser-Levenspiel-Lee", {60});
+  problem.experiments[0].Cx[4] *= 1.1;  // no vector fits all points
+  problem.variables = {{At::muMax, 0.05, 1, 0.2}, {At::CxAst, 20, 80, 60}, {At::m, 0.1, 3, 1}};
+  const SearchResult first = Find(problem, {.IU = 1234});
+  const SearchResult again = Find(problem, {.IU = 1234});
+  EXPECT_EQ(first.best, again.best);
+  EXPECT_EQ(first.functionCalls, again.functionCalls);
+  const SearchResult other = Find(problem, {.IU = 1235});
+  EXPECT_NE(first.functionCalls, other.functionCalls);
+  EXPECT_NEAR(first.score, other.score, 1e-4 * first.score);
+}
+
+// Data made with muMax 0.3 and Ks 8, looked for where they are not.
+TEST(Marquardt, EndsAtABoundAndInAFlatValley) {
+  FitProblem problem = test::TwoBatches();
+  problem.variables = {{At::muMax, 0.31, 1, 0.5}, {At::Ks, 1, 30, 10}};
+  SearchResult result = Find(problem);
+  EXPECT_EQ(result.end, SearchEnd::Converged);
+  EXPECT_EQ(result.best[0], 0.31);
+  EXPECT_GT(result.best[1], 8);
+
+  // The model has no term in which Kip acts.
+  problem.variables = {{At::muMax, 0.05, 1, 0.2}, {At::Kip, 1, 100, 10}};
+  result = Find(problem);
+  EXPECT_EQ(result.end, SearchEnd::Converged);
+  EXPECT_NEAR(result.best[0], 0.3, 1e-6);
+}
+
+// 75^u is above the largest double, 1.8e308, where u is above 164.4.
+TEST(Marquardt, WalksAroundFaults) {
+  FitProblem problem = test::SampledBatches("Moser", {75});
+  problem.variables = {{At::muMax, 0.05, 1, 0.2}, {At::u, 0.5, 10'000, 5'000}};
+  SearchResult result = Find(problem);
+  EXPECT_EQ(result.end, SearchEnd::Converged);
+  EXPECT_NEAR(result.best[0], 0.3, 1e-5);
+  EXPECT_NEAR(result.best[1], 1.2, 1e-4);
+  EXPECT_FALSE(result.fault);
+
+  problem.variables[1] = {At::u, 1'000, 10'000, 5'000};
+  result = Find(problem);
+  EXPECT_EQ(result.end, SearchEnd::Fault);
+  EXPECT_FALSE(result.HasResult());
+  ASSERT_TRUE(result.fault);
+  EXPECT_EQ(result.fault->kind, FaultKind::Overflow);
+  EXPECT_EQ(result.fault->place, 1);
+}
+
+TEST(Marquardt, EndsSoonWhereItIsStoppedAndAtItsLimit) {
+  const FitProblem problem = test::SampledBatches("Andrews-Levenspiel", {40, 80});
+  FitProblem noisy = problem;
+  noisy.variables = test::TwoBatches().variables;
+  noisy.experiments[0].Cs[3] *= 1.2;
+  for (const int questions : {1, 2, 8}) {
+    Counting observer(questions);
+    const SearchResult stopped = SearchMarquardt(noisy, {}, observer);
+    EXPECT_EQ(stopped.end, SearchEnd::Stopped);
+    EXPECT_TRUE(stopped.HasResult());
+    EXPECT_LE(stopped.score, stopped.startScore);
+    // It is asked every 50 simulations, and ends within those of one set of derivatives.
+    EXPECT_LE(stopped.functionCalls, 60 * questions);
+    EXPECT_EQ(observer.asked, questions);
+  }
+  const SearchResult limited = Find(noisy, {.limit = 700});
+  EXPECT_EQ(limited.end, SearchEnd::EvaluationLimit);
+  EXPECT_LE(limited.functionCalls, 700 + 4);
+  EXPECT_GE(limited.functionCalls, 700);
+}
+
+TEST(Marquardt, RefusesBoundsOutOfOrder) {
+  FitProblem problem = test::TwoBatches();
+  problem.variables[1].upper = problem.variables[1].lower;
+  EXPECT_EQ(Find(problem).end, SearchEnd::Refused);
+}
+
+}  // namespace
+}  // namespace velmora
