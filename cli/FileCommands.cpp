@@ -8,6 +8,7 @@
 #include "data/ExperimentFile.h"
 #include "data/MeasuredTable.h"
 #include "data/SafeSave.h"
+#include "inference/DataChecks.h"
 #include "language/Numbers.h"
 
 namespace velmora::cli {
@@ -29,6 +30,8 @@ std::string ExperimentsReport(const CheckOptions& options, std::string_view byte
         "\n";
   }
   if (const auto repeated = TellRepeatedNumbers(lists)) text += say.Of(*repeated) + "\n";
+  for (const Remark& remark : CheckData(lists.Experiments()))
+    text += Worded(remark, say.In()) + "\n";
   return text;
 }
 

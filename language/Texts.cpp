@@ -332,6 +332,21 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::ConditionsMissing, "Conditions are missing for these experiments: {1}.", "Faltam as condições destes experimentos: {1}."},
     {TextId::NoYields, "Choose the yield coefficients: stoichiometric or global.", "Escolha os coeficientes de rendimento: estequiométricos ou globais."},
 
+    // What the data look like, in the order of RemarkKind; {1} is the experiment's number, {2} the row,
+    // {3} the variable.
+    {TextId::FallingCells, "experiment {1}, row {2}: {3} falls from {4} to {5} g/L; a model follows that only with Kd, from CsAst1 on", "experimento {1}, linha {2}: {3} cai de {4} a {5} g/L; um modelo só acompanha isso com Kd, a partir de CsAst1"},
+    {TextId::RisingSubstrate, "experiment {1}, row {2}: {3} rises from {4} to {5} g/L, which it does in no batch", "experimento {1}, linha {2}: {3} sobe de {4} a {5} g/L, o que não ocorre em batelada"},
+    {TextId::ProductBeforeGrowth, "experiment {1}, row {2}: {4} g/L of product with only {5} g/L of new cells: product before growth", "experimento {1}, linha {2}: {4} g/L de produto com só {5} g/L de células novas: produto antes do crescimento"},
+    {TextId::YieldTooHigh, "experiment {1}, row {2}: {4} g/L of cells and product from {5} g/L of substrate, more than is possible; look at the units", "experimento {1}, linha {2}: {4} g/L de células e produto a partir de {5} g/L de substrato, mais que o possível; verifique as unidades"},
+    {TextId::FirstSampleLate, "experiment {1}, row {2}: the first sample is at {4} h, but a simulation begins at 0 h", "experimento {1}, linha {2}: a primeira amostra é de {4} h, mas a simulação começa em 0 h"},
+    {TextId::TimesUnsorted, "experiment {1}, row {2}: {4} h stands after {5} h; sort the rows by time", "experimento {1}, linha {2}: {4} h vem depois de {5} h; ordene as linhas pelo tempo"},
+    {TextId::FinalTimeEarly, "experiment {1}, row {2}: the final time, {4} h, is before the last sample, at {5} h", "experimento {1}, linha {2}: o tempo final, {4} h, é anterior à última amostra, de {5} h"},
+    {TextId::FarOff, "experiment {1}, row {2}: {3} = {4} g/L lies far off the other points, which let expect {5} g/L", "experimento {1}, linha {2}: {3} = {4} g/L está longe dos outros pontos, que fazem esperar {5} g/L"},
+    {TextId::LooksLikePercent, "experiment {1}, row {2}: the highest {3} is {4}: are these g/L, or %?", "experimento {1}, linha {2}: o maior {3} é {4}: são g/L ou %?"},
+    {TextId::TooConcentrated, "experiment {1}, row {2}: {3} = {4} is more than a broth holds: are these g/L, or mg/L?", "experimento {1}, linha {2}: {3} = {4} é mais do que um caldo comporta: são g/L ou mg/L?"},
+    {TextId::LooksLikeMinutes, "experiment {1}, row {2}: the cells double in {4} h at best: are the times hours, or minutes?", "experimento {1}, linha {2}: as células dobram em {4} h, no melhor caso: os tempos são horas ou minutos?"},
+    {TextId::LooksLikeDays, "experiment {1}, row {2}: the cells double in {4} h: are the times hours, or days?", "experimento {1}, linha {2}: as células dobram em {4} h: os tempos são horas ou dias?"},
+
     // The windows.
     {TextId::WriteWithoutEntries, ". Its entries will not be in the file. Write the file without them?", ". O que foi digitado não estará no arquivo. Gravar o arquivo assim mesmo?"},
     {TextId::BeforeRun, " for the calculation to use them.", " para que o cálculo as use."},

@@ -204,6 +204,21 @@ enum class TextId : std::int16_t {
   ConditionsMissing,
   NoYields,
 
+  // What the data look like, in the order of RemarkKind; {1} is the experiment's number, {2} the row,
+  // {3} the variable.
+  FallingCells,
+  RisingSubstrate,
+  ProductBeforeGrowth,
+  YieldTooHigh,
+  FirstSampleLate,
+  TimesUnsorted,
+  FinalTimeEarly,
+  FarOff,
+  LooksLikePercent,
+  TooConcentrated,
+  LooksLikeMinutes,
+  LooksLikeDays,
+
   // The windows.
   WriteWithoutEntries,
   BeforeRun,

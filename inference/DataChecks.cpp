@@ -1,0 +1,202 @@
+#include "inference/DataChecks.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <numbers>
+#include <optional>
+#include <string>
+
+#include "inference/TimeCourse.h"
+#include "language/Numbers.h"
+
+namespace velmora {
+namespace {
+
+// In standard deviations of the noise. That of a single point is the one of the modified z-score
+// (Iglewicz and Hoaglin 1993); that of a difference of two points is 3.
+constexpr double kFarOff = 3.5;
+const double kDifference = 3 * std::numbers::sqrt2;
+constexpr double kEarlyProduct = 0.1;  // of all product, before ...
+constexpr double kNoGrowth = 0.05;     // ... of all growth
+// No broth grows faster or, where its cells at least double, slower, 1/h.
+constexpr double kFastestGrowth = 3;
+constexpr double kSlowestGrowth = 0.01;
+
+/// One experiment, as it is looked at.
+struct Batch {
+  explicit Batch(const Experiment& measured)
+      : experiment(measured),
+        Cx(CourseOf(measured, measured.Cx)),
+        Cs(CourseOf(measured, measured.Cs)),
+        Cp(CourseOf(measured, measured.Cp)) {}
+
+  const Experiment& experiment;
+  TimeCourse Cx;
+  TimeCourse Cs;
+  TimeCourse Cp;
+};
+
+using Remarks = std::vector<Remark>;
+
+/// The change of point i from the first one.
+double Change(const TimeCourse& course, std::size_t i) {
+  return course.value[i] - course.value.front();
+}
+
+void LookAtTimes(const Batch& batch, Remarks& remarks) {
+  const std::vector<double>& time = batch.experiment.time;
+  for (std::size_t k = 1; k < time.size(); ++k)
+    if (time[k] < time[k - 1])
+      remarks.push_back(
+          {RemarkKind::TimesUnsorted, static_cast<int>(k) + 1, "t", {time[k], time[k - 1]}});
+  const double first = batch.Cx.time.front(), last = batch.Cx.time.back();
+  if (first != 0)
+    remarks.push_back({RemarkKind::FirstSampleLate, batch.Cx.row.front(), "t", {first}});
+  const double end = batch.experiment.finalTime;
+  if (end < last)
+    remarks.push_back({RemarkKind::FinalTimeEarly, batch.Cx.row.back(), "t", {end, last}});
+}
+
+void LookAtConcentrations(const Batch& batch, Remarks& remarks) {
+  struct Limit {
+    std::string_view variable;
+    const TimeCourse& course;
+    double most;  // g/L that a broth may hold
+  };
+  for (const auto& [variable, course, most] :
+       {Limit{"Cx", batch.Cx, 200}, Limit{"Cs", batch.Cs, 1000}, Limit{"Cp", batch.Cp, 500}}) {
+    const auto highest = std::max_element(course.value.begin(), course.value.end());
+    const int row = course.row[static_cast<std::size_t>(highest - course.value.begin())];
+    if (*highest > most)
+      remarks.push_back({RemarkKind::TooConcentrated, row, variable, {*highest}});
+    if (variable == "Cs" && *highest > 0 && *highest < 1)
+      remarks.push_back({RemarkKind::LooksLikePercent, row, variable, {*highest}});
+  }
+}
+
+void LookAtGrowthRate(const Batch& batch, Remarks& remarks) {
+  const double rate = SteepestGrowth({&batch.experiment, 1});
+  const bool doubled = Largest(batch.Cx) > 2 * batch.Cx.value.front();
+  const int last = batch.Cx.row.back();
+  const std::vector<double> doublingTime = {rate > 0 ? std::numbers::ln2 / rate : 0};
+  if (rate > kFastestGrowth)
+    remarks.push_back({RemarkKind::LooksLikeDays, last, "t", doublingTime});
+  if (doubled && rate > 0 && rate < kSlowestGrowth)
+    remarks.push_back({RemarkKind::LooksLikeMinutes, last, "t", doublingTime});
+}
+
+void LookAtFalls(const Batch& batch, Remarks& remarks) {
+  if (const auto fall = FallOf(batch.Cx))
+    remarks.push_back({RemarkKind::FallingCells,
+                       batch.Cx.row[fall->to],
+                       "Cx",
+                       {batch.Cx.value[fall->from], batch.Cx.value[fall->to]}});
+  if (const auto rise = FallOf(Mirrored(batch.Cs)))
+    remarks.push_back({RemarkKind::RisingSubstrate,
+                       batch.Cs.row[rise->to],
+                       "Cs",
+                       {batch.Cs.value[rise->from], batch.Cs.value[rise->to]}});
+}
+
+/// The first sample before the highest Cx in which product has clearly run ahead of growth.
+void LookAtEarlyProduct(const Batch& batch, Remarks& remarks) {
+  const auto highest = std::max_element(batch.Cx.value.begin(), batch.Cx.value.end());
+  const auto peak = static_cast<std::size_t>(highest - batch.Cx.value.begin());
+  const double growth = Change(batch.Cx, peak);
+  const double production = Largest(batch.Cp) - batch.Cp.value.front();
+  if (growth <= 0 || production <= 0) return;
+  const double noise =
+      kDifference * std::hypot(Noise(batch.Cp) / production, Noise(batch.Cx) / growth);
+  for (std::size_t i = 1; i < peak; ++i) {
+    const double product = Change(batch.Cp, i), cells = Change(batch.Cx, i);
+    const double ahead = product / production - cells / growth;
+    if (ahead <= std::max(noise, kEarlyProduct) || cells > kNoGrowth * growth) continue;
+    remarks.push_back({RemarkKind::ProductBeforeGrowth, batch.Cp.row[i], "Cp", {product, cells}});
+    return;
+  }
+}
+
+/// The sample in which cells and product exceed the substrate used most.
+void LookAtYields(const Batch& batch, Remarks& remarks) {
+  double most = kDifference * std::hypot(Noise(batch.Cx), Noise(batch.Cs), Noise(batch.Cp));
+  std::optional<Remark> worst;
+  for (std::size_t i = 1; i < batch.Cs.Points(); ++i) {
+    const double formed = Change(batch.Cx, i) + Change(batch.Cp, i);
+    const double used = -Change(batch.Cs, i);
+    if (formed - used <= most) continue;
+    most = formed - used;
+    worst = Remark{RemarkKind::YieldTooHigh, batch.Cs.row[i], "Cs", {formed, used}};
+  }
+  if (worst) remarks.push_back(*worst);
+}
+
+/// How far point i lies off the curve: the least of its distances from the lines through its
+/// neighbours, the two points before and the two behind it; 0 where these disagree in sign. A bend,
+/// a kink or a jump of the curve leaves one of the lines right (the choice of the smoothest
+/// stencil: Harten, Engquist, Osher and Chakravarthy 1987).
+double DistanceOff(const TimeCourse& course, std::size_t i) {
+  const auto from = [&](std::size_t a, std::size_t b) {
+    return course.value[i] - LineThrough(course, a, b, course.time[i]);
+  };
+  double off = from(i - 1, i + 1);
+  const auto compare = [&](double other) {
+    if (other * off <= 0) off = 0;
+    if (std::fabs(other) < std::fabs(off)) off = other;
+  };
+  if (i >= 2) compare(from(i - 2, i - 1));
+  if (i + 2 < course.Points()) compare(from(i + 1, i + 2));
+  return off;
+}
+
+void LookAtSinglePoints(std::string_view variable, const TimeCourse& course, Remarks& remarks) {
+  const double most = kFarOff * Noise(course);
+  std::vector<double> off(course.Points(), 0);
+  for (std::size_t i = 1; i + 1 < course.Points(); ++i) off[i] = DistanceOff(course, i);
+  for (std::size_t i = 1; i + 1 < course.Points(); ++i) {
+    const double distance = std::fabs(off[i]);
+    // A point far off pulls the lines of its neighbours along.
+    if (distance <= most || distance < std::fabs(off[i - 1]) || distance < std::fabs(off[i + 1]))
+      continue;
+    remarks.push_back(
+        {RemarkKind::FarOff, course.row[i], variable, {course.value[i], course.value[i] - off[i]}});
+  }
+}
+
+}  // namespace
+
+std::vector<Remark> CheckData(std::span<const Experiment> experiments) {
+  Remarks remarks;
+  int place = 0;
+  for (const Experiment& experiment : experiments) {
+    ++place;
+    if (experiment.Points() == 0) continue;
+    const Batch batch(experiment);
+    const std::size_t before = remarks.size();
+    LookAtTimes(batch, remarks);
+    LookAtConcentrations(batch, remarks);
+    LookAtGrowthRate(batch, remarks);
+    LookAtFalls(batch, remarks);
+    LookAtEarlyProduct(batch, remarks);
+    LookAtYields(batch, remarks);
+    LookAtSinglePoints("Cx", batch.Cx, remarks);
+    LookAtSinglePoints("Cs", batch.Cs, remarks);
+    LookAtSinglePoints("Cp", batch.Cp, remarks);
+    for (std::size_t i = before; i < remarks.size(); ++i) {
+      remarks[i].place = place;
+      remarks[i].number = experiment.number;
+    }
+  }
+  return remarks;
+}
+
+std::string Worded(const Remark& remark, Language language) {
+  constexpr int kDigits = 4;
+  std::vector<std::string> words = {std::to_string(remark.number), std::to_string(remark.row),
+                                    std::string(remark.variable)};
+  for (const double value : remark.values) words.push_back(PlainText(value, '.', kDigits));
+  return Filled(TextOf(TextId::FallingCells, remark.kind), language,
+                std::vector<std::string_view>(words.begin(), words.end()));
+}
+
+}  // namespace velmora
