@@ -33,6 +33,12 @@ the seed are those of the method ED. Ctrl-C, SIGTERM and SIGHUP stop the search;
 results are printed all the same.
 )text";
 
+constexpr const char* kCheckFooter = R"text(
+Of experiments it also tells what looks odd, with experiment, row and value: falling Cx,
+rising Cs, product before growth, more cells and product than substrate used, times out of
+order, a first sample that is not at 0 h, single points far off the others, and values
+that look like another unit. It changes nothing, and the exit code stays 0.)text";
+
 constexpr const char* kImportFooter = R"text(
 The first line names the columns: experiment, t, Cs, Cx, Cp, in any order, with units or
 without (t_h, "Cs (g/L)"); other columns are ignored, and so are lines that begin with #.
@@ -188,6 +194,8 @@ void AddAll(CLI::App& app, Options& options) {
   check->add_option("FILE", options.check.file, "experiment or conditions file")
       ->required()
       ->type_name("FILE.abr");
+  AddJson(*check, options.check.json);
+  check->footer(kCheckFooter);
   AddImport(app, options.import);
   AddConditions(app, options.conditions);
 }

@@ -19,9 +19,11 @@ ExitCode Run(const ModelsOptions& options, const Console& console);
 
 struct CheckOptions {
   std::string file;
+  bool json = false;
 };
 
-/// Tells by its second line which of the two files this is, reads it, and prints what it holds.
+/// Tells by its second line which of the two files this is, reads it, and prints what it holds, and
+/// what measured data look like.
 ExitCode Run(const CheckOptions& options, const Console& console);
 
 struct ImportOptions {

@@ -1,6 +1,7 @@
 // velmora-cli models, check and import: the catalogue, what files hold, files from tables.
 #include "cli/Commands.h"
 #include "cli/Given.h"
+#include "cli/Json.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
@@ -19,6 +20,8 @@ std::string ExperimentsReport(const CheckOptions& options, std::string_view byte
   ExperimentLists lists;
   const ExperimentsRead read = ReadExperimentBytes(bytes, options.file, lists);
   RequireDone(read.fault, say);
+  const std::vector<Remark> remarks = CheckData(lists.Experiments());
+  if (options.json) return JsonOf(lists, remarks, say);
   std::string text =
       say(TextId::IsExperiments, {options.file, std::to_string(lists.Count())}) + "\n";
   for (int place = 1; place <= lists.Count(); ++place) {
@@ -30,8 +33,7 @@ std::string ExperimentsReport(const CheckOptions& options, std::string_view byte
         "\n";
   }
   if (const auto repeated = TellRepeatedNumbers(lists)) text += say.Of(*repeated) + "\n";
-  for (const Remark& remark : CheckData(lists.Experiments()))
-    text += Worded(remark, say.In()) + "\n";
+  for (const Remark& remark : remarks) text += Worded(remark, say.In()) + "\n";
   return text;
 }
 
@@ -72,6 +74,7 @@ std::string ConditionsReport(const CheckOptions& options, std::string_view bytes
                              const Wording& say) {
   const ConditionsRead read = ReadConditionsBytes(bytes, options.file);
   RequireDone(read.fault, say);
+  if (options.json) return JsonOf(read);
   std::string text =
       say(TextId::IsConditions, {options.file, std::to_string(read.experiments)}) + "\n";
   if (read.experiments == 0)

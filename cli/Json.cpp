@@ -1,8 +1,10 @@
 // The only unit that includes the JSON library, which takes seconds to compile.
 #include "cli/Json.h"
 
+#include <array>
 #include <nlohmann/json.hpp>
 
+#include "cultivation/FitSetUp.h"
 #include "estimation/ResultTexts.h"
 #include "language/Numbers.h"
 
@@ -50,6 +52,15 @@ std::string_view NameOf(SearchEnd end) {
   if (end == SearchEnd::Fault) return "fault";
   if (end == SearchEnd::EvaluationLimit) return "evaluation limit";
   return end == SearchEnd::Stopped ? "stopped" : "generation limit";
+}
+
+/// In the order of RemarkKind.
+std::string_view NameOf(RemarkKind kind) {
+  static constexpr std::array<std::string_view, 12> kNames = {
+      "falling cells",      "rising substrate", "product before growth", "yield too high",
+      "first sample late",  "times unsorted",   "final time early",      "far off",
+      "looks like percent", "too concentrated", "looks like minutes",    "looks like days"};
+  return kNames.at(static_cast<std::size_t>(kind));
 }
 
 }  // namespace
@@ -102,6 +113,49 @@ std::string JsonOf(const std::vector<PlacedCurve>& curves) {
                            {"Cs", curve.Cs},
                            {"Cp", curve.Cp}});
   return LineOf({{"experiments", experiments}});
+}
+
+std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& remarks,
+                   const Wording& say) {
+  Json experiments = Json::array();
+  for (int place = 1; place <= lists.Count(); ++place) {
+    const Experiment& experiment = lists.At(place);
+    experiments.push_back({{"place", place},
+                           {"number", experiment.number},
+                           {"points", experiment.Points()},
+                           {"finalTime", experiment.finalTime},
+                           {"description", experiment.description}});
+  }
+  Json told = Json::array();
+  for (const Remark& remark : remarks)
+    told.push_back({{"kind", NameOf(remark.kind)},
+                    {"place", remark.place},
+                    {"number", remark.number},
+                    {"row", remark.row},
+                    {"variable", remark.variable},
+                    {"values", remark.values},
+                    {"text", Worded(remark, say.In())}});
+  return LineOf({{"file", "experiments"}, {"experiments", experiments}, {"remarks", told}});
+}
+
+std::string JsonOf(const ConditionsRead& read) {
+  Json conditions = Json::array();
+  for (int place = 1; place <= read.experiments; ++place) {
+    const ConditionsRecord& record = read.conditions.At(place);
+    conditions.push_back({{"place", place},
+                          {"number", record.number},
+                          {"model", ModelNames(record, read.conditions.fitted)},
+                          {"method", record.options.method},
+                          {"production", record.options.production}});
+  }
+  Json fitted = Json::array();
+  for (const auto& [position, lower, upper, start] :
+       StartingFrom(read.conditions.At(1).row, read.conditions.fitted))
+    fitted.push_back({{"name", ParameterAt(position).name},
+                      {"start", start},
+                      {"lower", lower},
+                      {"upper", upper}});
+  return LineOf({{"file", "conditions"}, {"conditions", conditions}, {"fitted", fitted}});
 }
 
 }  // namespace velmora::cli

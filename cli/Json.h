@@ -6,9 +6,11 @@
 #include <vector>
 
 #include "cli/Inputs.h"
+#include "cultivation/ConditionsFile.h"
 #include "cultivation/CultivationForm.h"
 #include "estimation/Deviations.h"
 #include "estimation/SearchResult.h"
+#include "inference/DataChecks.h"
 
 namespace velmora::cli {
 
@@ -34,5 +36,10 @@ std::string JsonOf(const EndedFit& fit);
 /// The score with the share of each experiment's variables; `lists` holds the experiments.
 std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists);
 std::string JsonOf(const std::vector<PlacedCurve>& curves);
+/// What an experiment file holds, and what its data look like.
+std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& remarks,
+                   const Wording& say);
+/// What a conditions file holds, read without a fault.
+std::string JsonOf(const ConditionsRead& read);
 
 }  // namespace velmora::cli

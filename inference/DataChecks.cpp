@@ -13,15 +13,16 @@
 namespace velmora {
 namespace {
 
-// In standard deviations of the noise. That of a single point is the one of the modified z-score
-// (Iglewicz and Hoaglin 1993); that of a difference of two points is 3.
-constexpr double kFarOff = 3.5;
+// In standard deviations of the noise: of a single point, where the noise itself is known from few
+// others, and of a difference of two points.
+constexpr double kFarOff = 5;
 const double kDifference = 3 * std::numbers::sqrt2;
 constexpr double kEarlyProduct = 0.1;  // of all product, before ...
 constexpr double kNoGrowth = 0.05;     // ... of all growth
-// No broth grows faster or, where its cells at least double, slower, 1/h.
+// No broth grows faster, 1/h; and none whose cells at least double grows slower for so long.
 constexpr double kFastestGrowth = 3;
 constexpr double kSlowestGrowth = 0.01;
+constexpr double kLongTime = 200;  // of a batch, h
 
 /// One experiment, as it is looked at.
 struct Batch {
@@ -79,10 +80,11 @@ void LookAtGrowthRate(const Batch& batch, Remarks& remarks) {
   const double rate = SteepestGrowth({&batch.experiment, 1});
   const bool doubled = Largest(batch.Cx) > 2 * batch.Cx.value.front();
   const int last = batch.Cx.row.back();
-  const std::vector<double> doublingTime = {rate > 0 ? std::numbers::ln2 / rate : 0};
+  if (rate == 0) return;
+  const std::vector<double> doublingTime = {std::numbers::ln2 / rate};
   if (rate > kFastestGrowth)
     remarks.push_back({RemarkKind::LooksLikeDays, last, "t", doublingTime});
-  if (doubled && rate > 0 && rate < kSlowestGrowth)
+  if (doubled && rate < kSlowestGrowth && batch.Cx.time.back() > kLongTime)
     remarks.push_back({RemarkKind::LooksLikeMinutes, last, "t", doublingTime});
 }
 
@@ -131,33 +133,48 @@ void LookAtYields(const Batch& batch, Remarks& remarks) {
   if (worst) remarks.push_back(*worst);
 }
 
-/// How far point i lies off the curve: the least of its distances from the lines through its
-/// neighbours, the two points before and the two behind it; 0 where these disagree in sign. A bend,
-/// a kink or a jump of the curve leaves one of the lines right (the choice of the smoothest
-/// stencil: Harten, Engquist, Osher and Chakravarthy 1987).
+/// The value at `time` on the parabola through three neighbouring points from i on; on the line
+/// through the outer two where two were sampled at once.
+double ParabolaThrough(const TimeCourse& course, std::size_t i, double time) {
+  const double a = course.time[i], b = course.time[i + 1], c = course.time[i + 2];
+  if (a == b || b == c) return LineThrough(course, i, i + 2, time);
+  const double left = LineThrough(course, i, i + 1, time);
+  const double right = LineThrough(course, i + 1, i + 2, time);
+  return ((c - time) * left + (time - a) * right) / (c - a);
+}
+
+/// What the points around point i let expect there: the lines through its neighbours, through two
+/// points before and two behind it, and the parabolas through three before and three behind.
+std::vector<double> Expectations(const TimeCourse& course, std::size_t i) {
+  const double time = course.time[i];
+  std::vector<double> expected = {LineThrough(course, i - 1, i + 1, time)};
+  if (i >= 2) expected.push_back(LineThrough(course, i - 2, i - 1, time));
+  if (i >= 3) expected.push_back(ParabolaThrough(course, i - 3, time));
+  if (i + 2 < course.Points()) expected.push_back(LineThrough(course, i + 1, i + 2, time));
+  if (i + 3 < course.Points()) expected.push_back(ParabolaThrough(course, i + 1, time));
+  return expected;
+}
+
+/// How far point i lies off the curve: its distance from the range of what is expected there. A
+/// bend, a kink or a jump of the curve leaves one expectation right (the choice of the smoothest
+/// stencil: Harten, Engquist, Osher and Chakravarthy 1987), but next to an end of the course, where
+/// they are all from one side, a point that lies between its neighbours is taken for right.
 double DistanceOff(const TimeCourse& course, std::size_t i) {
-  const auto from = [&](std::size_t a, std::size_t b) {
-    return course.value[i] - LineThrough(course, a, b, course.time[i]);
-  };
-  double off = from(i - 1, i + 1);
-  const auto compare = [&](double other) {
-    if (other * off <= 0) off = 0;
-    if (std::fabs(other) < std::fabs(off)) off = other;
-  };
-  if (i >= 2) compare(from(i - 2, i - 1));
-  if (i + 2 < course.Points()) compare(from(i + 1, i + 2));
-  return off;
+  std::vector<double> expected = Expectations(course, i);
+  if (i == 1 || i + 2 == course.Points())
+    expected.insert(expected.end(), {course.value[i - 1], course.value[i + 1]});
+  const auto [least, most] = std::minmax_element(expected.begin(), expected.end());
+  return course.value[i] - std::clamp(course.value[i], *least, *most);
 }
 
 void LookAtSinglePoints(std::string_view variable, const TimeCourse& course, Remarks& remarks) {
-  const double most = kFarOff * Noise(course);
   std::vector<double> off(course.Points(), 0);
   for (std::size_t i = 1; i + 1 < course.Points(); ++i) off[i] = DistanceOff(course, i);
   for (std::size_t i = 1; i + 1 < course.Points(); ++i) {
     const double distance = std::fabs(off[i]);
     // A point far off pulls the lines of its neighbours along.
-    if (distance <= most || distance < std::fabs(off[i - 1]) || distance < std::fabs(off[i + 1]))
-      continue;
+    const bool isLargest = distance >= std::fabs(off[i - 1]) && distance >= std::fabs(off[i + 1]);
+    if (!isLargest || distance <= kFarOff * NoiseAround(course, i)) continue;
     remarks.push_back(
         {RemarkKind::FarOff, course.row[i], variable, {course.value[i], course.value[i] - off[i]}});
   }

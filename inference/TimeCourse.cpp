@@ -10,6 +10,7 @@ namespace {
 constexpr double kLeastNoise = 0.03;     // of the largest value
 constexpr double kFallInNoise = 3;       // standard deviations that make a fall
 constexpr double kSeenCells = 0.05;      // of the largest Cx
+constexpr std::size_t kAround = 20;      // points on either side
 constexpr double kMadOfNormal = 1.4826;  // standard deviation of normal values over their MAD
 
 double Square(double value) {
@@ -29,6 +30,16 @@ double ScaledDistance(const TimeCourse& course, std::size_t i) {
   const double share = width > 0 ? (course.time[i] - course.time[i - 1]) / width : 0.5;
   const double distance = course.value[i] - LineThrough(course, i - 1, i + 1, course.time[i]);
   return std::fabs(distance) / std::sqrt(1 + Square(share) + Square(1 - share));
+}
+
+/// The noise by the points [first, last), which have neighbours, without point `left` and the two
+/// beside it.
+double NoiseOf(const TimeCourse& course, std::size_t first, std::size_t last, std::size_t left) {
+  const double least = kLeastNoise * Largest(course);
+  std::vector<double> distances;
+  for (std::size_t i = first; i < last; ++i)
+    if (i + 1 < left || i > left + 1) distances.push_back(ScaledDistance(course, i));
+  return distances.empty() ? least : std::max(least, kMadOfNormal * Median(std::move(distances)));
 }
 
 /// The slope of the least-squares line through the points [first, last); 0 where all were sampled
@@ -80,11 +91,13 @@ double LineThrough(const TimeCourse& course, std::size_t i, std::size_t j, doubl
 }
 
 double Noise(const TimeCourse& course) {
-  const double least = kLeastNoise * Largest(course);
-  std::vector<double> distances;
-  for (std::size_t i = 1; i + 1 < course.Points(); ++i)
-    distances.push_back(ScaledDistance(course, i));
-  return distances.empty() ? least : std::max(least, kMadOfNormal * Median(std::move(distances)));
+  const std::size_t inner = std::max<std::size_t>(course.Points(), 2) - 1;
+  return NoiseOf(course, 1, inner, course.Points() + 1);
+}
+
+double NoiseAround(const TimeCourse& course, std::size_t i) {
+  const std::size_t first = std::max(i, kAround + 1) - kAround;
+  return NoiseOf(course, first, std::min(i + kAround + 1, course.Points() - 1), i);
 }
 
 std::optional<Fall> FallOf(const TimeCourse& course) {
@@ -94,7 +107,8 @@ std::optional<Fall> FallOf(const TimeCourse& course) {
   for (std::size_t i = 1; i < value.size(); ++i) {
     if (i > 1) held = std::max(held, std::min(value[i - 2], value[i - 1]));
     const double low = i + 1 < value.size() ? std::max(value[i], value[i + 1]) : value[i];
-    if (held - low <= threshold) continue;
+    const bool isAlone = i == 1 || i + 1 == value.size();
+    if (held - low <= (isAlone ? 2 : 1) * threshold) continue;
     const auto fallen = value.begin() + static_cast<std::ptrdiff_t>(i);
     const auto highest = std::max_element(value.begin(), fallen);
     return Fall{static_cast<std::size_t>(highest - value.begin()), i};

@@ -37,14 +37,17 @@ double LineThrough(const TimeCourse& course, std::size_t i, std::size_t j, doubl
 /// least 3 % of the largest value, as concentrations in a broth are hardly measured better.
 double Noise(const TimeCourse& course);
 
+/// The same around point i, as told by up to 20 points on either side of it and without it.
+double NoiseAround(const TimeCourse& course, std::size_t i);
+
 /// A fall beyond the noise: from the highest point before it to its first low point.
 struct Fall {
   std::size_t from;
   std::size_t to;
 };
 
-/// The first fall that two neighbouring points before it and two behind it agree in; one point
-/// stands alone at the ends of the course. A single point far off is no fall.
+/// The first fall that two neighbouring points before it and two behind it agree in: a single point
+/// far off is none. Where there is but one, at an end of the course, it must be twice as deep.
 std::optional<Fall> FallOf(const TimeCourse& course);
 
 /// The largest slope of ln Cx, 1/h, fitted to three samples in a row of any experiment; values
