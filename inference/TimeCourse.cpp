@@ -42,8 +42,8 @@ double NoiseOf(const TimeCourse& course, std::size_t first, std::size_t last, st
   return distances.empty() ? least : std::max(least, kMadOfNormal * Median(std::move(distances)));
 }
 
-/// The slope of the least-squares line through the points [first, last); 0 where all were sampled
-/// at once.
+}  // namespace
+
 double Slope(std::span<const double> x, std::span<const double> y) {
   const auto count = static_cast<double>(x.size());
   const double meanX = std::accumulate(x.begin(), x.end(), 0.0) / count;
@@ -55,8 +55,6 @@ double Slope(std::span<const double> x, std::span<const double> y) {
   }
   return xx > 0 ? xy / xx : 0;
 }
-
-}  // namespace
 
 TimeCourse CourseOf(const Experiment& experiment, const std::vector<double>& values) {
   std::vector<std::size_t> order(values.size());

@@ -50,6 +50,10 @@ struct Fall {
 /// far off is none. Where there is but one, at an end of the course, it must be twice as deep.
 std::optional<Fall> FallOf(const TimeCourse& course);
 
+/// The slope of the least-squares line of y over x, which are equally long and not empty; 0 where
+/// all x are alike.
+double Slope(std::span<const double> x, std::span<const double> y);
+
 /// The largest slope of ln Cx, 1/h, fitted to three samples in a row of any experiment; values
 /// below 5 % of an experiment's largest, where noise rules, count as 5 %. 0 where nothing grows.
 double SteepestGrowth(std::span<const Experiment> experiments);

@@ -347,6 +347,32 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::LooksLikeMinutes, "experiment {1}, row {2}: the cells double in {4} h at best: are the times hours, or minutes?", "experimento {1}, linha {2}: as células dobram em {4} h, no melhor caso: os tempos são horas ou minutos?"},
     {TextId::LooksLikeDays, "experiment {1}, row {2}: the cells double in {4} h: are the times hours, or days?", "experimento {1}, linha {2}: as células dobram em {4} h: os tempos são horas ou dias?"},
 
+    // Why values and ranges are proposed.
+    {TextId::FromFirstSample, "the earliest sample, at {1} h", "a amostra mais antiga, de {1} h"},
+    {TextId::FromLaterSample, "the earliest sample has no cells; {1} g/L at {2} h, taken back at {3} 1/h", "a amostra mais antiga não tem células; {1} g/L em {2} h, levados para trás com {3} 1/h"},
+    {TextId::FromLastSample, "the time of the last sample", "o tempo da última amostra"},
+    {TextId::CellYield, "slope of cells formed over substrate used, +/- {1} (regression through 0 over {2} samples of all experiments)", "inclinação de células formadas por substrato consumido, +/- {1} (regressão por 0 com {2} amostras de todos os experimentos)"},
+    {TextId::ProductYield, "slope of product formed over substrate used, +/- {1} (regression through 0 over {2} samples of all experiments)", "inclinação de produto formado por substrato consumido, +/- {1} (regressão por 0 com {2} amostras de todos os experimentos)"},
+    {TextId::SharedYield, "slope of cells and product formed over substrate used, +/- {1} (regression through 0 over {2} samples of all experiments); the data do not tell the two yields apart", "inclinação de células e produto formados por substrato consumido, +/- {1} (regressão por 0 com {2} amostras de todos os experimentos); os dados não distinguem os dois rendimentos"},
+    {TextId::YieldOfAlfa, "Yxs times Alfa, {1} by the regression of product on growth and cells", "Yxs vezes Alfa, {1} pela regressão do produto sobre crescimento e células"},
+    {TextId::NoProductYield, "no product is measured: without effect", "nenhum produto foi medido: sem efeito"},
+    {TextId::AlfaOfYields, "product over cells formed: slopes over substrate used of {1} and {2}", "produto por células formadas: inclinações por substrato consumido de {1} e {2}"},
+    {TextId::ProductionRegression, "regression of product formed on cells formed and on cells times hours ({1} samples of all experiments)", "regressão do produto formado sobre células formadas e sobre células vezes horas ({1} amostras de todos os experimentos)"},
+    {TextId::ProductOverCells, "slope of product formed over cells times hours, +/- {1} (regression through 0 over {2} samples of all experiments)", "inclinação de produto formado por células vezes horas, +/- {1} (regressão por 0 com {2} amostras de todos os experimentos)"},
+    {TextId::BetaFromStart, "the highest Cs: Beta acts from the start", "o maior Cs: Beta atua desde o início"},
+    {TextId::DeathFromFall, "mean slope of ln Cx behind its highest value ({1} experiment(s))", "inclinação média de ln Cx depois do maior valor ({1} experimento(s))"},
+    {TextId::DeathBelow, "the highest Cs of a first sample with fewer cells", "o maior Cs de uma primeira amostra com menos células"},
+    {TextId::NoDeath, "the cells do not fall", "as células não caem"},
+    {TextId::LeftOut, "left out of a first fit", "fora de um primeiro ajuste"},
+    {TextId::OfSteepestGrowth, "{2} to {3} times {1} 1/h, the steepest rise of ln Cx over three samples", "{2} a {3} vezes {1} 1/h, a maior subida de ln Cx em três amostras"},
+    {TextId::OfHighestCs, "{2} to {3} times {1} g/L, the highest Cs", "{2} a {3} vezes {1} g/L, o maior Cs"},
+    {TextId::OfHighestCsToU, "half-saturation at {2} to {3} times {1} g/L, the highest Cs; Ks is that to the power u", "meia-saturação em {2} a {3} vezes {1} g/L, o maior Cs; Ks é isso elevado a u"},
+    {TextId::OfCsOverCx, "{2} to {3} times {1}, the highest Cs over the highest Cx", "{2} a {3} vezes {1}, o maior Cs sobre o maior Cx"},
+    {TextId::OfHighestCp, "{2} to {3} times {1} g/L, the highest Cp", "{2} a {3} vezes {1} g/L, o maior Cp"},
+    {TextId::OfInverseCp, "{2} to {3} times {1} L/g, one over the highest Cp", "{2} a {3} vezes {1} L/g, o inverso do maior Cp"},
+    {TextId::OfHighestCx, "{2} to {3} times {1} g/L, the highest Cx", "{2} a {3} vezes {1} g/L, o maior Cx"},
+    {TextId::UsualExponent, "the usual range of the exponent, {2} to {3}", "a faixa usual do expoente, {2} a {3}"},
+
     // The windows.
     {TextId::WriteWithoutEntries, ". Its entries will not be in the file. Write the file without them?", ". O que foi digitado não estará no arquivo. Gravar o arquivo assim mesmo?"},
     {TextId::BeforeRun, " for the calculation to use them.", " para que o cálculo as use."},
@@ -430,6 +456,9 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::StoichiometricYields, "stoichiometric yields", "rendimentos estequiométricos"},
     {TextId::FittedLine, "  fitted: {1} from {2} between {3} and {4}", "  ajustado: {1} a partir de {2} entre {3} e {4}"},
     {TextId::NoParameterFitted, "  no parameter is fitted", "  nenhum parâmetro é ajustado"},
+    {TextId::ProposedLine, "  {1} = {2}: {3}", "  {1} = {2}: {3}"},
+    {TextId::ProposedLineAt, "  {4}:{1} = {2}: {3}", "  {4}:{1} = {2}: {3}"},
+    {TextId::ProposedFit, "  {1} from {2} between {3} and {4}: {5}", "  {1} a partir de {2} entre {3} e {4}: {5}"},
     {TextId::Written, "{1}: {2} experiment(s) written", "{1}: {2} experimento(s) gravado(s)"},
 
     // The machine.

@@ -219,6 +219,32 @@ enum class TextId : std::int16_t {
   LooksLikeMinutes,
   LooksLikeDays,
 
+  // Why values and ranges are proposed.
+  FromFirstSample,
+  FromLaterSample,
+  FromLastSample,
+  CellYield,
+  ProductYield,
+  SharedYield,
+  YieldOfAlfa,
+  NoProductYield,
+  AlfaOfYields,
+  ProductionRegression,
+  ProductOverCells,
+  BetaFromStart,
+  DeathFromFall,
+  DeathBelow,
+  NoDeath,
+  LeftOut,
+  OfSteepestGrowth,
+  OfHighestCs,
+  OfHighestCsToU,
+  OfCsOverCx,
+  OfHighestCp,
+  OfInverseCp,
+  OfHighestCx,
+  UsualExponent,
+
   // The windows.
   WriteWithoutEntries,
   BeforeRun,
@@ -302,6 +328,9 @@ enum class TextId : std::int16_t {
   StoichiometricYields,
   FittedLine,
   NoParameterFitted,
+  ProposedLine,
+  ProposedLineAt,
+  ProposedFit,
   Written,
 
   // The machine.
