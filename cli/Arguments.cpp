@@ -56,7 +56,13 @@ for --fit is one of the last ten. Every parameter of the model needs a value or 
 other values are 0 where they are not set. Kd acts while Cs is at or below CsAst1, Beta
 while Cs is at or below CsAst2. With global yields Alfa is Yps/Yxs.
 
-Example:
+--propose takes initial values and final time from the samples, the yields from a
+regression over all of them, and a start and bounds for every parameter of the model from
+the measured ranges; --set and --fit win. It needs neither --product nor --yields (PAC,
+where product is measured, and global).
+
+Examples:
+  velmora-cli conditions yeast.abr --model Monod --propose -o yeast-conditions.abr
   velmora-cli conditions yeast.abr --model Monod --product PAC --yields global
       --set Yxs=0.27 --set Yps=0.42 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50
       -o yeast-conditions.abr)text";
@@ -160,11 +166,9 @@ void AddConditions(CLI::App& app, ConditionsOptions& conditions) {
   command
       ->add_option("--product", conditions.product,
                    "production: associated with growth (PAC), partially (PPAC), not (PNAC)")
-      ->required()
       ->check(CLI::IsMember({"PAC", "PPAC", "PNAC"}).description(""))
       ->type_name("PAC|PPAC|PNAC");
   command->add_option("--yields", conditions.yields, "yield coefficients")
-      ->required()
       ->check(CLI::IsMember({"global", "stoichiometric"}).description(""))
       ->type_name("global|stoichiometric");
   command
@@ -175,7 +179,13 @@ void AddConditions(CLI::App& app, ConditionsOptions& conditions) {
       ->type_name("LM|ED|Manual");
   AddRepeated(*command, "--set", conditions.set, "a value")->type_name("[PLACE:]NAME=VALUE");
   AddFitted(*command, conditions.fit);
+  command->add_flag("--propose", conditions.propose,
+                    "propose from the data what is not given, and print why");
   AddOutput(*command, conditions.output);
+  command->callback([command, &conditions] {
+    for (const char* const option : {"--product", "--yields"})
+      if (!conditions.propose && command->count(option) == 0) throw CLI::RequiredError(option);
+  });
   command->footer(kConditionsFooter + ConditionNames() + kConditionsRules);
 }
 

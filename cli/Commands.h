@@ -38,15 +38,17 @@ ExitCode Run(const ImportOptions& options, const Console& console);
 struct ConditionsOptions {
   std::string experiments;
   std::string model;
-  std::string product;           // PAC, PPAC or PNAC
-  std::string yields;            // global or stoichiometric
+  std::string product;           // PAC, PPAC or PNAC; empty: to be proposed
+  std::string yields;            // global or stoichiometric; empty: to be proposed
   std::string method = "LM";     // LM, ED or Manual
   std::vector<std::string> set;  // NAME=VALUE or PLACE:NAME=VALUE
   std::vector<std::string> fit;  // NAME=START:LOWER:UPPER
+  bool propose = false;          // from the data, what is not given
   std::string output;
 };
 
 /// Makes a conditions file for the experiments of a file, by the rules of the cultivation window.
+/// Prints the reason of all that it proposes.
 ExitCode Run(const ConditionsOptions& options, const Console& console);
 
 struct SimulateOptions {

@@ -7,16 +7,20 @@
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
+#include "inference/Proposal.h"
 #include "language/Numbers.h"
 
 namespace velmora::cli {
 namespace {
 
-/// The command line, understood: what is the same for every experiment, and the values to set.
+/// The command line, understood: what is the same for every experiment, the values to set, and what
+/// is proposed where nothing is given.
 struct Plan {
   const Model& model;
   CultivationForm form;
   std::vector<Assignment> assignments;  // those for every experiment first
+  std::vector<ProposedValue> values;
+  std::vector<ProposedRange> ranges;
 };
 
 bool AlfaIsDecided(const CultivationForm& form) {
@@ -40,15 +44,22 @@ void TickFitRow(const FitVariable& range, Plan& plan, const Wording& say) {
   plan.form.At(range.position) = Entry::Of(range.start, '.');
 }
 
-Plan PlanOf(const ConditionsOptions& options, int experiments, const Wording& say) {
-  Plan plan{ModelNamed(options.model, say), {}, {}};
+Yields YieldsNamed(const std::string& name) {
+  return name == "stoichiometric" ? Yields::Stoichiometric : Yields::Global;
+}
+
+Plan PlanOf(const ConditionsOptions& options, const std::vector<Experiment>& experiments,
+            const Wording& say) {
+  Plan plan{ModelNamed(options.model, say), {}, {}, {}, {}};
   plan.form.method = MethodNamed(options.method);
-  plan.form.production = ProductionNamed(options.product);
-  plan.form.yields = options.yields == "global" ? Yields::Global : Yields::Stoichiometric;
+  plan.form.production =
+      options.product.empty() ? ProposeProduction(experiments) : ProductionNamed(options.product);
+  plan.form.yields = YieldsNamed(options.yields);
   plan.form.model = options.model;
   plan.form.modelConfirmed = true;
   for (const std::string& text : options.set)
-    plan.assignments.push_back(ConditionAssignment(text, experiments, say));
+    plan.assignments.push_back(
+        ConditionAssignment(text, static_cast<int>(experiments.size()), say));
   std::stable_partition(plan.assignments.begin(), plan.assignments.end(),
                         [](const Assignment& assignment) { return assignment.place == 0; });
   for (const Assignment& assignment : plan.assignments) RequireUse(plan, assignment, say);
@@ -58,11 +69,50 @@ Plan PlanOf(const ConditionsOptions& options, int experiments, const Wording& sa
   return plan;
 }
 
+/// Whether the command line sets the value at `position` of the experiment at `place` (0: of all).
+bool IsSet(const Plan& plan, At position, int place) {
+  return std::any_of(
+      plan.assignments.begin(), plan.assignments.end(), [=](const Assignment& given) {
+        return given.position == position && (given.place == 0 || given.place == place);
+      });
+}
+
+/// Adds what the data let propose, but for what the command line gives.
+void Propose(const std::vector<Experiment>& experiments, Plan& plan) {
+  plan.values = ProposeConditions(experiments, plan.form.production, plan.form.yields);
+  std::erase_if(plan.values, [&](const ProposedValue& value) {
+    return IsSet(plan, value.position, value.place);
+  });
+  plan.ranges = ProposeRanges(experiments, plan.model);
+  std::erase_if(plan.ranges, [&](const ProposedRange& range) {
+    const At at = range.variable.position;
+    return IsSet(plan, at, 0) || !plan.form.At(at).text.empty();
+  });
+  for (const ProposedRange& range : plan.ranges) PutInto(plan.form, range.variable, '.');
+}
+
+/// One line for each proposal.
+std::string Reasons(const Plan& plan, const Wording& say) {
+  std::string text;
+  for (const auto& [position, value, reason, place] : plan.values)
+    text += say(place == 0 ? TextId::ProposedLine : TextId::ProposedLineAt,
+                {ParameterAt(position).name, ShortestText(value), Worded(reason, say.In()),
+                 std::to_string(place)}) +
+            "\n";
+  for (const auto& [range, reason] : plan.ranges)
+    text += say(TextId::ProposedFit,
+                {ParameterAt(range.position).name, ShortestText(range.start),
+                 ShortestText(range.lower), ShortestText(range.upper), Worded(reason, say.In())}) +
+            "\n";
+  return text;
+}
+
 /// The form of the experiment at `place`; throws the text of what it lacks.
 CultivationForm FormAt(int place, const Experiment& experiment, const Plan& plan,
                        const Wording& say) {
   CultivationForm form = plan.form;
   for (const auto& [position, entry] : SuggestedEntries(experiment, '.')) form.At(position) = entry;
+  PutInto(form, plan.values, place, '.');
   for (const Assignment& assignment : plan.assignments)
     if (assignment.place == 0 || assignment.place == place)
       form.At(assignment.position) = Entry::Of(assignment.value, '.');
@@ -104,14 +154,16 @@ ExitCode Run(const ConditionsOptions& options, const Console& console) {
   const ExperimentLists lists = LoadExperiments(options.experiments, say);
   RequireExperiments(lists.Count(), say);
 
-  const Plan plan = PlanOf(options, lists.Count(), say);
+  Plan plan = PlanOf(options, lists.Experiments(), say);
+  if (options.propose) Propose(lists.Experiments(), plan);
   CultivationConditions conditions;
   for (int place = 1; place <= lists.Count(); ++place)
     SaveConditions(place, lists.At(place), plan, say, conditions);
   if (!BoundsAreOrdered(conditions.fitted))
     throw Failure{ExitCode::Refused, say.Of(BoundsRefusal())};
   RequireDone(WriteConditions(conditions, lists.Count(), true, options.output), say);
-  console.Print(say(TextId::Written, {options.output, std::to_string(lists.Count())}) + "\n");
+  console.Print(say(TextId::Written, {options.output, std::to_string(lists.Count())}) + "\n" +
+                Reasons(plan, say));
   return ExitCode::Done;
 }
 

@@ -35,18 +35,21 @@ struct Values {
   }
 };
 
-/// The cells of the earliest sample; where it has none, those of the first sample with cells, taken
-/// back in time.
-ProposedValue InitialCells(const TimeCourse& Cx, double growthRate) {
-  const auto seen = std::find_if(Cx.value.begin(), Cx.value.end(), [](double v) { return v > 0; });
+/// The cells of the earliest sample; where it has none, those of the first sample in which they are
+/// clearly seen, taken back in time at the steepest growth of the experiment.
+ProposedValue InitialCells(const Experiment& experiment, const TimeCourse& Cx) {
+  const double first = Cx.value.front();
+  if (first > 0) return {At::Cx0, first, {TextId::FromFirstSample, {Cx.time.front()}}};
+  const double least = kSeenCells * Largest(Cx);
+  const auto seen =
+      std::find_if(Cx.value.begin(), Cx.value.end(), [=](double value) { return value >= least; });
   const double time = Cx.time[static_cast<std::size_t>(seen - Cx.value.begin())];
-  if (seen == Cx.value.begin()) return {At::Cx0, *seen, {TextId::FromFirstSample, {time}}};
-  const double value = *seen * std::exp(-growthRate * (time - Cx.time.front()));
-  return {
-      At::Cx0, Rounded(value, kValueDigits), {TextId::FromLaterSample, {*seen, time, growthRate}}};
+  const double rate = SteepestGrowth({&experiment, 1});
+  const double value = *seen * std::exp(-rate * (time - Cx.time.front()));
+  return {At::Cx0, Rounded(value, kValueDigits), {TextId::FromLaterSample, {*seen, time, rate}}};
 }
 
-std::vector<ProposedValue> InitialValues(const Experiment& experiment, double growthRate) {
+std::vector<ProposedValue> InitialValues(const Experiment& experiment) {
   const TimeCourse Cx = CourseOf(experiment, experiment.Cx);
   if (Cx.Points() == 0) return {};
   const Reason first = {TextId::FromFirstSample, {Cx.time.front()}};
@@ -54,7 +57,7 @@ std::vector<ProposedValue> InitialValues(const Experiment& experiment, double gr
       {At::Cs0, CourseOf(experiment, experiment.Cs).value.front(), first},
       {At::Cp0, CourseOf(experiment, experiment.Cp).value.front(), first},
       {At::T, Cx.time.back(), {TextId::FromLastSample, {}}}};
-  if (Largest(Cx) > 0) values.insert(values.begin(), InitialCells(Cx, growthRate));
+  if (Largest(Cx) > 0) values.insert(values.begin(), InitialCells(experiment, Cx));
   return values;
 }
 
@@ -165,25 +168,25 @@ double Quotient(double dividend, double divisor) {
 Rule RuleOf(At position, const Model& model, const Extent& seen) {
   switch (position) {
     case At::muMax:
-      return {seen.growth, 1.5, 0.3, 20, TextId::OfSteepestGrowth};
+      return {seen.growth, 1.4, 0.4, 12, TextId::OfSteepestGrowth};
     case At::Ks:
       if (model.substrate == SubstrateTerm::Contois)
-        return {Quotient(seen.Cs, seen.Cx), 0.1, 0.001, 5, TextId::OfCsOverCx};
-      return {seen.Cs, 0.1, 0.001, 5, TextId::OfHighestCs};
+        return {Quotient(seen.Cs, seen.Cx), 0.1, 0.001, 3, TextId::OfCsOverCx};
+      return {seen.Cs, 0.1, 0.001, 2, TextId::OfHighestCs};
     case At::Kis:
-      return {seen.Cs, 1, 0.02, 50, TextId::OfHighestCs};
+      return {seen.Cs, 1, 0.05, 20, TextId::OfHighestCs};
     case At::Kip:
       if (model.product == ProductTerm::Aiba)
-        return {Quotient(1, seen.Cp), 1, 0.02, 50, TextId::OfInverseCp};
-      return {seen.Cp, 1, 0.02, 50, TextId::OfHighestCp};
+        return {Quotient(1, seen.Cp), 1, 0.02, 20, TextId::OfInverseCp};
+      return {seen.Cp, 1, 0.05, 50, TextId::OfHighestCp};
     case At::CpAst:
-      return {seen.Cp, 1.2, 0.8, 10, TextId::OfHighestCp};
+      return {seen.Cp, 1.2, 0.9, 10, TextId::OfHighestCp};
     case At::CxAst:
-      return {seen.Cx, 1.2, 0.8, 10, TextId::OfHighestCx};
+      return {seen.Cx, 1.2, 0.9, 10, TextId::OfHighestCx};
     case At::u:
-      return {1, 1, 0.3, 4, TextId::UsualExponent};
+      return {1, 1, 0.3, 3, TextId::UsualExponent};
     default:  // n, m, v
-      return {1, 1, 0.1, 5, TextId::UsualExponent};
+      return {1, 1, 0.2, 4, TextId::UsualExponent};
   }
 }
 
@@ -223,9 +226,8 @@ Production ProposeProduction(std::span<const Experiment> experiments) {
 std::vector<ProposedValue> ProposeConditions(std::span<const Experiment> experiments,
                                              Production production, Yields yields) {
   Values values;
-  const double growthRate = SteepestGrowth(experiments);
   for (std::size_t e = 0; e < experiments.size(); ++e)
-    for (ProposedValue& value : InitialValues(experiments[e], growthRate)) {
+    for (ProposedValue& value : InitialValues(experiments[e])) {
       value.place = static_cast<int>(e) + 1;
       values.list.push_back(value);
     }

@@ -9,7 +9,6 @@ namespace {
 
 constexpr double kLeastNoise = 0.03;     // of the largest value
 constexpr double kFallInNoise = 3;       // standard deviations that make a fall
-constexpr double kSeenCells = 0.05;      // of the largest Cx
 constexpr std::size_t kAround = 20;      // points on either side
 constexpr double kMadOfNormal = 1.4826;  // standard deviation of normal values over their MAD
 

@@ -54,8 +54,11 @@ std::optional<Fall> FallOf(const TimeCourse& course);
 /// all x are alike.
 double Slope(std::span<const double> x, std::span<const double> y);
 
-/// The largest slope of ln Cx, 1/h, fitted to three samples in a row of any experiment; values
-/// below 5 % of an experiment's largest, where noise rules, count as 5 %. 0 where nothing grows.
+/// The share of an experiment's largest Cx below which noise hides the cells.
+inline constexpr double kSeenCells = 0.05;
+
+/// The largest slope of ln Cx, 1/h, fitted to three samples in a row of any experiment; values that
+/// noise hides count as the least that is seen. 0 where nothing grows.
 double SteepestGrowth(std::span<const Experiment> experiments);
 
 }  // namespace velmora

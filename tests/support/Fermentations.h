@@ -89,8 +89,8 @@ inline Experiment Measured(const KineticParameters& row, int points, double nois
   return experiment;
 }
 
-/// One to three batches of `model`, which stands in the catalogue, that differ in Cs0, 9 to 15 points each. The true parameters
-/// stand in the rows.
+/// One to three batches of `model`, which stands in the catalogue, that differ in Cs0, 9 to 15
+/// points each. The true parameters stand in the rows.
 inline FitProblem Fermentations(const Model& model, unsigned seed, double noise) {
   Dice dice(seed * static_cast<unsigned>(kModels.size()) +
             static_cast<unsigned>(&model - kModels.data()));
