@@ -69,7 +69,8 @@ Plan PlanOf(const ConditionsOptions& options, const std::vector<Experiment>& exp
   return plan;
 }
 
-/// Whether the command line sets the value at `position` of the experiment at `place` (0: of all).
+/// Whether the command line sets the value at `position` of the experiment at `place`; with place 0
+/// of all at once.
 bool IsSet(const Plan& plan, At position, int place) {
   return std::any_of(
       plan.assignments.begin(), plan.assignments.end(), [=](const Assignment& given) {
@@ -86,7 +87,9 @@ void Propose(const std::vector<Experiment>& experiments, Plan& plan) {
   plan.ranges = ProposeRanges(experiments, plan.model);
   std::erase_if(plan.ranges, [&](const ProposedRange& range) {
     const At at = range.variable.position;
-    return IsSet(plan, at, 0) || !plan.form.At(at).text.empty();
+    const bool isSet = std::any_of(plan.assignments.begin(), plan.assignments.end(),
+                                   [=](const Assignment& given) { return given.position == at; });
+    return isSet || !plan.form.At(at).text.empty();
   });
   for (const ProposedRange& range : plan.ranges) PutInto(plan.form, range.variable, '.');
 }

@@ -175,6 +175,14 @@ double RoundHalfEven(double value, int decimals) {
   return std::isfinite(scaled) ? std::nearbyint(scaled) / scale : value;
 }
 
+double RoundSignificant(double value, int digits) {
+  if (value == 0) return 0;
+  const int decimals = digits - 1 - static_cast<int>(std::floor(std::log10(value)));
+  const double scale = std::pow(10, std::abs(decimals));
+  if (!std::isfinite(scale) || !std::isfinite(value)) return value;
+  return decimals >= 0 ? std::round(value * scale) / scale : std::round(value / scale) * scale;
+}
+
 std::string Normalised(std::string_view text, char separator) {
   if (text.empty()) return "0";
   std::string result(text);

@@ -45,6 +45,10 @@ std::string Formatted(double value, Decimals decimals, char separator);
 /// `value` rounded to `decimals` places, halves to even.
 double RoundHalfEven(double value, int decimals);
 
+/// `value`, not negative, rounded to `digits` significant digits; as it is where no double holds
+/// the power of ten that this takes.
+double RoundSignificant(double value, int digits);
+
 /// Prepares a typed text for conversion: where the locale's separator is not ".", every "." becomes
 /// ","; an empty text becomes "0".
 std::string Normalised(std::string_view text, char separator);

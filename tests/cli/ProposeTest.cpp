@@ -24,7 +24,7 @@ TEST_F(CliPropose, MakesConditionsFromTheDataAlone) {
 TEST_F(CliPropose, LeavesTheLastWordToTheUser) {
   const std::string file = folder_ / "c.abr";
   const Ran made = RunCli("conditions " + kMolasses +
-                          "--model Monod --propose --set Yxs=0.27 --set 1:Cx0=1 --set Ks=11 "
+                          "--model Monod --propose --set Yxs=0.27 --set 1:Cx0=1 --set 1:Ks=11 "
                           "--fit MiMax=0.2:0.1:0.4 --language pt -o " +
                           file);
   EXPECT_EQ(made.code, 0) << made.err;
