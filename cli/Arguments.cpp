@@ -165,10 +165,11 @@ void AddConditions(CLI::App& app, ConditionsOptions& conditions) {
   command->add_option("--model", conditions.model, "growth model")->required()->type_name("MODEL");
   command
       ->add_option("--product", conditions.product,
-                   "production: associated with growth (PAC), partially (PPAC), not (PNAC)")
+                   "production: associated with growth (PAC), partially (PPAC), not (PNAC);\n"
+                   "needed without --propose")
       ->check(CLI::IsMember({"PAC", "PPAC", "PNAC"}).description(""))
       ->type_name("PAC|PPAC|PNAC");
-  command->add_option("--yields", conditions.yields, "yield coefficients")
+  command->add_option("--yields", conditions.yields, "yield coefficients; needed without --propose")
       ->check(CLI::IsMember({"global", "stoichiometric"}).description(""))
       ->type_name("global|stoichiometric");
   command

@@ -204,8 +204,8 @@ enum class TextId : std::int16_t {
   ConditionsMissing,
   NoYields,
 
-  // What the data look like, in the order of RemarkKind; {1} is the experiment's number, {2} the row,
-  // {3} the variable.
+  // What the data look like, in the order of RemarkKind; {1} is the experiment's number, {2} the
+  // row, {3} the variable.
   FallingCells,
   RisingSubstrate,
   ProductBeforeGrowth,
