@@ -135,7 +135,15 @@ void AddFit(CLI::App& app, FitOptions& fit) {
   for (std::size_t i = 0; i < kSettingOptions.size(); ++i)
     command.add_option(kSettingOptions[i].option, fit.settings[i], kSettingOptions[i].help)
         ->type_name("NUMBER");
-  command.add_flag("--progress", fit.progress, "print the results after every generation");
+  AddRepeated(command, "--uncertainty", fit.uncertainty,
+              "95 % intervals by linear theory, by the likelihood profile, or by fits to\n"
+              "resampled data (may be repeated)")
+      ->check(CLI::IsMember({"linear", "profile", "bootstrap"}).description(""))
+      ->type_name("linear|profile|bootstrap");
+  command.add_option("--replicates", fit.replicates, "fits of the bootstrap (default 500)")
+      ->check(CLI::Range(20, 100'000).description(""))
+      ->type_name("NUMBER");
+  command.add_flag("--progress", fit.progress, "print the results after every generation or start");
   AddJson(command, fit.json);
   command.add_option("--report", fit.report, "also write a report as rich text")
       ->type_name("FILE.rtf");

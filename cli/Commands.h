@@ -9,6 +9,7 @@
 #include "cli/Console.h"
 #include "cli/Inputs.h"
 #include "estimation/EstimationSettings.h"
+#include "inference/Intervals.h"
 
 namespace velmora::cli {
 
@@ -98,6 +99,8 @@ struct FitOptions {
   InputOptions inputs;
   std::optional<std::string> method;  // in place of the conditions' own
   std::array<std::optional<std::string>, kSettingOptions.size()> settings;  // as typed
+  std::vector<std::string> uncertainty;  // linear, profile, bootstrap
+  int replicates = kReplicates;
   bool progress = false;
   bool json = false;
   std::optional<std::string> report;  // the file to write the report to

@@ -111,7 +111,10 @@ std::string TextOf(const EndedFit& fit, const Wording& say) {
   text += std::string(kFunctionCalls) + std::to_string(fit.result.functionCalls) + "\n";
   text += say(TextId::StartScore, {ShortestText(fit.result.startScore)}) + "\n";
   if (!fit.remark.empty()) text += fit.remark + "\n";
-  return text + FinalText(fit.problem, fit.result, fit.deviations, {say.In(), '.'});
+  text += FinalText(fit.problem, fit.result, fit.deviations, {say.In(), '.'});
+  for (const Intervals& intervals : fit.intervals)
+    text += Worded(intervals, fit.problem.variables, {say.In(), '.'});
+  return text;
 }
 
 std::vector<ReportPicture> PicturesOf(const EndedFit& fit, const Console& console) {
@@ -141,6 +144,23 @@ void RefuseInputAsReport(const FitOptions& options, const Wording& say) {
   if (!options.report) return;
   for (const std::string& input : {options.inputs.experiments, options.inputs.conditions})
     RequireOtherFile(input, *options.report, say);
+}
+
+/// The intervals that were asked for, of a search that came to its end.
+std::vector<Intervals> IntervalsOf(const FitProblem& problem, const SearchResult& result,
+                                   const FitOptions& options, const EstimationSettings& settings,
+                                   const StopSignals& signals) {
+  std::vector<Intervals> all;
+  if (result.fault || !result.HasResult()) return all;
+  for (const std::string& name : options.uncertainty) {
+    if (signals.Noted() != 0) break;
+    if (name == "linear") all.push_back(LinearIntervals(problem, result.best));
+    if (name == "profile") all.push_back(ProfileIntervals(problem, result.best));
+    if (name == "bootstrap")
+      all.push_back(BootstrapIntervals(problem, result.best, options.replicates, settings.IU,
+                                       [&signals] { return signals.Noted() != 0; }));
+  }
+  return all;
 }
 
 /// Prints the fit and writes its report: a long search is not lost where only one of the two can be
@@ -174,8 +194,9 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   const Deviations deviations = ComputeDeviations(problem, result.best);
   if (deviations.fault) console.Complain(say.Of(InversionMessage()));
 
-  const EndedFit fit{
-      inputs, problem, method, result, deviations, OnOneLine(fault), RemarkOn(method, result, say)};
+  const std::vector<Intervals> intervals = IntervalsOf(problem, result, options, settings, signals);
+  const EndedFit fit{inputs,     problem,   method,           result,
+                     deviations, intervals, OnOneLine(fault), RemarkOn(method, result, say)};
   return Show(fit, options, progress, console) ? CodeOf(fit, signals) : ExitCode::File;
 }
 

@@ -34,17 +34,42 @@ std::string LineOf(const Json& value) {
   return text + "\n";
 }
 
+Json OrNull(const std::optional<double>& value) {
+  return value ? Json(*value) : Json();
+}
+
+Json IntervalOf(const Intervals& intervals, std::size_t j) {
+  const Interval& interval = intervals.of[j];
+  Json line = {{"method", NameOf(intervals.method)},
+               {"level", kIntervalLevel},
+               {"lower", OrNull(interval.lower)},
+               {"upper", OrNull(interval.upper)}};
+  if (intervals.method == IntervalMethod::Bootstrap) line["replicates"] = intervals.replicates;
+  if (intervals.method != IntervalMethod::Profile) return line;
+  Json points = Json::array();
+  for (const auto& [value, score] : interval.profile)
+    points.push_back({{"value", value}, {"score", score}});
+  line["profile"] = points;
+  return line;
+}
+
 Json ParameterOf(const EndedFit& fit, std::size_t j) {
   const auto& [position, lower, upper, start] = fit.problem.variables[j];
   const Parameter& parameter = ParameterAt(position);
-  return {{"name", parameter.name},
-          {"label", parameter.label},
-          {"position", static_cast<int>(position)},
-          {"start", start},
-          {"lower", lower},
-          {"upper", upper},
-          {"value", fit.result.best[j]},
-          {"deviation", fit.deviations.fault ? Json() : Json(fit.deviations.values[j])}};
+  Json line = {{"name", parameter.name},
+               {"label", parameter.label},
+               {"position", static_cast<int>(position)},
+               {"start", start},
+               {"lower", lower},
+               {"upper", upper},
+               {"value", fit.result.best[j]},
+               {"deviation", fit.deviations.fault ? Json() : Json(fit.deviations.values[j])}};
+  if (fit.intervals.empty()) return line;
+  line["interval"] = IntervalOf(fit.intervals.front(), j);
+  line["intervals"] = Json::array();
+  for (const Intervals& intervals : fit.intervals)
+    line["intervals"].push_back(IntervalOf(intervals, j));
+  return line;
 }
 
 std::string_view NameOf(SearchEnd end) {
@@ -89,6 +114,8 @@ std::string JsonOf(const EndedFit& fit) {
     line["fault"] = fit.fault;
     line["bestGeneration"] = result.bestGeneration;
   }
+  for (const Intervals& intervals : fit.intervals)
+    if (intervals.betterScore) line["betterScore"] = *intervals.betterScore;
   if (!fit.remark.empty()) line["remark"] = fit.remark;
   return LineOf(line);
 }

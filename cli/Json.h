@@ -11,6 +11,7 @@
 #include "estimation/Deviations.h"
 #include "estimation/SearchResult.h"
 #include "inference/DataChecks.h"
+#include "inference/Intervals.h"
 
 namespace velmora::cli {
 
@@ -21,6 +22,7 @@ struct EndedFit {
   Method method;
   const SearchResult& result;
   const Deviations& deviations;
+  const std::vector<Intervals>& intervals;  // by each method that was asked for
   std::string fault;   // what ended the search, in a sentence; empty where nothing did
   std::string remark;  // that the result is worse than the start values; empty where it is not
 };

@@ -326,6 +326,14 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::DataDoNotDetermine, "the measured values are too few, or do not determine each of the parameters", "os valores medidos são poucos, ou não determinam cada um dos parâmetros"},
     {TextId::EvaluationLimitReached, "Stopped at the limit of simulations; another seed (IU) or narrower bounds may find a better result.", "Interrompido no limite de simulações; outra semente (IU) ou limites mais estreitos podem encontrar um resultado melhor."},
     {TextId::StartsThatAgree, "Starts that reached this optimum: {1} of {2}", "Partidas que chegaram a este ótimo: {1} de {2}"},
+    {TextId::LinearIntervalsHeading, "95 % intervals by linear theory:", "Intervalos de 95 % pela teoria linear:"},
+    {TextId::ProfileIntervalsHeading, "95 % intervals by the likelihood profile:", "Intervalos de 95 % pelo perfil de verossimilhança:"},
+    {TextId::BootstrapIntervalsHeading, "95 % intervals by the bootstrap, {1} fits:", "Intervalos de 95 % por bootstrap, {1} ajustes:"},
+    {TextId::IntervalBetween, "{1} to {2}", "{1} a {2}"},
+    {TextId::IntervalAbove, "{1} or more; open above", "{1} ou mais; aberto acima"},
+    {TextId::IntervalBelow, "{2} or less; open below", "{2} ou menos; aberto abaixo"},
+    {TextId::IntervalOpen, "open on both sides", "aberto dos dois lados"},
+    {TextId::BetterScoreFound, "The search did not end at the minimum: a sum of squared errors of {1} was met. Fit again by the method LM or with another seed.", "A busca não terminou no mínimo: encontrou-se uma soma do quadrado dos erros de {1}. Ajuste novamente pelo método LM ou com outra semente."},
 
     // Experiments and conditions.
     {TextId::NumbersRepeated, "These numbers belong to more than one experiment: {1}. Saving changes the experiment that is shown. To give it another number, save it with that number and delete the old one by its place.", "Estes números pertencem a mais de um experimento: {1}. Salvar altera o experimento exibido. Para dar-lhe outro número, salve-o com esse número e exclua o antigo pela sua posição."},

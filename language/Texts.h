@@ -198,6 +198,14 @@ enum class TextId : std::int16_t {
   DataDoNotDetermine,
   EvaluationLimitReached,
   StartsThatAgree,
+  LinearIntervalsHeading,
+  ProfileIntervalsHeading,
+  BootstrapIntervalsHeading,
+  IntervalBetween,
+  IntervalAbove,
+  IntervalBelow,
+  IntervalOpen,
+  BetterScoreFound,
 
   // Experiments and conditions.
   NumbersRepeated,

@@ -88,6 +88,31 @@ TEST_F(Fit, ReportsArithmeticFaults) {
   ExpectRefusal("fit " + kMolasses + huge, 4, "Estimate was not completed:");
 }
 
+TEST_F(Fit, GivesTheIntervalsThatWereAskedFor) {
+  const std::string fit =
+      "fit " + kBoth + "--uncertainty profile --uncertainty bootstrap --replicates 40 ";
+  const json ran = json::parse(RunCli(fit + "--json").out);
+  EXPECT_EQ(ran.at("method"), "LM");
+  const json& Ks = ran.at("parameters").at(1);
+  EXPECT_EQ(Ks.at("interval").at("method"), "profile");
+  EXPECT_EQ(Ks.at("interval").at("level"), 0.95);
+  EXPECT_LT(Ks.at("interval").at("lower"), Ks.at("value"));
+  EXPECT_GT(Ks.at("interval").at("upper"), Ks.at("value"));
+  EXPECT_GT(Ks.at("interval").at("profile").size(), 8U);
+  EXPECT_EQ(Ks.at("intervals").at(1).at("replicates"), 40);
+  const std::string text = RunCli(fit + "--language pt").out;
+  EXPECT_NE(text.find("\nIntervalos de 95 % por bootstrap, 40 ajustes:\nµmáx = 0.1"),
+            std::string::npos)
+      << text;
+  // Limits that the data do not set: sugar is never as high as Kis.
+  const std::string andrews = Conditions("andrews.abr",
+                                         "--model Andrews --product PAC --yields global "
+                                         "--set MiMax=0.18 --set Ks=11 --fit Kis=500:100:1e6");
+  const json open =
+      json::parse(RunCli("fit " + kMolasses + andrews + " --uncertainty profile --json").out);
+  EXPECT_TRUE(open.at("parameters").at(0).at("interval").at("upper").is_null());
+}
+
 // The start vector scores 4.1292, and this seed's first two generations end above it.
 TEST_F(Fit, SaysThatTheResultIsWorseThanTheStart) {
   const std::string worse = "fit " + kExamples + "yeast-nine.abr " + kExamples +

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <random>
 #include <vector>
 
@@ -66,17 +67,22 @@ inline double GrowthTime(KineticParameters p) {
   return curve.time[static_cast<std::size_t>(at - curve.Cx.begin())];
 }
 
+/// What the standard deviation of a measurement goes with: the variable's largest value, or each.
+enum class Noise : std::uint8_t { Even, Proportional };
+
 /// Measures a batch `points` times at even intervals, with normal noise of the standard deviation
-/// `noise` times each variable's largest value; never below 0.
-inline Experiment Measured(const KineticParameters& row, int points, double noise, Dice& dice) {
+/// `noise` times the largest value, or each; never below 0.
+inline Experiment Measured(const KineticParameters& row, int points, double noise, Dice& dice,
+                           Noise kind = Noise::Even) {
   ModelCurve curve;
   Runge_Kutta().Integrate(row, curve);
   Experiment experiment;
   experiment.finalTime = curve.time.back();
   const auto measure = [&](const ModelCurve::Series& series, std::vector<double>& values) {
-    const double spread = noise * *std::max_element(series.begin(), series.end());
+    const double largest = *std::max_element(series.begin(), series.end());
     for (int k = 0; k < points; ++k) {
       const auto i = static_cast<std::size_t>(std::lround(99.0 * k / (points - 1)));
+      const double spread = noise * (kind == Noise::Even ? largest : series[i]);
       values.push_back(std::max(0.0, series[i] + spread * dice.Normal()));
     }
   };
