@@ -18,8 +18,8 @@ evolution, over 32 growth models.)text";
 constexpr const char* kFooter = R"text(
 "velmora-cli COMMAND --help" explains a command. --language en|pt may stand anywhere.
 Numbers have a decimal point. Exit codes: 0 done, 1 refused by a rule, 2 usage, 3 a file
-cannot be read or written, 4 an arithmetic fault; a fit that was stopped: 129 by SIGHUP,
-130 by Ctrl-C, 143 by SIGTERM.)text";
+cannot be read or written, 4 an arithmetic fault; a fit or a comparison that was stopped:
+129 by SIGHUP, 130 by Ctrl-C, 143 by SIGTERM.)text";
 
 // Of the commands that take experiments and conditions; the names follow.
 constexpr const char* kInputsFooter = R"text(
@@ -32,6 +32,16 @@ Searches the parameters that the conditions file marks as fitted, between their 
 the seed are those of the method ED. Ctrl-C, SIGTERM and SIGHUP stop the search; the
 results are printed all the same.
 )text";
+
+constexpr const char* kCompareFooter = R"text(
+Each model is fitted by Levenberg-Marquardt from a start and between bounds that the data
+propose for it (as "conditions --propose" does), those of the conditions' own fit aside;
+all else is as the conditions say. The table has the best model first, by AICc:
+n ln(SSE/n) + 2k + 2k(k+1)/(n-k-1) of n scored values, k being the D fitted parameters and
+the variance. An AICc less than 2 above the best means that the data do not tell the models
+apart. R² is of the scored values in g/L. Two threads or more share the models where the
+machine has them; the result is the same. Ctrl-C, SIGTERM and SIGHUP stop it; what is done
+is printed all the same.)text";
 
 constexpr const char* kCheckFooter = R"text(
 Of experiments it also tells what looks odd, with experiment, row and value: falling Cx,
@@ -77,6 +87,7 @@ struct Options {
   SimulateOptions simulate;
   ScoreOptions score;
   FitOptions fit;
+  CompareOptions compare;
   ExportOptions exported;
   CheckOptions check;
   ImportOptions import;
@@ -85,6 +96,10 @@ struct Options {
 
 void AddJson(CLI::App& command, bool& json) {
   command.add_flag("--json", json, "print JSON instead of text");
+}
+
+void AddReport(CLI::App& command, std::optional<std::string>& report) {
+  command.add_option("--report", report, "also write a report as rich text")->type_name("FILE.rtf");
 }
 
 /// An option that takes one text each time that it is given.
@@ -108,12 +123,19 @@ void AddExperiments(CLI::App& command, std::string& experiments) {
 }
 
 /// A command that takes experiments and conditions.
-CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, InputOptions& inputs) {
+CLI::App& AddFilesCommand(CLI::App& app, const char* name, const char* about,
+                          InputOptions& inputs) {
   CLI::App& command = *app.add_subcommand(name, about);
   AddExperiments(command, inputs.experiments);
   command.add_option("CONDITIONS", inputs.conditions, "conditions file")
       ->required()
       ->type_name("FILE.abr");
+  return command;
+}
+
+/// A command that takes experiments, conditions, and what is to be used in place of these.
+CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, InputOptions& inputs) {
+  CLI::App& command = AddFilesCommand(app, name, about, inputs);
   command.add_option("--model", inputs.model, "growth model to use instead of the file's")
       ->type_name("MODEL");
   AddRepeated(command, "--set", inputs.set, "value of a parameter in every experiment")
@@ -145,9 +167,20 @@ void AddFit(CLI::App& app, FitOptions& fit) {
       ->type_name("NUMBER");
   command.add_flag("--progress", fit.progress, "print the results after every generation or start");
   AddJson(command, fit.json);
-  command.add_option("--report", fit.report, "also write a report as rich text")
-      ->type_name("FILE.rtf");
+  AddReport(command, fit.report);
   command.footer(kFitFooter + InputsFooter());
+}
+
+void AddCompare(CLI::App& app, CompareOptions& compare) {
+  CLI::App& command =
+      AddFilesCommand(app, "compare", "fit all models and rank them", compare.inputs);
+  command.add_option("--models", compare.models, "models to compare (default all)")
+      ->type_name("all|MODEL,...");
+  const SettingOption& seed = kSettingOptions[kSeedOption];
+  command.add_option(seed.option, compare.seed, seed.help)->type_name("NUMBER");
+  AddJson(command, compare.json);
+  AddReport(command, compare.report);
+  command.footer(kCompareFooter);
 }
 
 void AddSimulations(CLI::App& app, Options& options) {
@@ -209,6 +242,7 @@ void AddAll(CLI::App& app, Options& options) {
   app.add_subcommand("models", "list the 32 growth models");
   AddSimulations(app, options);
   AddFit(app, options.fit);
+  AddCompare(app, options.compare);
   CLI::App* check = app.add_subcommand("check", "tell what a file is and what it holds");
   check->add_option("FILE", options.check.file, "experiment or conditions file")
       ->required()
@@ -224,6 +258,7 @@ Command Chosen(const CLI::App& app, Options& options) {
   if (name == "simulate") return options.simulate;
   if (name == "score") return options.score;
   if (name == "fit") return options.fit;
+  if (name == "compare") return options.compare;
   if (name == "export") return options.exported;
   if (name == "check") return options.check;
   if (name == "import") return options.import;

@@ -93,12 +93,19 @@ inline constexpr std::array<SettingOption, 7> kSettingOptions = {
 /// The setting that both methods have; the others are those of the method ED alone.
 inline constexpr std::size_t kSeedOption = 6;
 
+/// The settings as typed, in the order of their options.
+using SettingTexts = std::array<std::optional<std::string>, kSettingOptions.size()>;
+
+/// The settings, the usual ones where nothing is typed. Throws a `Failure` for text that is no
+/// number (Usage), or one out of its bounds (Refused).
+EstimationSettings SettingsOf(const SettingTexts& settings, const Wording& say);
+
 struct FitOptions {
   FitOptions() { inputs.fits = true; }
 
   InputOptions inputs;
   std::optional<std::string> method;  // in place of the conditions' own
-  std::array<std::optional<std::string>, kSettingOptions.size()> settings;  // as typed
+  SettingTexts settings;
   std::vector<std::string> uncertainty;  // linear, profile, bootstrap
   int replicates = kReplicates;
   bool progress = false;
@@ -109,5 +116,17 @@ struct FitOptions {
 /// Checks settings, files and fit set-up, searches, and prints the results with their deviations.
 /// Ctrl-C, SIGTERM and SIGHUP end the search; the results are printed all the same.
 ExitCode Run(const FitOptions& options, const Console& console);
+
+struct CompareOptions {
+  InputOptions inputs;
+  std::string models = "all";       // or names, separated by commas
+  std::optional<std::string> seed;  // as typed
+  bool json = false;
+  std::optional<std::string> report;  // the file to write the report to
+};
+
+/// Fits every model and prints them ranked. Ctrl-C, SIGTERM and SIGHUP end it; what is done is
+/// printed all the same.
+ExitCode Run(const CompareOptions& options, const Console& console);
 
 }  // namespace velmora::cli

@@ -9,8 +9,7 @@ namespace velmora::cli {
 namespace {
 
 std::string Blanks(std::string_view text, std::size_t width) {
-  const auto letters = static_cast<std::size_t>(std::count_if(
-      text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) >> 6) != 2; }));
+  const std::size_t letters = LettersIn(text);
   return std::string(width > letters ? width - letters : 0, ' ');
 }
 
@@ -43,6 +42,11 @@ std::string PlaceInFile(const std::string& path, int line) {
   std::string place = path + ":";
   if (line > 0) place.append(std::to_string(line)).append(":");
   return place + " ";
+}
+
+std::size_t LettersIn(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(
+      text.begin(), text.end(), [](char c) { return (static_cast<unsigned char>(c) >> 6) != 2; }));
 }
 
 std::string Left(std::string_view text, std::size_t width) {

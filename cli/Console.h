@@ -79,6 +79,9 @@ void RequireDone(const std::optional<FileFault>& fault, const Wording& say);
 /// "PATH:LINE: ", or "PATH: " where `line` is 0.
 std::string PlaceInFile(const std::string& path, int line);
 
+/// How many letters a text (UTF-8) has.
+std::size_t LettersIn(std::string_view text);
+
 /// `text` (UTF-8) with blanks to `width` letters: behind it, or in front of it.
 std::string Left(std::string_view text, std::size_t width);
 std::string Right(std::string_view text, std::size_t width);

@@ -19,9 +19,8 @@
 #include "report/ReportCharts.h"
 
 namespace velmora::cli {
-namespace {
 
-EstimationSettings SettingsOf(const FitOptions& options, const Wording& say) {
+EstimationSettings SettingsOf(const SettingTexts& settings, const Wording& say) {
   const EstimationSettings defaults;
   TypedSettings typed{defaults.NPOP,
                       defaults.ITER,
@@ -31,13 +30,15 @@ EstimationSettings SettingsOf(const FitOptions& options, const Wording& say) {
                       defaults.EPS,
                       static_cast<double>(defaults.IU)};
   for (std::size_t i = 0; i < kSettingOptions.size(); ++i)
-    if (const auto& text = options.settings[i])
+    if (const auto& text = settings[i])
       typed.*kSettingOptions[i].typed = NumberOf(kSettingOptions[i].option, *text, say);
   const CheckedSettings checked = CheckSettings(typed);
   if (!checked.refused) return checked.settings;
   throw Failure{ExitCode::Refused, std::string(kSettingOptions[*checked.refused].option) + ": " +
                                        say.Of(SettingsRefusal())};
 }
+
+namespace {
 
 /// The method by which the fit is made. Of the settings only the seed means something to LM.
 Method MethodOf(const FitOptions& options, const Inputs& inputs, const Wording& say) {
@@ -180,7 +181,7 @@ bool Show(const EndedFit& fit, const FitOptions& options, const FitProgress& pro
 ExitCode Run(const FitOptions& options, const Console& console) {
   const Wording& say = console.say;
   RefuseInputAsReport(options, say);
-  const EstimationSettings settings = SettingsOf(options, say);
+  const EstimationSettings settings = SettingsOf(options.settings, say);
   Inputs inputs = LoadInputs(options.inputs, say);
   const Method method = MethodOf(options, inputs, say);
   const FitProblem problem = CheckedProblem(inputs, method, say);

@@ -1,5 +1,7 @@
 #include "cli/FitProgress.h"
 
+#include <atomic>
+
 #include "estimation/ResultTexts.h"
 #include "language/Numbers.h"
 
@@ -11,8 +13,9 @@ constexpr Decimals kOne{1, 1};
 constexpr Decimals kEight{8, 8};
 constexpr std::string_view kEraseLine = "\r\033[K";
 
-// A signal handler has nothing else to write to.
-volatile std::sig_atomic_t noted = 0;
+// A signal handler has nothing else to write to; threads read it.
+std::atomic<int> noted = 0;
+static_assert(std::atomic<int>::is_always_lock_free);
 
 /// The next signal does what it usually does: it ends the program.
 extern "C" void NoteSignal(int signal) {
@@ -48,6 +51,16 @@ int StopSignals::Noted() const {
   return noted;
 }
 
+void TerminalLine::Show(std::string_view line) {
+  console_.Note(std::string(kEraseLine) + std::string(line));
+  stands_ = true;
+}
+
+void TerminalLine::Clear() {
+  if (stands_) console_.Note(kEraseLine);
+  stands_ = false;
+}
+
 void FitProgress::Report(const Generation& generation) {
   switch (form_) {
     case ProgressForm::None:
@@ -71,20 +84,13 @@ void FitProgress::PrintBlock(const Generation& generation) {
 
 void FitProgress::ShowLine(const Generation& generation) {
   const Clock::time_point now = Clock::now();
-  if (lineStands_ && now - shown_ < kBetweenLines) return;
+  if (line_.Stands() && now - shown_ < kBetweenLines) return;
   const double seconds = std::chrono::duration<double>(now - start_).count();
   const TextId line = method_ == Method::LM ? TextId::StartLine : TextId::GenerationLine;
-  console_.Note(std::string(kEraseLine) +
-                console_.say(line, {std::to_string(generation.number),
-                                    Formatted(generation.score, kEight, '.'),
-                                    Formatted(seconds, kOne, '.')}));
+  line_.Show(console_.say(
+      line, {std::to_string(generation.number), Formatted(generation.score, kEight, '.'),
+             Formatted(seconds, kOne, '.')}));
   shown_ = now;
-  lineStands_ = true;
-}
-
-void FitProgress::ClearLine() {
-  if (lineStands_) console_.Note(kEraseLine);
-  lineStands_ = false;
 }
 
 }  // namespace velmora::cli

@@ -2,10 +2,12 @@
 #include "cli/Json.h"
 
 #include <array>
+#include <cmath>
 #include <nlohmann/json.hpp>
 
 #include "cultivation/FitSetUp.h"
 #include "estimation/ResultTexts.h"
+#include "inference/ComparisonTexts.h"
 #include "language/Numbers.h"
 
 namespace velmora::cli {
@@ -79,6 +81,34 @@ std::string_view NameOf(SearchEnd end) {
   return end == SearchEnd::Stopped ? "stopped" : "generation limit";
 }
 
+Json Finite(double value) {
+  return std::isfinite(value) ? Json(value) : Json();
+}
+
+Json RankedOf(const ComparedModel& compared) {
+  Json parameters = Json::array();
+  for (std::size_t j = 0; j < compared.variables.size(); ++j) {
+    const auto& [position, lower, upper, start] = compared.variables[j];
+    parameters.push_back({{"name", ParameterAt(position).name},
+                          {"start", start},
+                          {"lower", lower},
+                          {"upper", upper},
+                          {"value", compared.result.best[j]}});
+  }
+  const auto& [Cx, Cs, Cp] = compared.explained;
+  return {{"model", compared.model->name},
+          {"equation", Equation(*compared.model)},
+          {"parameters", parameters},
+          {"sumOfSquaredErrors", compared.result.score},
+          {"aicc", Finite(compared.criterion)},
+          {"weight", compared.weight},
+          {"rSquared", {{"Cx", Finite(Cx)}, {"Cs", Finite(Cs)}, {"Cp", Finite(Cp)}}},
+          {"starts", compared.result.starts},
+          {"agreeing", compared.result.agreeing},
+          {"functionCalls", compared.result.functionCalls},
+          {"outcome", NameOf(compared.result.end)}};
+}
+
 /// In the order of RemarkKind.
 std::string_view NameOf(RemarkKind kind) {
   static constexpr std::array<std::string_view, 12> kNames = {
@@ -128,6 +158,28 @@ std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists) {
         {{"place", place}, {"number", lists.At(place).number}, {"Cx", Cx}, {"Cs", Cs}, {"Cp", Cp}});
   }
   return LineOf({{"score", fit.score}, {"experiments", experiments}});
+}
+
+std::string JsonOf(const Comparison& comparison, const Inputs& inputs, const Wording& say) {
+  Json ranked = Json::array(), unranked = Json::array(), level = Json::array();
+  for (const ComparedModel& compared : comparison.models) {
+    if (compared.Ranked())
+      ranked.push_back(RankedOf(compared));
+    else
+      unranked.push_back(
+          {{"model", compared.model->name},
+           {"reason", WhyNotRanked(compared, inputs.lists.Experiments(), say.In())}});
+  }
+  for (const ComparedModel& compared : comparison.Level()) level.push_back(compared.model->name);
+  Json remarks = Json::array();
+  for (const auto& line :
+       ComparisonRemarks(comparison, inputs.lists.Experiments(), {say.In(), '.'}))
+    remarks.push_back(line);
+  return LineOf({{"values", comparison.values},
+                 {"models", ranked},
+                 {"notRanked", unranked},
+                 {"notToldApart", level.size() > 1 ? level : Json::array()},
+                 {"remarks", remarks}});
 }
 
 std::string JsonOf(const std::vector<PlacedCurve>& curves) {

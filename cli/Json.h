@@ -10,6 +10,7 @@
 #include "cultivation/CultivationForm.h"
 #include "estimation/Deviations.h"
 #include "estimation/SearchResult.h"
+#include "inference/Comparison.h"
 #include "inference/DataChecks.h"
 #include "inference/Intervals.h"
 
@@ -37,6 +38,8 @@ struct PlacedCurve {
 std::string JsonOf(const EndedFit& fit);
 /// The score with the share of each experiment's variables; `lists` holds the experiments.
 std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists);
+/// Models compared; `inputs` are what they were fitted to.
+std::string JsonOf(const Comparison& comparison, const Inputs& inputs, const Wording& say);
 std::string JsonOf(const std::vector<PlacedCurve>& curves);
 /// What an experiment file holds, and what its data look like.
 std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& remarks,

@@ -381,6 +381,21 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::OfHighestCx, "{2} to {3} times {1} g/L, the highest Cx", "{2} a {3} vezes {1} g/L, o maior Cx"},
     {TextId::UsualExponent, "the usual range of the exponent, {2} to {3}", "a faixa usual do expoente, {2} a {3}"},
 
+    // Models compared.
+    {TextId::ComparisonTitle, "Models compared", "Comparação de modelos"},
+    {TextId::ModelsCompared, "Models ranked by AICc: {1} of {2}, from {3} scored values", "Modelos ordenados pelo AICc: {1} de {2}, com {3} valores na soma"},
+    {TextId::WeightHeading, "weight", "peso"},
+    {TextId::StartsHeading, "starts", "partidas"},
+    {TextId::VerdictHeading, "verdict", "parecer"},
+    {TextId::SearchConverged, "converged", "convergiu"},
+    {TextId::SearchAtItsLimit, "limit reached", "limite atingido"},
+    {TextId::SearchStopped, "stopped before the end of its search", "interrompido antes do fim da busca"},
+    {TextId::NoRangeFor, "the measured values say nothing of {1}: what it acts on is 0 throughout", "os valores medidos nada dizem de {1}: aquilo em que atua é sempre 0"},
+    {TextId::NotRanked, "Without a rank: {1}: {2}.", "Sem posição: {1}: {2}."},
+    {TextId::ModelsNotToldApart, "The data do not tell these models apart (AICc less than 2 above the best; together {2} % of the weight): {1}.", "Os dados não distinguem estes modelos (AICc menos de 2 acima do melhor; juntos, {2} % do peso): {1}."},
+    {TextId::TooFewForCriterion, "{1} values are too few for the AICc of the models with ∞: it needs three more than fitted parameters. These models have no weight.", "{1} valores são poucos para o AICc dos modelos com ∞: precisa de três a mais que os parâmetros ajustados. Esses modelos não têm peso."},
+    {TextId::BestModel, "Best model: {1}", "Melhor modelo: {1}"},
+
     // The windows.
     {TextId::WriteWithoutEntries, ". Its entries will not be in the file. Write the file without them?", ". O que foi digitado não estará no arquivo. Gravar o arquivo assim mesmo?"},
     {TextId::BeforeRun, " for the calculation to use them.", " para que o cálculo as use."},
@@ -448,6 +463,8 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::StartScore, "Sum of squared errors of the start values = {1}", "Soma do quadrado dos erros dos valores iniciais = {1}"},
     {TextId::WorseThanStart, "The result is worse than the start values; a larger --npop or another --iu may find a better one.", "O resultado é pior que os valores iniciais; um --npop maior ou outro --iu pode encontrar um melhor."},
     {TextId::StartLine, "start {1}   best score {2}   {3} s", "partida {1}   melhor soma {2}   {3} s"},
+    {TextId::ComparisonLine, "models {1} of {2}", "modelos {1} de {2}"},
+    {TextId::ComparisonLineWithTime, "models {1} of {2}   {3} s left", "modelos {1} de {2}   faltam {3} s"},
     {TextId::Score, "Score", "Total"},
     {TextId::Sum, "Sum", "Soma"},
     {TextId::UnscaledAt, " (place {1}, {2})", " (posição {1}, {2})"},

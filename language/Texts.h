@@ -253,6 +253,21 @@ enum class TextId : std::int16_t {
   OfHighestCx,
   UsualExponent,
 
+  // Models compared.
+  ComparisonTitle,
+  ModelsCompared,
+  WeightHeading,
+  StartsHeading,
+  VerdictHeading,
+  SearchConverged,
+  SearchAtItsLimit,
+  SearchStopped,
+  NoRangeFor,
+  NotRanked,
+  ModelsNotToldApart,
+  TooFewForCriterion,
+  BestModel,
+
   // The windows.
   WriteWithoutEntries,
   BeforeRun,
@@ -320,6 +335,8 @@ enum class TextId : std::int16_t {
   StartScore,
   WorseThanStart,
   StartLine,
+  ComparisonLine,
+  ComparisonLineWithTime,
   Score,
   Sum,
   UnscaledAt,

@@ -1,0 +1,116 @@
+#include "inference/ComparisonTexts.h"
+
+#include <cmath>
+
+#include "language/Message.h"
+#include "language/Numbers.h"
+
+namespace velmora {
+namespace {
+
+constexpr int kSumDigits = 4;
+constexpr Decimals kTwo{2, 2}, kThree{3, 3};
+constexpr const char* kNoValue = "–";
+
+/// A number, or a sign for one that is infinite or has no value.
+std::string Cell(double value, Decimals decimals, char separator) {
+  if (std::isinf(value)) return "∞";
+  return std::isnan(value) ? kNoValue : Formatted(value, decimals, separator);
+}
+
+std::vector<std::string> Headings(Language language) {
+  const auto text = [=](TextId id) { return std::string(Text(id, language)); };
+  return {text(TextId::ModelHeading),  "D",     "SSE",   "AICc",  "ΔAICc",
+          text(TextId::WeightHeading), "R² Cx", "R² Cs", "R² Cp", text(TextId::StartsHeading),
+          text(TextId::VerdictHeading)};
+}
+
+std::vector<std::string> CellsOf(const ComparedModel& compared, double leastCriterion,
+                                 TextStyle style) {
+  const char separator = style.separator;
+  const SearchResult& result = compared.result;
+  const auto& [Cx, Cs, Cp] = compared.explained;
+  const TextId end =
+      result.end == SearchEnd::Converged ? TextId::SearchConverged : TextId::SearchAtItsLimit;
+  return {std::string(compared.model->name),
+          std::to_string(compared.variables.size()),
+          PlainText(result.score, separator, kSumDigits),
+          Cell(compared.criterion, kTwo, separator),
+          Cell(compared.criterion - leastCriterion, kTwo, separator),
+          Cell(compared.weight, kThree, separator),
+          Cell(Cx, kFour, separator),
+          Cell(Cs, kFour, separator),
+          Cell(Cp, kFour, separator),
+          std::to_string(result.agreeing) + "/" + std::to_string(result.starts),
+          std::string(Text(end, style.language))};
+}
+
+/// "Monod, Contois (0.4, 0.3)": their names, and how much of the weight they have together.
+std::string LevelRemark(std::span<const ComparedModel> level, TextStyle style) {
+  std::string names;
+  double weight = 0;
+  for (const ComparedModel& compared : level) {
+    names += (names.empty() ? "" : ", ") + std::string(compared.model->name);
+    weight += compared.weight;
+  }
+  return Filled(TextId::ModelsNotToldApart, style.language,
+                {names, Formatted(100 * weight, {0, 0}, style.separator)});
+}
+
+}  // namespace
+
+std::string ComparisonHeading(const Comparison& comparison, Language language) {
+  return Filled(TextId::ModelsCompared, language,
+                {std::to_string(comparison.Ranked().size()),
+                 std::to_string(comparison.models.size()), std::to_string(comparison.values)});
+}
+
+std::vector<std::vector<std::string>> ComparisonCells(const Comparison& comparison,
+                                                      TextStyle style) {
+  std::vector<std::vector<std::string>> cells{Headings(style.language)};
+  const auto ranked = comparison.Ranked();
+  for (const ComparedModel& compared : ranked)
+    cells.push_back(CellsOf(compared, ranked.front().criterion, style));
+  return cells;
+}
+
+std::string WhyNotRanked(const ComparedModel& compared, std::span<const Experiment> experiments,
+                         Language language) {
+  if (compared.unknown)
+    return Filled(TextId::NoRangeFor, language, {ParameterAt(*compared.unknown).name});
+  if (!compared.result.fault) return std::string(Text(TextId::SearchStopped, language));
+  const ArithmeticFault& fault = *compared.result.fault;
+  const int number =
+      fault.place == 0 ? 0 : experiments[static_cast<std::size_t>(fault.place) - 1].number;
+  return FaultDescription(fault, number, language);
+}
+
+std::vector<std::string> ComparisonRemarks(const Comparison& comparison,
+                                           std::span<const Experiment> experiments,
+                                           TextStyle style) {
+  std::vector<std::string> lines;
+  if (const auto level = comparison.Level(); level.size() > 1)
+    lines.push_back(LevelRemark(level, style));
+  const auto ranked = comparison.Ranked();
+  if (!ranked.empty() && std::isinf(ranked.back().criterion))
+    lines.push_back(
+        Filled(TextId::TooFewForCriterion, style.language, {std::to_string(comparison.values)}));
+  for (const ComparedModel& compared : std::span(comparison.models).subspan(ranked.size()))
+    lines.push_back(
+        Filled(TextId::NotRanked, style.language,
+               {compared.model->name, WhyNotRanked(compared, experiments, style.language)}));
+  return lines;
+}
+
+std::vector<std::string> BestModelLines(const Comparison& comparison, TextStyle style) {
+  if (comparison.Level().empty()) return {};
+  const ComparedModel& best = comparison.models.front();
+  std::vector<std::string> lines{Filled(TextId::BestModel, style.language, {best.model->name}),
+                                 Equation(*best.model)};
+  for (std::size_t j = 0; j < best.variables.size(); ++j)
+    lines.push_back(
+        OnOneLine(ParameterLines({&best.variables[j], 1}, {&best.result.best[j], 1}, style)));
+  return lines;
+}
+
+}  // namespace velmora
