@@ -25,6 +25,7 @@ TEST(Catalogue, TellsTheModelsOfARowByItsValuesAndFittedParameters) {
   row[At::CpAst] = 1;
   EXPECT_EQ(NamesOf(row), (Names{"Monod", "Moser"})) << "the term stands at its neutral values";
   EXPECT_EQ(NamesOf(row, {At::n}), Names{"Levenspiel"}) << "and is no longer idle";
+  EXPECT_EQ(NamesOf(row, {At::u}), Names{"Moser"});
 }
 
 TEST(Catalogue, GivesKsAndKipTheUnitOfTheirTerm) {
