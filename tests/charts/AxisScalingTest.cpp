@@ -41,19 +41,14 @@ TEST(AxisSteps, ChangeExactlyAtTheirBounds) {
       {41, 5},    {49, 8},     {57, 9},     {72, 10},    {90, 15},    {135, 20}, {180, 25},
       {200, 30},  {270, 40},   {360, 50},   {450, 60},   {540, 70},   {630, 90}, {810, 120},
       {960, 150}, {1200, 200}, {2000, 400}, {4000, 500}, {5000, 1000}};
-  const auto below = [](double x) { return std::nextafter(x, -1); };
-  for (std::size_t i = 0; i < time.size(); ++i) {
-    EXPECT_EQ(DivisorDeX(time[i].first), time[i].second);
-    if (i > 0) {
-      EXPECT_EQ(DivisorDeX(below(time[i].first)), time[i - 1].second);
+  const auto expectSteps = [](const auto& table, double (*divisor)(double)) {
+    for (std::size_t i = 0; i < table.size(); ++i) {
+      EXPECT_EQ(divisor(table[i].first), table[i].second);
+      EXPECT_EQ(divisor(std::nextafter(table[i].first, -1)), i == 0 ? 0 : table[i - 1].second);
     }
-  }
-  for (std::size_t i = 0; i < concentration.size(); ++i) {
-    EXPECT_EQ(DivisorDeY(concentration[i].first), concentration[i].second);
-    if (i > 0) {
-      EXPECT_EQ(DivisorDeY(below(concentration[i].first)), concentration[i - 1].second);
-    }
-  }
+  };
+  expectSteps(time, DivisorDeX);
+  expectSteps(concentration, DivisorDeY);
   EXPECT_EQ(DivisorDeX(-1), 0);
   EXPECT_EQ(DivisorDeY(1e300), 1000);
 }

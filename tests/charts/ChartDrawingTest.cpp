@@ -6,48 +6,14 @@
 #include <cstdlib>
 #include <set>
 #include <string>
-#include <vector>
 
 #include "charts/ChartDrawing.h"
+#include "tests/support/NotingCanvas.h"
 
 namespace velmora {
 namespace {
 
-class NotingCanvas : public ChartCanvas {
- public:
-  struct Text {
-    PaperPoint start;
-    std::string text;
-  };
-  std::vector<PaperLine> grid;  // dotted
-  std::vector<PaperLine> ticks;
-  std::vector<Text> texts;
-
-  void OpenPaper(const PaperArea&) override {}
-  void ClosePaper() override {}
-  void SetFontHeight(double height) override { height_ = height; }
-  void SetTitleFontHeight(double height) override { height_ = height; }
-  double FontHeight() const override { return height_; }
-  double Ascent() const override { return 0.8 * height_; }
-  double Descent() const override { return 0.2 * height_; }
-  double WidthOf(std::string_view text) const override {
-    return 0.5 * height_ * static_cast<double>(text.size());
-  }
-  void Write(const PaperPoint& start, std::string_view text) override {
-    texts.push_back({start, std::string(text)});
-  }
-  void WriteUpwards(const PaperPoint&, std::string_view) override {}
-  void DrawLines(std::span<const PaperLine> lines, const Stroke& stroke) override {
-    auto& noted = stroke.kind == LineKind::Dotted ? grid : ticks;
-    noted.insert(noted.end(), lines.begin(), lines.end());
-  }
-  void DrawCurve(std::span<const PaperPoint>, const Stroke&) override {}
-  void DrawDots(std::span<const PaperPoint>, double, Ink) override {}
-  void DrawMarkers(std::string_view, std::span<const PaperPoint>, double, Ink, double) override {}
-
- private:
-  double height_ = 1;
-};
+using test::NotingCanvas;
 
 constexpr PaperArea kPaper{0, 0, 560, 420};
 
