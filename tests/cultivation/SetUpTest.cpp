@@ -1,110 +1,60 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <functional>
-#include <ostream>
 
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/FitSetUp.h"
 #include "cultivation/Simulation.h"
+#include "tests/support/Forms.h"
 
 namespace velmora {
 namespace {
 
-/// A form that can be saved: Monod, its two parameters fitted.
-CultivationForm Filled() {
-  CultivationForm form;
-  form.boxes.fill("0");
-  form.At(At::Cx0) = "0.5", form.At(At::Cs0) = "75", form.At(At::T) = "45";
-  form.At(At::Yxs) = "0.3", form.At(At::YpsTyped) = "0.45", form.At(At::alpha) = "1.25";
-  form.At(At::muMax) = "0.2", form.At(At::Ks) = "10";
-  form.fit[0] = {true, "0.05", "1"};
-  form.fit[1] = {true, "1", "30"};
-  form.method = Method::ED;
-  form.production = Production::PAC;
-  form.model = "Monod";
-  form.modelConfirmed = true;
-  return form;
-}
+using test::Filled;
 
 struct RefusalCase {
   const char* name;
-  int place;
-  std::function<void(CultivationForm&)> change;
-  Piece text;  // the message's first piece
+  void (*change)(CultivationForm&);
+  TextId text;  // the message's first piece
+  int place = 1;
 };
-void PrintTo(const RefusalCase& c, std::ostream* out) {
-  *out << c.name;
-}
-class Saving : public testing::TestWithParam<RefusalCase> {};
 
-TEST_P(Saving, IsRefusedAndStoresNothing) {
-  const RefusalCase& c = GetParam();
-  CultivationForm form = Filled();
-  c.change(form);
-  CultivationConditions conditions;
-  const Saved saved = SalvarCondCult(form, c.place, 1, '.', conditions);
-  ASSERT_TRUE(saved.refusal);
-  EXPECT_EQ(saved.refusal->message.pieces.front(), c.text);
-  EXPECT_EQ(saved.refusal->message.title, Piece(TextId::Attention));
-  EXPECT_EQ(conditions, CultivationConditions{});
-}
+const RefusalCase kRefused[] = {
+    {"nothing selected comes first", [](auto& f) { f = {}; }, TextId::NoExperimentSelected, 0},
+    {"start of zero", [](auto& f) { f.At(At::muMax) = "0"; }, TextId::PossibleErrors},
+    {"bound of zero", [](auto& f) { f.fit[1].lower = "0", f.method = Method::None; },
+     TextId::PossibleErrors},
+    {"empty bound", [](auto& f) { f.fit[1].upper = ""; }, TextId::PossibleErrors},
+    {"value outside", [](auto& f) { f.fit[1].upper = "9.9"; }, TextId::FitEntryOutOfBounds},
+    {"no method", [](auto& f) { f.method = {}, f.production = {}; }, TextId::NoMethod},
+    {"no production", [](auto& f) { f.production = {}, f.modelConfirmed = false; },
+     TextId::NoProduction},
+    {"model not confirmed", [](auto& f) { f.modelConfirmed = false, f.fit = {}; },
+     TextId::ConfirmModel},
+    {"nothing fitted", [](auto& f) { f.fit = {}; }, TextId::NothingFitted},
+    {"no cells", [](auto& f) { f.At(At::Cx0) = ""; }, TextId::Cx0NotPositive},
+    {"no substrate", [](auto& f) { f.At(At::Cs0) = "0"; }, TextId::Cs0NotPositive},
+    {"no time", [](auto& f) { f.At(At::T) = "."; }, TextId::TimeNotPositive},
+    {"no cell yield", [](auto& f) { f.At(At::Yxs) = "0"; }, TextId::YxsNotPositive},
+    {"no product yield", [](auto& f) { f.At(At::YpsTyped) = "0"; }, TextId::YpsNotPositive},
+    {"no double holds a bound", [](auto& f) { f.fit[1].upper = "1e399"; }, TextId::OutOfBounds},
+    {"no double holds a start", [](auto& f) { f.At(At::Ks) = "1e-400"; }, TextId::OutOfBounds},
+    {"no double holds the cells", [](auto& f) { f.At(At::Cx0) = "1e399"; }, TextId::OutOfBounds},
+    {"not a number", [](auto& f) { f.At(At::ms) = "1,5"; }, TextId::OutOfBounds}};
 
-INSTANTIATE_TEST_SUITE_P(
-    Conditions, Saving,
-    testing::Values(
-        RefusalCase{"NothingSelectedComesFirst", 0, [](CultivationForm& f) { f = {}; },
-                    TextId::NoExperimentSelected},
-        RefusalCase{"StartOfZero", 1, [](CultivationForm& f) { f.At(At::muMax) = "0"; },
-                    TextId::PossibleErrors},
-        RefusalCase{"BoundOfZero", 1,
-                    [](CultivationForm& f) {
-                      f.fit[1].lower = "0";
-                      f.method = Method::None;
-                    },
-                    TextId::PossibleErrors},
-        RefusalCase{"EmptyBound", 1, [](CultivationForm& f) { f.fit[1].upper = ""; },
-                    TextId::PossibleErrors},
-        RefusalCase{"ValueOutsideItsBounds", 1, [](CultivationForm& f) { f.fit[1].upper = "9.9"; },
-                    TextId::FitEntryOutOfBounds},
-        RefusalCase{"NoMethod", 1,
-                    [](CultivationForm& f) {
-                      f.method = Method::None;
-                      f.production = Production::None;
-                    },
-                    TextId::NoMethod},
-        RefusalCase{"NoProduction", 1,
-                    [](CultivationForm& f) {
-                      f.production = Production::None;
-                      f.modelConfirmed = false;
-                    },
-                    TextId::NoProduction},
-        RefusalCase{"ModelNotConfirmed", 1,
-                    [](CultivationForm& f) {
-                      f.modelConfirmed = false;
-                      f.fit = {};
-                    },
-                    TextId::ConfirmModel},
-        RefusalCase{"NothingFitted", 1, [](CultivationForm& f) { f.fit = {}; },
-                    TextId::NothingFitted},
-        RefusalCase{"NoCells", 1, [](CultivationForm& f) { f.At(At::Cx0) = ""; },
-                    TextId::Cx0NotPositive},
-        RefusalCase{"NoSubstrate", 1, [](CultivationForm& f) { f.At(At::Cs0) = "0"; },
-                    TextId::Cs0NotPositive},
-        RefusalCase{"NoTime", 1, [](CultivationForm& f) { f.At(At::T) = "."; },
-                    TextId::TimeNotPositive},
-        RefusalCase{"NoCellYield", 1, [](CultivationForm& f) { f.At(At::Yxs) = "0"; },
-                    TextId::YxsNotPositive},
-        RefusalCase{"NoProductYield", 1, [](CultivationForm& f) { f.At(At::YpsTyped) = "0"; },
-                    TextId::YpsNotPositive},
-        RefusalCase{"NoDoubleHoldsABound", 1, [](CultivationForm& f) { f.fit[1].upper = "1e399"; },
-                    TextId::OutOfBounds},
-        RefusalCase{"NoDoubleHoldsAStart", 1, [](CultivationForm& f) { f.At(At::Ks) = "1e-400"; },
-                    TextId::OutOfBounds},
-        RefusalCase{"NoDoubleHoldsTheCells", 1, [](CultivationForm& f) { f.At(At::Cx0) = "1e399"; },
-                    TextId::OutOfBounds},
-        RefusalCase{"NotANumber", 1, [](CultivationForm& f) { f.At(At::ms) = "1,5"; },
-                    TextId::OutOfBounds}));
+TEST(Conditions, AreRefusedAndStoreNothing) {
+  for (const RefusalCase& c : kRefused) {
+    SCOPED_TRACE(c.name);
+    CultivationForm form = Filled();
+    c.change(form);
+    CultivationConditions conditions;
+    const Saved saved = SalvarCondCult(form, c.place, 1, '.', conditions);
+    ASSERT_TRUE(saved.refusal);
+    EXPECT_EQ(saved.refusal->message.pieces.front(), Piece(c.text));
+    EXPECT_EQ(saved.refusal->message.title, Piece(TextId::Attention));
+    EXPECT_EQ(conditions, CultivationConditions{});
+  }
+}
 
 TEST(Conditions, DecideAlfaAndYields) {
   CultivationConditions conditions;

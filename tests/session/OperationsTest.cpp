@@ -5,37 +5,20 @@
 #include "data/SafeSave.h"
 #include "session/Operations.h"
 #include "tests/data/FileTesting.h"
+#include "tests/support/Forms.h"
 
 namespace velmora {
 namespace {
 
-Experiment Numbered(std::int16_t number, double first = 0.5) {
-  return {number, "", {0, 10, 30}, {first, 3, 20}, {60, 40, 2}, {0, 4, 25}, 30, true};
-}
-
-/// A form that can be saved: Monod, its two parameters fitted.
-CultivationForm Filled() {
-  CultivationForm form;
-  form.boxes.fill("0");
-  form.At(At::Cx0) = "0.5", form.At(At::Cs0) = "60", form.At(At::T) = "30";
-  form.At(At::Yxs) = "0.3", form.At(At::YpsTyped) = "0.45", form.At(At::alpha) = "1.25";
-  form.At(At::muMax) = "0.2", form.At(At::Ks) = "10";
-  form.fit[0] = {true, "0.05", "1"};
-  form.fit[1] = {true, "1", "30"};
-  form.method = Method::ED;
-  form.production = Production::PAC;
-  form.yields = Yields::Global;
-  form.model = "Monod";
-  form.modelConfirmed = true;
-  return form;
-}
+using test::Filled;
+using test::Measured;
 
 /// Experiments 1, 2, ... with their conditions and with curves that are told apart.
 Session Cultivation(int experiments) {
   Session session;
   session.separator = '.';
   for (int place = 1; place <= experiments; ++place) {
-    session.lists.Append(Numbered(static_cast<std::int16_t>(place)), {});
+    session.lists.Append(Measured(static_cast<std::int16_t>(place)), {});
     if (place > kMostExperiments) continue;
     EXPECT_FALSE(SaveConditions(session, Filled(), place).refusal);
     ModelCurve& curve = session.curves.at(static_cast<std::size_t>(place) - 1);
@@ -77,21 +60,21 @@ TEST(DeleteExperiment, TakesConditionsAndCurveAlongAndMovesTheLaterOnes) {
 
 TEST(SaveExperiment, WithdrawsTheCurveOfOtherData) {
   Session session = Cultivation(3);
-  Experiment described = Numbered(2);
+  Experiment described = Measured(2);
   described.description = "glucose";
   const Change same = SaveExperiment(session, described, {}, 2).change;
   EXPECT_TRUE(same.lists && !same.curves && same.remeasured == 0);
-  const Change other = SaveExperiment(session, Numbered(2, 0.7), {}, 2).change;
+  const Change other = SaveExperiment(session, Measured(2, 0.7), {}, 2).change;
   EXPECT_TRUE(other.curves);
   EXPECT_EQ(other.remeasured, 2);
   EXPECT_EQ(session.curves[1].points, 0);
   EXPECT_EQ(session.curves[2].points, 100);
   EXPECT_TRUE(session.conditions.At(2).saved);
 
-  session.lists.Append(Numbered(2), {});  // as a file may have it
-  EXPECT_EQ(SaveExperiment(session, Numbered(2, 0.8), {}, 4).place, 4);
-  EXPECT_EQ(session.lists.At(2), Numbered(2, 0.7));
-  EXPECT_EQ(SaveExperiment(session, Numbered(9), {}, 4).place, 5);
+  session.lists.Append(Measured(2), {});  // as a file may have it
+  EXPECT_EQ(SaveExperiment(session, Measured(2, 0.8), {}, 4).place, 4);
+  EXPECT_EQ(session.lists.At(2), Measured(2, 0.7));
+  EXPECT_EQ(SaveExperiment(session, Measured(9), {}, 4).place, 5);
 }
 
 TEST(OpenExperiments, ReplacesAllOrNothing) {
@@ -105,7 +88,7 @@ TEST(OpenExperiments, ReplacesAllOrNothing) {
   EXPECT_TRUE(session.lastRun && session.CurvesPresent());
 
   ExperimentLists twice;
-  for (const double first : {0.5, 0.6}) twice.Append(Numbered(4, first), {});
+  for (const double first : {0.5, 0.6}) twice.Append(Measured(4, first), {});
   ASSERT_FALSE(WriteExperiments(twice, folder / "twice.abr"));
   const ExperimentsOpened opened = OpenExperiments(session, folder / "twice.abr");
   EXPECT_TRUE(opened.opened && opened.remark && opened.change.replaced);
@@ -119,7 +102,7 @@ TEST(OpenConditions, ChangesNothingUnlessTheyBelongToTheExperiments) {
   Session session = Cultivation(2);
   session.activeWindow = kCultivationWindow;
   ASSERT_FALSE(WriteConditionsFile(session, folder / "two.abr"));
-  session.lists.Append(Numbered(3), {});
+  session.lists.Append(Measured(3), {});
   const CultivationConditions before = session.conditions;
   const ConditionsOpened refused = OpenConditions(session, folder / "two.abr");
   EXPECT_TRUE(refused.refusal && !refused.change.conditions);
@@ -168,7 +151,7 @@ TEST(RefuseStart, TakesEveryEditAlike) {
       [](CultivationForm& f) { f.fit[1].ticked = false; },
       [](CultivationForm& f) { f.method = Method::Manual; },
       [](CultivationForm& f) { f.production = Production::PPAC; },
-      [](CultivationForm& f) { f.yields = Yields::Stoichiometric; },
+      [](CultivationForm& f) { f.yields = Yields::Global; },
       [](CultivationForm& f) { f.dataSet[2] = false; },
       [](CultivationForm& f) { f.model = "Contois"; }};
   for (std::size_t i = 0; i < std::size(edits); ++i) {
