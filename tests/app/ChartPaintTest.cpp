@@ -31,14 +31,7 @@ struct Plot {
   }
 
   void Add(std::int16_t number, double time, double Cs) {
-    Experiment experiment;
-    experiment.number = number;
-    experiment.time = {time};
-    experiment.Cs = {Cs};
-    experiment.Cx = experiment.Cp = {0};
-    DisplayEntry display;
-    display.colour = number;
-    lists.Append(experiment, display);
+    lists.Append({number, "", {time}, {0}, {Cs}, {0}}, {"CircCheio", number});
   }
 
   ChartContent Content(bool withCurves) const {

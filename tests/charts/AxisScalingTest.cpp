@@ -17,10 +17,8 @@ ExperimentLists Points(std::vector<PlotPoint> points, bool visible = true) {
     experiment.Cx.push_back(point.y / 10);
     experiment.Cp.push_back(0);
   }
-  DisplayEntry display;
-  display.visible = visible;
   ExperimentLists lists;
-  lists.Append(experiment, display);
+  lists.Append(experiment, {"CircCheio", 1, 1, visible});
   return lists;
 }
 

@@ -18,12 +18,8 @@ using test::NotingCanvas;
 constexpr PaperArea kPaper{0, 0, 560, 420};
 
 ChartContent Reaching(double time, double Cs) {
-  Experiment experiment;
-  experiment.time = {0, time};
-  experiment.Cs = {Cs, 0};
-  experiment.Cx = experiment.Cp = {0, 0};
   ExperimentLists lists;
-  lists.Append(experiment, {});
+  lists.Append({1, "", {0, time}, {0, 0}, {Cs, 0}, {0, 0}}, {});
   return ContentOf(PlotVariable::Cs, lists, nullptr, true, '.');
 }
 

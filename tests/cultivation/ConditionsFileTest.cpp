@@ -10,6 +10,7 @@
 #include "data/ExperimentFile.h"
 #include "data/Windows1252.h"
 #include "tests/data/FileTesting.h"
+#include "tests/support/Forms.h"
 
 namespace velmora {
 namespace {
@@ -154,9 +155,7 @@ TEST(ConditionsFile, TellsWhatStandsForNoChoiceAndSelectsNothing) {
   EXPECT_EQ(form.production, Production::None);
   EXPECT_EQ(form.yields, Yields::None);
 
-  Experiment experiment;
-  experiment.number = 1;
-  const OpenedConditions opened = CompareWithLists(read, {experiment});
+  const OpenedConditions opened = CompareWithLists(read, test::Lists({1}).Experiments());
   const auto told =
       std::find_if(opened.messages.begin(), opened.messages.end(), [](const Message& message) {
         return Worded(message, Language::English) ==
@@ -201,8 +200,7 @@ std::vector<std::string> ToldOf(const OpenedConditions& opened) {
 }
 
 TEST(OpenedConditions, NameTheExperimentsThatTheyMatch) {
-  std::vector<Experiment> experiments(3);
-  experiments[0].number = 4, experiments[1].number = 7, experiments[2].number = 5;
+  const std::vector<Experiment> experiments = test::Lists({4, 7, 5}).Experiments();
   ConditionsRead read = ReadFor({4, 9, 5});
   read.conditions.At(3).row[At::Ks] = 31;  // beyond its bounds
   const OpenedConditions opened = CompareWithLists(read, experiments);

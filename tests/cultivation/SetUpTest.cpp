@@ -141,9 +141,7 @@ TEST(Fit, SaysThatItsDeviationsOverflow) {
 }
 
 std::vector<Experiment> Numbered(std::initializer_list<std::int16_t> numbers) {
-  std::vector<Experiment> experiments;
-  for (const std::int16_t number : numbers) experiments.emplace_back().number = number;
-  return experiments;
+  return test::Lists(numbers).Experiments();
 }
 
 TEST(Run, IsRefusedInOrder) {

@@ -1,29 +1,13 @@
 #include <gtest/gtest.h>
 
 #include "data/ExperimentLists.h"
+#include "tests/support/Forms.h"
 
 namespace velmora {
 namespace {
 
-Experiment Numbered(std::int16_t number) {
-  Experiment experiment;
-  experiment.number = number;
-  for (auto* series : {&experiment.time, &experiment.Cx, &experiment.Cs, &experiment.Cp})
-    series->push_back(number);
-  return experiment;
-}
-
-DisplayEntry Coloured(std::int32_t colour) {
-  DisplayEntry display;
-  display.colour = colour;
-  return display;
-}
-
-ExperimentLists Lists(std::initializer_list<std::int16_t> numbers) {
-  ExperimentLists lists;
-  for (const std::int16_t number : numbers) lists.Append(Numbered(number), Coloured(number));
-  return lists;
-}
+using test::Lists;
+using test::Measured;
 
 TEST(ExperimentLists, DeleteByPlaceAndKeepNumbersAndDisplaysTogether) {
   ExperimentLists lists = Lists({5, 2, 6});
@@ -41,41 +25,25 @@ TEST(ExperimentLists, DeleteByPlaceAndKeepNumbersAndDisplaysTogether) {
 }
 
 TEST(ExperimentLists, AskBeforeANumberIsReplaced) {
-  ExperimentLists lists = Lists({1, 2});
-  EXPECT_FALSE(AskBeforeSaving(lists, Numbered(3)).replace);
-  const SaveQuestions questions = AskBeforeSaving(lists, Numbered(2));
+  const ExperimentLists lists = Lists({1, 2});
+  EXPECT_FALSE(AskBeforeSaving(lists, Measured(3)).replace);
+  const SaveQuestions questions = AskBeforeSaving(lists, Measured(2));
   ASSERT_TRUE(questions.replace);
   EXPECT_EQ(questions.replace->title.In(Language::English), "Experiment already added");
   EXPECT_FALSE(questions.refusal);
   EXPECT_EQ(Worded(questions.confirm, Language::English), "Confirm these data for Experiment 2");
-  Experiment changed = Numbered(2);
-  changed.Cx[0] = 9;
-  ASSERT_TRUE(SaveExperiment(lists, changed, Coloured(4), 0));
-  EXPECT_EQ(lists.Count(), 2);
-  EXPECT_EQ(lists.At(2).Cx[0], 9);
-  changed.Cx[0] = 8;
-  EXPECT_EQ(lists.At(2).Cx[0], 9) << "the record is a copy";
 }
 
-TEST(ExperimentLists, SaveToThePlaceShownWhereTwoShareANumber) {
-  ExperimentLists lists = Lists({7, 4, 7});
-  Experiment changed = Numbered(7);
-  changed.Cx[0] = 9;
-  ASSERT_TRUE(SaveExperiment(lists, changed, Coloured(2), 3));
-  EXPECT_EQ(lists.At(1).Cx[0], 7);
-  EXPECT_EQ(lists.At(3).Cx[0], 9);
-  EXPECT_EQ(lists.Display(3).colour, 2);
-  EXPECT_EQ(lists.Count(), 3);
-}
-
-TEST(ExperimentLists, SaveByNumberWhereThePlaceShownHasAnother) {
+TEST(ExperimentLists, SaveByNumberAndWhereTwoShareItToThePlaceShown) {
   ExperimentLists lists = Lists({7, 4, 7});
   EXPECT_EQ(PlaceToSave(lists, 4, 3), 2) << "the one that the question was about";
   EXPECT_EQ(PlaceToSave(lists, 7, 0), 1);
   EXPECT_EQ(PlaceToSave(lists, 5, 2), 4) << "a number of its own makes it a new experiment";
-  ASSERT_TRUE(SaveExperiment(lists, Numbered(5), Coloured(1), 2));
-  EXPECT_EQ(lists.At(2).number, 4);
-  EXPECT_EQ(lists.At(4).number, 5);
+  ASSERT_TRUE(SaveExperiment(lists, Measured(7, 9), {"", 2, 1, true}, 3));
+  EXPECT_EQ(lists.At(1), Measured(7));
+  EXPECT_EQ(lists.At(3), Measured(7, 9));
+  EXPECT_EQ(lists.Display(3).colour, 2);
+  EXPECT_EQ(lists.Count(), 3);
 }
 
 TEST(ExperimentLists, TellWhichNumbersAreRepeated) {

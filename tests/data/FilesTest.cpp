@@ -13,6 +13,7 @@
 #include "data/SafeSave.h"
 #include "data/Windows1252.h"
 #include "tests/data/FileTesting.h"
+#include "tests/support/Forms.h"
 
 namespace velmora {
 namespace {
@@ -52,8 +53,7 @@ TEST(ExperimentFile, IsReadWithAnyLineEndAndAppended) {
   for (const char* lineEnd : {"\r\n", "\n", "\r"}) {
     const std::string bytes = std::regex_replace(kTwo, std::regex("\r\n"), lineEnd);
     ASSERT_FALSE(SafeSave(folder / "two.abr", bytes + "what follows is ignored"));
-    ExperimentLists lists;
-    lists.Append({5, "", {}, {}, {}, {}, 0, false}, {});
+    ExperimentLists lists = test::Lists({5});
     const ExperimentsRead read = ReadExperiments(folder / "two.abr", lists);
     EXPECT_TRUE(!read.fault && read.appended == 2);
     ASSERT_EQ(lists.At(1).number, 5);

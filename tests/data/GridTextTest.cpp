@@ -5,6 +5,7 @@
 
 #include "data/ExperimentEntry.h"
 #include "data/GridText.h"
+#include "tests/support/Forms.h"
 
 namespace velmora {
 namespace {
@@ -32,38 +33,28 @@ TEST(GridText, ReadsPointsDownToTheLastText) {
   const std::vector<GridRow> rows = {{"0", "100", "0.5", "1"}, {"2", "90", "0,6", "3"}, {}, {}};
   const GridPoints read = ReadPoints(rows);
   EXPECT_FALSE(read.badCell);
-  EXPECT_EQ(read.points.Points(), 2);
-  EXPECT_EQ(read.points.time, (std::vector<double>{0, 2}));
-  EXPECT_EQ(read.points.Cs, (std::vector<double>{100, 90}));
-  EXPECT_EQ(read.points.Cx, (std::vector<double>{0.5, 0.6}));
-  EXPECT_EQ(read.points.Cp, (std::vector<double>{1, 3}));
+  EXPECT_EQ(read.points, (Experiment{0, "", {0, 2}, {0.5, 0.6}, {100, 90}, {1, 3}}));
 }
 
 TEST(GridText, NamesTheFirstCellThatIsNoNumber) {
   const GridRow good = {"0", "1", "2", "3"};
   EXPECT_EQ(ReadPoints(std::vector<GridRow>{good, {"1", "", "2", "x"}}).badCell, (GridCell{1, 1}));
   EXPECT_EQ(ReadPoints(std::vector<GridRow>{{}, good}).badCell, (GridCell{0, 0}));
-  const auto bad = ReadEntry({"3", "", "1"}, std::vector<GridRow>{good, {"1", "2", "x", "4"}}, '.');
-  ASSERT_TRUE(bad.refusal);
-  EXPECT_EQ(Worded(bad.refusal->message, Language::English),
-            "Possibilities of error:\n2, Cx (g/L): \"x\"");
-  EXPECT_EQ(bad.refusal->cell, (GridCell{1, 2}));
-  const auto huge =
-      ReadEntry({"3", "", "1"}, std::vector<GridRow>{{"0", "1,5e399", "2", "3"}}, '.');
-  ASSERT_TRUE(huge.refusal);
-  EXPECT_EQ(Worded(huge.refusal->message, Language::English),
-            "Possibilities of error:\n1, Cs (g/L): \"1,5e399\" is out of range; correct it");
+  const auto told = [&](const GridRow& second) {
+    const auto read = ReadEntry({"3", "", "1"}, std::vector<GridRow>{good, second}, '.');
+    return read.refusal ? Worded(read.refusal->message, Language::English) : "";
+  };
+  EXPECT_EQ(told({"1", "2", "x", "4"}), "Possibilities of error:\n2, Cx (g/L): \"x\"");
+  EXPECT_EQ(told({"0", "1,5e399", "2", "3"}),
+            "Possibilities of error:\n2, Cs (g/L): \"1,5e399\" is out of range; correct it");
   EXPECT_NE(Worded(ReadEntry({"3", "", "1e-400"}, {}, '.').refusal->message, Language::English)
                 .find("\"1e-400\" is out of range"),
             std::string::npos);
 }
 
 TEST(GridText, ShowsEveryDoubleSoThatItReadsBack) {
-  Experiment shown;
-  shown.time = {0, 1.0 / 3};
-  shown.Cs = {1e-300, 123456.789};
-  shown.Cx = {2.5e20, -0.1};
-  shown.Cp = {6.66e-8, 5e-324};
+  const Experiment shown{
+      0, "", {0, 1.0 / 3}, {2.5e20, -0.1}, {1e-300, 123456.789}, {6.66e-8, 5e-324}};
   for (const char separator : {'.', ','}) {
     const std::vector<GridRow> rows = RowsOf(shown, separator);
     EXPECT_EQ(rows[1][1], separator == '.' ? "123456.789" : "123456,789");
@@ -74,10 +65,7 @@ TEST(GridText, ShowsEveryDoubleSoThatItReadsBack) {
 TEST(ExperimentEntry, ReadsTheBoxes) {
   const EntryRead read = ReadEntry({"7", "Lote 3", "24,5"}, {}, ',');
   EXPECT_FALSE(read.refusal);
-  EXPECT_EQ(read.experiment.number, 7);
-  EXPECT_EQ(read.experiment.description, "Lote 3");
-  EXPECT_EQ(read.experiment.finalTime, 24.5);
-  EXPECT_TRUE(read.experiment.verified);
+  EXPECT_EQ(read.experiment, (Experiment{7, "Lote 3", {}, {}, {}, {}, 24.5, true}));
   EXPECT_EQ(ReadEntry({"32767", "", ""}, {}, '.').experiment.finalTime, 0);
   for (const char* number : {"", "0", "-1", "32768", "1.5", "1x"})
     EXPECT_EQ(ReadEntry({number, "", ""}, {}, '.').refusal->box, EntryBox::Number) << number;
@@ -85,18 +73,9 @@ TEST(ExperimentEntry, ReadsTheBoxes) {
 }
 
 TEST(ExperimentEntry, OffersAFreeNumber) {
-  ExperimentLists lists;
-  EXPECT_EQ(NextFreeNumber(lists), 1);
-  for (const int number : {1, -4, 6}) {
-    Experiment experiment;
-    experiment.number = static_cast<std::int16_t>(number);
-    lists.Append(experiment, {});
-  }
-  EXPECT_EQ(NextFreeNumber(lists), 7);
-  Experiment last;
-  last.number = 32767;
-  lists.Append(last, {});
-  EXPECT_EQ(NextFreeNumber(lists), 2);
+  EXPECT_EQ(NextFreeNumber({}), 1);
+  EXPECT_EQ(NextFreeNumber(test::Lists({1, -4, 6})), 7);
+  EXPECT_EQ(NextFreeNumber(test::Lists({1, -4, 6, 32767})), 2);
 }
 
 TEST(ExperimentEntry, RefusesABlockThatRunsOverTheEdges) {

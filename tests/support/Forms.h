@@ -34,7 +34,7 @@ inline Experiment Measured(std::int16_t number, double first = 0.5) {
 /// Lists of such experiments, each with its number for the colour.
 inline ExperimentLists Lists(std::initializer_list<std::int16_t> numbers) {
   ExperimentLists lists;
-  for (const std::int16_t number : numbers) lists.Append(Measured(number), {"", 1, number, true});
+  for (const std::int16_t number : numbers) lists.Append(Measured(number), {"", number, 1, true});
   return lists;
 }
 
