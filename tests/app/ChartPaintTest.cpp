@@ -150,14 +150,5 @@ TEST(Markers, AreTheSameFigureInTheLegendAndOnTheChart) {
   EXPECT_EQ(MarkerPixmap("QuadCheio", 32).toImage().pixelColor(16, 16), QColor(Qt::black));
 }
 
-TEST(Legend, ListsVisibleExperimentsByTheirNumbers) {
-  Plot plot;
-  plot.lists.Display(1).visible = false;
-  const auto rows = LegendRows(plot.lists);
-  ASSERT_EQ(rows.size(), 1U);
-  EXPECT_EQ(rows[0].number, 2);
-  EXPECT_EQ(rows[0].colour, 2);
-}
-
 }  // namespace
 }  // namespace velmora

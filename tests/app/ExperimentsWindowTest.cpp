@@ -1,16 +1,8 @@
 // The experiments window, by keys and mouse.
-#include <gtest/gtest.h>
-
 #include <QAction>
-#include <QApplication>
-#include <QCheckBox>
-#include <QClipboard>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QRadioButton>
 #include <QTableView>
-#include <QTest>
-#include <QToolButton>
 
 #include "app/charts/ChartView.h"
 #include "app/experiments/frmMsFlexGrid.h"
@@ -18,7 +10,7 @@
 #include "data/ExperimentFile.h"
 #include "data/SafeSave.h"
 #include "tests/data/FileTesting.h"
-#include "tests/support/ScriptedDialogs.h"
+#include "tests/support/Windows.h"
 
 namespace velmora {
 namespace {
@@ -36,9 +28,7 @@ class ExperimentsWindow : public testing::Test {
     window_ = std::make_unique<frmMsFlexGrid>(session_, dialogs_);
     QObject::connect(window_.get(), &frmMsFlexGrid::Changed, window_.get(), [this] { ++changes_; });
     window_->resize(1270, 700);
-    window_->show();
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    test::ShowActive(*window_);
   }
   void OpenOver(std::initializer_list<Experiment> experiments) {
     for (const Experiment& each : experiments) {
@@ -50,12 +40,12 @@ class ExperimentsWindow : public testing::Test {
 
   template <typename Widget = QWidget>
   Widget& The(const char* name) {
-    return *window_->findChild<Widget*>(QString::fromUtf8(name));
+    return *test::Child<Widget>(*window_, name);
   }
   QTableView& Grid() { return The<QTableView>("MSFlexGrid1"); }
   QString Cell(int row, int column) { return Grid().model()->index(row, column).data().toString(); }
-  std::string Text(const char* box) { return The<QLineEdit>(box).text().toStdString(); }
-  void Click(const char* button) { QTest::mouseClick(&The(button), Qt::LeftButton); }
+  std::string Text(const char* box) { return test::TextOf(*window_, box); }
+  void Click(const char* button) { test::Click(*window_, button); }
   /// Keys go to whatever has the focus, as on a keyboard.
   void Keys(const char* keys) {
     QTest::keyClicks(QApplication::focusWidget(), QString::fromUtf8(keys));
@@ -63,11 +53,7 @@ class ExperimentsWindow : public testing::Test {
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
     QTest::keyClick(QApplication::focusWidget(), key, modifiers);
   }
-  void Fill(const char* box, const char* keys) {
-    The<QLineEdit>(box).setFocus();
-    The<QLineEdit>(box).selectAll();
-    Keys(keys);
-  }
+  void Fill(const char* box, const char* keys) { test::Type(*window_, box, keys); }
   void Paste(const std::string& text) {
     QApplication::clipboard()->setText(QString::fromStdString(text));
     Key(Qt::Key_V, Qt::ControlModifier);

@@ -1,13 +1,8 @@
 // Simulations and searches in the cultivation window, by keys and mouse.
-#include <QApplication>
-#include <QClipboard>
-#include <QPointer>
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QTextDocument>
 #include <QTextEdit>
-#include <QTimer>
-#include <ostream>
 
 #include "app/charts/ChartView.h"
 #include "app/cultivation/frmRelatorio.h"
@@ -71,59 +66,26 @@ TEST_F(CultivationWindow, FitsByLevenbergMarquardt) {
   EXPECT_EQ(dialogs.shown.size(), 1U);  // the question alone
 }
 
-struct RefusalCase {
-  const char* name;
-  const char* button;
-  int experiments;
-  std::vector<Edit> edits;
-  std::vector<Piece> pieces;
-  Piece title = TextId::Attention;
-};
-void PrintTo(const RefusalCase& c, std::ostream* out) {
-  *out << c.name;
-}
-
-class Refusing : public CultivationWindow, public testing::WithParamInterface<RefusalCase> {};
-
-TEST_P(Refusing, TellsOnceAndChangesNothing) {
-  const RefusalCase& c = GetParam();
-  OpenFilled(c.experiments);
-  const bool estimates = std::string_view(c.button) == "cmdAjustar";
-  if (estimates && c.experiments > 0) Click("cdmSalvar");
-  Do(c.edits);
-  const CultivationConditions before = session.conditions;
-  dialogs.shown.clear();
-  Click(c.button);
+TEST_F(CultivationWindow, TellsARefusalOnceAndChangesNothing) {
+  OpenFilled();
+  Do({{"chkKs"}, {"chkMiMax"}, {"cdmSalvar"}});
   ASSERT_EQ(dialogs.shown.size(), 1U);
-  EXPECT_EQ(dialogs.shown[0].first.pieces, c.pieces) << dialogs.LastText();
-  EXPECT_EQ(dialogs.shown[0].first.title, c.title);
+  EXPECT_EQ(dialogs.shown.back().first, Attention({TextId::NothingFitted}));
+  EXPECT_EQ(session.conditions, CultivationConditions());
+
+  Do({{"chkKs"}, {"chkMiMax"}, {"cdmSalvar"}, {"txtMiMax", "0.04"}});
+  const CultivationConditions before = session.conditions;
+  Click("cmdAjustar");
+  ASSERT_EQ(dialogs.shown.size(), 2U);
+  EXPECT_EQ(dialogs.shown.back().first, Attention({TextId::FitEntryOutOfBounds}));
   EXPECT_EQ(session.conditions, before);
-  EXPECT_FALSE(session.CurvesPresent());
+
+  for (const char* box : {"txtMiMax", "txtLimInf(1)", "txtLimSup(1)"}) Type(box, "0.2");
+  Click("cdmSalvar");
+  Estimate();
+  EXPECT_EQ(dialogs.LastText(), "Check the bound values.");
+  EXPECT_FALSE(window->Running() || Enabled("cmdRelatorio") || session.CurvesPresent());
 }
-
-const std::vector<Piece> kNotFilled = {TextId::PossibleErrors, "\n", TextId::FitEntryMissing, "\n",
-                                       TextId::BoundIsZero};
-const std::vector<Piece> kNothingTicked = {"Escolha pelo menos um parâmetro para ajustar"};
-const std::vector<Edit> kUntick = {{"chkKs"}, {"chkMiMax"}};
-const std::vector<Edit> kSecondDiffers = {
-    {"cdmNext(1)"}, {"cdmTrocarCinProd"}, {"optPNAC"}, {"cdmSalvar"}};
-
-// clang-format off
-INSTANTIATE_TEST_SUITE_P(Saving, Refusing, testing::Values(
-    RefusalCase{"NoExperiment", "cdmSalvar", 0, {}, {TextId::NoExperimentSelected}},
-    RefusalCase{"LowerBoundOfZero", "cdmSalvar", 1, {{"txtLimInf(2)", "0"}}, kNotFilled},
-    RefusalCase{"ValueOutside", "cdmSalvar", 1, {{"txtKs", "41"}}, {TextId::FitEntryOutOfBounds}},
-    RefusalCase{"ModelNotConfirmed", "cdmSalvar", 1, {{"cdmTrocarModelo"}}, {TextId::ConfirmModel}},
-    RefusalCase{"NothingTicked", "cdmSalvar", 1, kUntick, {TextId::NothingFitted}},
-    RefusalCase{"EmptyYield", "cdmSalvar", 1, {{"txtYxs", ""}}, {TextId::YxsNotPositive}}));
-INSTANTIATE_TEST_SUITE_P(Estimating, Refusing, testing::Values(
-    RefusalCase{"EmptyBound", "cmdAjustar", 1, {{"txtLimSup(1)", ""}}, kNotFilled},
-    RefusalCase{"ValueOutside", "cmdAjustar", 1, {{"txtMiMax", "0.04"}}, {TextId::FitEntryOutOfBounds}},
-    RefusalCase{"NothingTicked", "cmdAjustar", 1, kUntick, kNothingTicked, "Aviso"},
-    RefusalCase{"NoExperiment", "cmdAjustar", 0, {}, {TextId::NoExperiment}},
-    RefusalCase{"OneOfTwoSaved", "cmdAjustar", 2, {}, {TextId::CountsDiffer, "\n", {TextId::ConditionsMissing, {"2"}}}},
-    RefusalCase{"OptionsDiffer", "cmdAjustar", 2, kSecondDiffers, {TextId::OptionsDiffer, "\n", TextId::OptionsFootnote}}));
-// clang-format on
 
 TEST_F(CultivationWindow, ShowsTheReportOfTheRunAndSavesIt) {
   OpenFilled();
@@ -170,25 +132,6 @@ TEST_F(CultivationWindow, ShowsTheReportOfTheRunAndSavesIt) {
   const QPointer<QWidget> open = text->window();
   QTest::keyClick(text->window(), Qt::Key_Escape);
   EXPECT_TRUE(QTest::qWaitFor([&] { return open.isNull(); }));
-}
-
-TEST_F(CultivationWindow, RefusesWhatIsNotChosenAndEqualBounds) {
-  Open();
-  Click("cdmSalvar");
-  EXPECT_EQ(dialogs.LastText(), "Fitting method has not been selected.");
-  Do({{"optManual"}, {"cdmSalvar"}});
-  EXPECT_EQ(dialogs.LastText(), "The production kinetic model was not selected.");
-  session.lists.Clear();
-  dialogs.shown.clear();
-  OpenFilled();
-  Click("cdmSalvar");
-  for (const char* box : {"txtMiMax", "txtLimInf(1)", "txtLimSup(1)"}) Type(box, "0.2");
-  Click("cdmSalvar");
-  Estimate();
-  ASSERT_EQ(dialogs.shown.size(), 2U);
-  EXPECT_EQ(dialogs.LastText(), "Check the bound values.");
-  EXPECT_FALSE(window->Running());
-  EXPECT_FALSE(Enabled("cmdRelatorio"));
 }
 
 TEST_F(CultivationWindow, StopsBetweenGenerationsAndRunsAgain) {
@@ -244,27 +187,17 @@ TEST_F(CultivationWindow, SimulatesWithoutQuestionOrTicksAndExports) {
 TEST_F(CultivationWindow, RefusesARunOverAnyUnsavedEdit) {
   OpenFilled();
   Click("cdmSalvar");
-  const std::vector<std::vector<Edit>> unsaved = {{{"txtYxs", "0.3"}},
-                                                  {{"txtLimSup(2)", "30"}},
-                                                  {{"txtKs", "9"}},
-                                                  {{"chkKs"}},
-                                                  {{"cdmTrocarAjuste"}, {"optManual"}},
-                                                  {{"cdmTrocarCinProd"}, {"optPPAC"}}};
-  for (const std::vector<Edit>& edits : unsaved) {
+  for (const Edit& edit : {Edit{"txtYxs", "0.3"}, {"txtLimSup(2)", "30"}, {"chkKs"}}) {
     dialogs.shown.clear();
-    Do(edits);
-    Click("cmdAjustar");
-    ASSERT_EQ(dialogs.shown.size(), 1U) << edits.back().control;
+    Do({edit, {"cmdAjustar"}});
+    ASSERT_EQ(dialogs.shown.size(), 1U) << edit.control;
     EXPECT_EQ(dialogs.shown.back().first.pieces,
-              (std::vector<Piece>{TextId::SaveConditionsOf, "1", TextId::BeforeRun}))
-        << edits.back().control;
+              (std::vector<Piece>{TextId::SaveConditionsOf, "1", TextId::BeforeRun}));
     EXPECT_FALSE(session.CurvesPresent());
     // Other words for what is saved are no edits.
-    Do({{"txtYxs", "0.2860"}, {"txtLimSup(2)", "40.0"}, {"txtKs", "10.00"}});
-    for (const char* chosen : {"optED", "optPAC"})
-      if (!Find<QAbstractButton>(chosen)->isChecked()) Click(chosen);
-    if (!Find<QAbstractButton>("chkKs")->isChecked()) Click("chkKs");
+    Do({{"txtYxs", "0.2860"}, {"txtLimSup(2)", "40.0"}});
   }
+  Click("chkKs");
   Estimate();
   EXPECT_TRUE(session.CurvesPresent());
 }
@@ -298,19 +231,14 @@ TEST_F(CultivationWindow, RunsWithTheSettingsOfItsStart) {
   const EstimationSettings atStart = session.settings;
   frmParametros settings(session, dialogs);
   settings.show();
-  const auto type = [&](const char* name, const char* text) {
-    auto* const box = settings.findChild<QLineEdit*>(QLatin1StringView(name));
-    box->selectAll();
-    QTest::keyClicks(box, QLatin1StringView(text));
-  };
   QTimer::singleShot(0, window.get(), [&] {
     ASSERT_TRUE(window->Running());
     for (const auto& [name, text] : {std::pair("txtNPOP", "5000"),
                                      {"txtITER", "999"},
                                      {"txtFACT", "0.5"},
                                      {"txtEPS", "0.0001"}})
-      type(name, text);
-    settings.findChild<QAbstractButton*>(QStringLiteral("cdmAtualizar"))->click();
+      test::Type(settings, name, text);
+    test::Click(settings, "cdmAtualizar");
     ASSERT_EQ(session.settings.NPOP, 5000) << dialogs.LastText();
   });
   Estimate();
@@ -323,16 +251,18 @@ TEST_F(CultivationWindow, RunsWithTheSettingsOfItsStart) {
 }
 
 /// With a Moser model whose exponent overflows the substrate's power from 164.4 on.
-const std::vector<Edit> kOverflowing = {
-    {"chku"}, {"txtu", "1"}, {"txtLimInf(9)", "0.5"}, {"txtLimSup(9)", "165"}};
+class Overflowing : public CultivationWindow {
+ protected:
+  Overflowing() {
+    OpenFilled();
+    Click("cdmTrocarModelo");
+    Choose("Moser");
+    Do({{"cmdConfirmarModelo"}, {"chku"}, {"txtLimInf(9)", "0.5"}, {"txtLimSup(9)", "165"}});
+  }
+};
 
-TEST_F(CultivationWindow, ShowsWhatWasFoundBeforeALateFault) {
-  OpenFilled();
-  Click("cdmTrocarModelo");
-  Choose("Moser");
-  Click("cmdConfirmarModelo");
-  Do(kOverflowing);
-  Click("cdmSalvar");
+TEST_F(Overflowing, ShowsWhatWasFoundBeforeALateFault) {
+  Do({{"txtu", "1"}, {"cdmSalvar"}});
   session.settings = {20, 1e5, 0.8, 0.8, 0.01, -1, 1001};
   Estimate();
   const SearchResult& result = session.lastRun->outcome.result;
@@ -348,12 +278,7 @@ TEST_F(CultivationWindow, ShowsWhatWasFoundBeforeALateFault) {
   EXPECT_TRUE(session.CurvesPresent());
 }
 
-TEST_F(CultivationWindow, AnnouncesNoValuesWhereAFaultLeftNone) {
-  OpenFilled();
-  Click("cdmTrocarModelo");
-  Choose("Moser");
-  Click("cmdConfirmarModelo");
-  Do(kOverflowing);
+TEST_F(Overflowing, AnnouncesNoValuesWhereAFaultLeftNone) {
   Do({{"txtu", "165"}, {"cdmSalvar"}});  // the start itself overflows
   Estimate();
   EXPECT_TRUE(Results().starts_with("Estimate was not completed:  overflow"));
@@ -367,7 +292,9 @@ TEST_F(CultivationWindow, EmptiesOldResultsBeforeANewRefusal) {
   Estimate();
   ASSERT_FALSE(Results().empty());
   Do({{"txtLimInf(1)", ""}, {"cmdAjustar"}});
-  EXPECT_EQ(dialogs.shown.back().first.pieces, kNotFilled);
+  EXPECT_EQ(dialogs.shown.back().first.pieces,
+            (std::vector<Piece>{TextId::PossibleErrors, "\n", TextId::FitEntryMissing, "\n",
+                                TextId::BoundIsZero}));
   EXPECT_EQ(Results(), "");
   EXPECT_FALSE(Find<QLabel>("lblAjustePar")->isVisible());
   EXPECT_TRUE(Enabled("cmdRelatorio")) << "the report of the run is still to be had";

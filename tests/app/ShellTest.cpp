@@ -1,10 +1,4 @@
 // The start window, the frame with its menus, the dialogs and the guide, by keys and mouse.
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QClipboard>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -12,8 +6,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
-#include <QTimer>
 
 #include "app/charts/ChartView.h"
 #include "app/cultivation/frmCultBatelada.h"
@@ -24,10 +16,12 @@
 #include "app/widgets/Idiomas.h"
 #include "data/ExperimentFile.h"
 #include "tests/data/FileTesting.h"
-#include "tests/support/ScriptedDialogs.h"
+#include "tests/support/Windows.h"
 
 namespace velmora {
 namespace {
+
+using test::Child;
 
 constexpr Language kLanguages[] = {Language::English, Language::Portuguese};
 
@@ -38,13 +32,9 @@ class Shell : public testing::Test {
     frame.reset();
     session = Session();
     frmSplash start(session);
-    QObject::connect(&start, &frmSplash::Confirmed, &start, [this] {
-      frame = std::make_unique<MDIForm1>(session, dialogs);
-      frame->show();
-    });
-    start.show();
-    start.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&start));
+    QObject::connect(&start, &frmSplash::Confirmed, &start,
+                     [this] { frame = std::make_unique<MDIForm1>(session, dialogs); });
+    test::ShowActive(start);
     EXPECT_EQ(session.language, Language::Portuguese);
     EXPECT_TRUE(Child<QPushButton>(start, "cmdOk")->hasFocus());
     if (language == Language::English)
@@ -54,14 +44,9 @@ class Shell : public testing::Test {
     QTest::keyClick(start.focusWidget(), Qt::Key_Return);
     EXPECT_FALSE(start.isVisible());
     ASSERT_NE(frame, nullptr);
-    frame->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(frame.get()));
+    test::ShowActive(*frame);
   }
 
-  template <typename Kind>
-  static Kind* Child(const QObject& window, const char* name) {
-    return window.findChild<Kind*>(QString::fromUtf8(name));
-  }
   QAction& Item(const char* name) { return *Child<QAction>(*frame, name); }
   frmMsFlexGrid& Experiments() { return *frame->findChild<frmMsFlexGrid*>(); }
   frmCultBatelada& Cultivation() { return *frame->findChild<frmCultBatelada*>(); }
@@ -169,8 +154,8 @@ TEST_F(Shell, KeepsTheShownWindowActiveAsItsControlWithTheKeyboardIsDisabled) {
   Start(Language::English);
   Open(1);
   Press(Qt::Key_B);
+  test::Click(Cultivation(), "optLM");
   auto* const option = Child<QRadioButton>(Cultivation(), "optLM");
-  QTest::mouseClick(option, Qt::LeftButton, {}, {8, option->height() / 2});
   ASSERT_TRUE(option->hasFocus());
   option->parentWidget()->setEnabled(false);
   for (int i = 0; i < 60; ++i) {  // once round, wherever it begins
@@ -196,20 +181,6 @@ TEST_F(Shell, RecaptionsEveryOpenWindowAtOnce) {
     EXPECT_EQ(Child<QLabel>(*frame, "lblTamPop")->text(), Caption(TextId{188}, language));
     EXPECT_EQ(Child<QLabel>(*frame, "lblAreaEstudo")->text(), Caption(TextId{109}, language));
   }
-}
-
-TEST(Idiomas, SetsEveryMemberOfAnArrayAndNamesForScreenReaders) {
-  QWidget window;
-  window.setObjectName(QStringLiteral("frmMsFlexGrid"));
-  QPushButton member(&window), other(&window), drawn(&window);
-  member.setObjectName(QStringLiteral("Label10(9)"));
-  other.setObjectName(QStringLiteral("Label101(9)"));
-  drawn.setObjectName(QStringLiteral("cmdInserir"));
-  Idiomas(window, Language::Portuguese);
-  EXPECT_EQ(member.text(), QStringLiteral("Cor do símbolo"));
-  EXPECT_TRUE(other.text().isEmpty());
-  EXPECT_EQ(drawn.toolTip(), QStringLiteral("Incluir experimento"));
-  EXPECT_EQ(drawn.accessibleName(), drawn.toolTip());
 }
 
 TEST_F(Shell, GivesCtrlXToABoxAndElseClearsAll) {
@@ -308,7 +279,7 @@ TEST_F(Shell, WithdrawsTheCurveOfADeletedOrChangedExperimentEverywhere) {
   auto* const finalTime = Child<QLineEdit>(Experiments(), "txtTFinal");
   QTest::keyClicks(finalTime, QStringLiteral("6"));
   dialogs.answers = {Answer::Yes, Answer::Ok};
-  QTest::mouseClick(Child<QWidget>(Experiments(), "cmdSalvar"), Qt::LeftButton);
+  test::Click(Experiments(), "cmdSalvar");
   EXPECT_EQ(curves(enlarged, "picZoom"), (std::vector{false, false, true}));
   for (QWidget* const window :
        {static_cast<QWidget*>(&Experiments()), static_cast<QWidget*>(&Cultivation())})

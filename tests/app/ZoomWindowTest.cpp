@@ -1,15 +1,7 @@
 // The enlarged chart and its dialogs, by keys and mouse; pictures read at computed points.
-#include <gtest/gtest.h>
-
-#include <QApplication>
-#include <QClipboard>
 #include <QImage>
-#include <QLabel>
 #include <QPainter>
-#include <QPointer>
 #include <QPrinter>
-#include <QTest>
-#include <QTimer>
 #include <QToolButton>
 
 #include "app/charts/ChartView.h"
@@ -18,7 +10,7 @@
 #include "charts/ChartContent.h"
 #include "language/Numbers.h"
 #include "tests/data/FileTesting.h"
-#include "tests/support/ScriptedDialogs.h"
+#include "tests/support/Windows.h"
 
 namespace velmora {
 namespace {
@@ -51,16 +43,14 @@ class Zoom : public testing::Test {
   void Open(const QString& printer) {
     window = std::make_unique<frmZoom>(session, dialogs, PlotVariable::Cs, nullptr,
                                        std::make_unique<FileDesk>(printer));
-    window->show();
-    window->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window.get()));
+    test::ShowActive(*window);
   }
 
   template <typename Kind = QWidget>
   Kind* Child(const char* name) {
-    return window->findChild<Kind*>(QString::fromUtf8(name));
+    return test::Child<Kind>(*window, name);
   }
-  void Click(const char* name) { QTest::mouseClick(Child(name), Qt::LeftButton); }
+  void Click(const char* name) { test::Click(*window, name); }
   ChartView& Chart() { return *Child<ChartView>("picZoom"); }
 
   /// Clicks the button; in the dialog that it opens types the texts, Tab between them, and ends

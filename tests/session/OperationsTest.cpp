@@ -193,6 +193,10 @@ TEST(RefuseStart, ChecksInOrder) {
   EXPECT_EQ(RefuseStart(session, form, 0)->box, At::muMax);
   EXPECT_EQ(RefuseStart(session, Filled(), 0)->message, Attention({TextId::NoExperiment}));
   session = Cultivation(2);
+  form.fit[0].lower = "0.3";
+  EXPECT_EQ(RefuseStart(session, form, 2)->message, Attention({TextId::FitEntryOutOfBounds}));
+  form.fit = {};
+  EXPECT_EQ(RefuseStart(session, form, 2)->message.title, Piece("Aviso"));
   form = Filled();
   form.method = Method::None;
   EXPECT_EQ(RefuseStart(session, form, 2)->message, Attention({TextId::NoMethod}));

@@ -1,20 +1,14 @@
 // The cultivation window through its controls, for tests that work as a user does.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <QAbstractButton>
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QTest>
 #include <memory>
 #include <string>
 #include <vector>
 
 #include "app/cultivation/frmCultBatelada.h"
-#include "tests/support/ScriptedDialogs.h"
+#include "tests/support/Windows.h"
 
 namespace velmora {
 
@@ -73,27 +67,17 @@ class CultivationWindow : public testing::Test {
 
   template <class Widget>
   Widget* Find(const char* name) const {
-    auto* const widget = window->findChild<Widget*>(QLatin1StringView(name));
-    EXPECT_NE(widget, nullptr) << name;
-    return widget;
+    return test::Child<Widget>(*window, name);
   }
-  void Type(const char* box, const char* text) const {
-    auto* const edit = Find<QLineEdit>(box);
-    edit->selectAll();
-    QTest::keyClick(edit, Qt::Key_Delete);
-    QTest::keyClicks(edit, QLatin1StringView(text));
-  }
-  void Click(const char* button) const {
-    auto* const widget = Find<QAbstractButton>(button);
-    QTest::mouseClick(widget, Qt::LeftButton, {}, {8, widget->height() / 2});
-  }
+  void Type(const char* box, const char* text) const { test::Type(*window, box, text); }
+  void Click(const char* button) const { test::Click(*window, button); }
   void Choose(const char* model) const {
     auto* const list = Find<QComboBox>("cmbModelo");
     QTest::keyClick(list, Qt::Key_Home);
     const int index = list->findText(QLatin1StringView(model));
     while (list->currentIndex() < index) QTest::keyClick(list, Qt::Key_Down);
   }
-  std::string TextOf(const char* box) const { return Find<QLineEdit>(box)->text().toStdString(); }
+  std::string TextOf(const char* box) const { return test::TextOf(*window, box); }
   bool Enabled(const char* name) const { return Find<QWidget>(name)->isEnabled(); }
   std::string ToolTip(const char* name) const {
     return Find<QWidget>(name)->toolTip().toStdString();
