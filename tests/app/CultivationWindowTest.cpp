@@ -7,8 +7,7 @@ namespace velmora {
 namespace {
 
 TEST_F(CultivationWindow, UntouchedBoxesKeepTheDigitsThatTheyDoNotShow) {
-  OpenFilled(2);
-  Click("cdmSalvar");
+  OpenSaved(2);
   ConditionsRow& row = session.conditions.At(1).row;
   row[At::Ks] = 10.123456789, row[At::muMax] = 0.05;
   session.conditions.fitted[1].upper = 10.12346;
@@ -88,8 +87,8 @@ TEST_F(CultivationWindow, LeavesAnExperimentOnlyWhenItsChangesAreSaved) {
 }
 
 TEST_F(CultivationWindow, KeepsUnsavedEntriesAsTheListChangesAndTellsOfThemAtTheFile) {
-  OpenFilled(2);
-  Do({{"cdmSalvar"}, {"cdmNext(1)"}, {"cdmSalvar"}, {"txtYxs", "0.33"}});
+  OpenSaved(2);
+  Do({{"cdmNext(1)"}, {"cdmSalvar"}, {"txtYxs", "0.33"}});
   Show(DeleteExperiment(session, 1).change);
   EXPECT_EQ(TextOf("txtNExp"), "2");
   EXPECT_EQ(TextOf("txtYxs"), "0.33");

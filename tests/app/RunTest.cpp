@@ -19,8 +19,7 @@ namespace velmora {
 namespace {
 
 TEST_F(CultivationWindow, FitsWhatTheBoxesSayToTheLastDigit) {
-  OpenFilled();
-  Click("cdmSalvar");
+  OpenSaved();
   ASSERT_EQ(session.conditions.SavedCount(), 1);
   Estimate();
 
@@ -88,8 +87,7 @@ TEST_F(CultivationWindow, TellsARefusalOnceAndChangesNothing) {
 }
 
 TEST_F(CultivationWindow, ShowsTheReportOfTheRunAndSavesIt) {
-  OpenFilled();
-  Click("cdmSalvar");
+  OpenSaved();
   Estimate();
   const std::string estimated = TextOf("txtKs");
   Click("cmdIrVoltar");
@@ -135,8 +133,7 @@ TEST_F(CultivationWindow, ShowsTheReportOfTheRunAndSavesIt) {
 }
 
 TEST_F(CultivationWindow, StopsBetweenGenerationsAndRunsAgain) {
-  OpenFilled();
-  Click("cdmSalvar");
+  OpenSaved();
   session.settings.EPS = 0;  // no generation converges
   session.settings.ITER = 1e6;
   QTimer::singleShot(200, window.get(), [this] {
@@ -185,8 +182,7 @@ TEST_F(CultivationWindow, SimulatesWithoutQuestionOrTicksAndExports) {
 }
 
 TEST_F(CultivationWindow, RefusesARunOverAnyUnsavedEdit) {
-  OpenFilled();
-  Click("cdmSalvar");
+  OpenSaved();
   for (const Edit& edit : {Edit{"txtYxs", "0.3"}, {"txtLimSup(2)", "30"}, {"chkKs"}}) {
     dialogs.shown.clear();
     Do({edit, {"cmdAjustar"}});
@@ -203,8 +199,8 @@ TEST_F(CultivationWindow, RefusesARunOverAnyUnsavedEdit) {
 }
 
 TEST_F(CultivationWindow, StoresTheEstimatedValuesFromWhichTheNextRunStarts) {
-  OpenFilled(2);
-  Do({{"cdmSalvar"}, {"cdmNext(1)"}, {"cdmSalvar"}});
+  OpenSaved(2);
+  Do({{"cdmNext(1)"}, {"cdmSalvar"}});
   Estimate();
   const std::vector<double> best = session.lastRun->outcome.result.best;
   EXPECT_EQ(session.conditions.At(1).row[At::Ks], 10) << "they are not the user's yet";
@@ -225,8 +221,7 @@ TEST_F(CultivationWindow, StoresTheEstimatedValuesFromWhichTheNextRunStarts) {
 }
 
 TEST_F(CultivationWindow, RunsWithTheSettingsOfItsStart) {
-  OpenFilled();
-  Click("cdmSalvar");
+  OpenSaved();
   session.settings.EPS = -1;  // no generation converges
   const EstimationSettings atStart = session.settings;
   frmParametros settings(session, dialogs);
@@ -287,8 +282,7 @@ TEST_F(Overflowing, AnnouncesNoValuesWhereAFaultLeftNone) {
 }
 
 TEST_F(CultivationWindow, EmptiesOldResultsBeforeANewRefusal) {
-  OpenFilled();
-  Click("cdmSalvar");
+  OpenSaved();
   Estimate();
   ASSERT_FALSE(Results().empty());
   Do({{"txtLimInf(1)", ""}, {"cmdAjustar"}});
@@ -301,8 +295,7 @@ TEST_F(CultivationWindow, EmptiesOldResultsBeforeANewRefusal) {
 }
 
 TEST_F(CultivationWindow, KeepsTheHeadingOfARunThroughASwitchOfTheLanguage) {
-  OpenFilled();
-  Click("cdmSalvar");
+  OpenSaved();
   session.settings.EPS = -1;
   QTimer generation;
   QObject::connect(&generation, &QTimer::timeout, window.get(), [&] {

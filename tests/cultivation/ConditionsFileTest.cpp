@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/CultivationForm.h"
@@ -61,31 +60,6 @@ TEST(ConditionsFile, IsToldFromAnExperimentFile) {
   EXPECT_EQ(asExperiments.fault->line, 2);
   const ConditionsRead asConditions = ReadConditionsBytes(ExperimentText(lists), "e.abr");
   EXPECT_EQ(asConditions.fault->reason, FileReason::HoldsExperiments);
-}
-
-TEST(ConditionsFile, GivesRandomConditionsBackUnchanged) {
-  std::mt19937_64 random(62);
-  for (int round = 0; round < 1000; ++round) {
-    CultivationConditions conditions;
-    const auto experiments = static_cast<int>(1 + random() % kMostExperiments);
-    for (int place = 1; place <= experiments; ++place) {
-      ConditionsRecord& record = conditions.At(place);
-      record.saved = true;
-      record.number = static_cast<std::int16_t>(random());
-      for (double& entry : record.row.values) entry = RandomValue(random);
-      for (int k = 1; k <= kOptionTexts; ++k)
-        record.options[k] = random() % 3 == 0 ? "" : "µ Ÿ " + std::to_string(random());
-    }
-    for (const Parameter& parameter : kFittable)
-      if (random() % 2 == 0)
-        conditions.fitted.push_back(
-            {parameter.position, RandomValue(random), RandomValue(random), RandomValue(random)});
-    const Encoded file = ToWindows1252(ConditionsText(conditions, experiments, true));
-    const ConditionsRead read = ReadConditionsBytes(file.bytes, "");
-    ASSERT_FALSE(read.fault);
-    ASSERT_EQ(read.experiments, experiments);
-    ASSERT_EQ(read.conditions, conditions);
-  }
 }
 
 TEST(ConditionsFile, IsRefusedWholeWithLineAndField) {
@@ -205,16 +179,6 @@ TEST(OpenedConditions, NameTheExperimentsThatTheyMatch) {
 
   read.conditions.At(1).options.model = "";  // Monod, or Moser with u = 1
   EXPECT_EQ(ToldOf(CompareWithLists(read, experiments)).size(), 3U);
-}
-
-TEST(CultivationConditions, MoveDownBehindARemovedPlace) {
-  CultivationConditions conditions;
-  for (int place = 1; place <= kMostExperiments; ++place) conditions.At(place).row[1] = place;
-  conditions.Remove(2);
-  EXPECT_EQ(conditions.At(1).row[1], 1);
-  EXPECT_EQ(conditions.At(2).row[1], 3);
-  EXPECT_EQ(conditions.At(9), ConditionsRecord());
-  EXPECT_THROW(conditions.Remove(0), std::out_of_range);
 }
 
 }  // namespace

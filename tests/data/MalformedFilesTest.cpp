@@ -79,6 +79,7 @@ TEST(ExperimentFile, IsRefusedWhereTheListsAreFull) {
   const auto read = ReadExperimentBytes(kHeader + kBlock, "", lists);
   EXPECT_EQ(read.fault.value().reason, OutOfRange);
   EXPECT_EQ(read.appended, 0);
+  EXPECT_EQ(lists.Count(), 32767);
 }
 
 }  // namespace

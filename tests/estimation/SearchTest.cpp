@@ -264,13 +264,6 @@ TEST(Search, KeepsItsBestWhereTheCounterIsFull) {
   }
 }
 
-TEST(Search, HasNoResultWhereTheCounterIsFullAtItsStart) {
-  Recorder recorder;
-  const SearchResult result = Search(test::TwoBatches(), {}, recorder, CounterFor(0, 0));
-  EXPECT_EQ(result.end, SearchEnd::Fault);
-  EXPECT_FALSE(result.HasResult());
-}
-
 TEST(Settings, AreRefusedJustOutsideTheirBounds) {
   const TypedSettings least{10, 200, 0.5, 0.5, 0, 0.0000001, 1000};
   const TypedSettings most{1e9, 1e9, 0.9, 0.9, 0.01, 0.0001, 9999};

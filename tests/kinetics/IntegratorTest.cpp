@@ -158,7 +158,10 @@ const FaultCase kFaults[] = {
     {"exploding growth", "Monod", {{At::muMax, 0}, {At::ms, 0}, {At::Kd, -1e9}, {At::CsAst1, 100}, {At::T, 990000}},
      {Overflow, FaultTerm::CellBalance, 0, 8, 1}},
     {"hidden denominator", "Wu", {{At::v, 400}, {At::Kis, 1}}, {Overflow, SubstrateInhibition, 0, 1, 0}},
-    {"exponential", "Aiba", {{At::Kip, -1e6}}, {Overflow, FaultTerm::Aiba, 0, 1, 0}}};
+    {"exponential", "Aiba", {{At::Kip, -1e6}}, {Overflow, FaultTerm::Aiba, 0, 1, 0}},
+    // Product forms in the first step until no double holds Kip Cp; exp(-Kip Cp) would be 0.
+    {"hidden exponent", "Aiba", {{At::Kip, 1e160}, {At::Cp0, 1e140}, {At::beta, 1e160}, {At::CsAst2, 100}, {At::Fp, 0}},
+     {Overflow, FaultTerm::Aiba, 0, 2, 2}}};
 // clang-format on
 
 TEST(Integrator, LeavesAtOnceOnAFault) {

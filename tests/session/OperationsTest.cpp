@@ -50,7 +50,8 @@ TEST(DeleteExperiment, TakesConditionsAndCurveAlongAndMovesTheLaterOnes) {
   EXPECT_EQ(session.curves[1].Cx[0], 3);
   EXPECT_EQ(session.curves[7].Cx[0], 9);
   EXPECT_EQ(session.curves[8].points, 0);
-  EXPECT_FALSE(session.conditions.At(9).saved) << "the tenth had none";
+  EXPECT_EQ(session.conditions.At(8).number, 9);
+  EXPECT_EQ(session.conditions.At(9), ConditionsRecord()) << "the tenth had none";
   EXPECT_TRUE(session.lastRun) << "others were fitted as well";
 
   while (session.conditions.SavedCount() > 1) DeleteExperiment(session, 1);

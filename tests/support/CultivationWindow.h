@@ -54,6 +54,10 @@ class CultivationWindow : public testing::Test {
     Open(experiments);
     Do(kFilled);
   }
+  void OpenSaved(int experiments = 1) {
+    OpenFilled(experiments);
+    Click("cdmSalvar");
+  }
   void Do(const std::vector<Edit>& edits) const {
     for (const Edit& edit : edits)
       edit.text != nullptr ? Type(edit.control, edit.text) : Click(edit.control);
