@@ -114,16 +114,12 @@ TEST(Conditions, NameTheDataSetInItsOrder) {
 
 TEST(Conditions, ShowTheirBoxesInTheirFormats) {
   ConditionsRow row;
-  row[At::Cx0] = 0.00001, row[At::muMax] = 0.5, row[At::Ks] = 0.123456, row[At::CxAst] = 2;
-  row[At::YpsTyped] = 0.45;
+  row[At::Cx0] = 0.00001, row[At::muMax] = 0.5, row[At::Ks] = 0.123456;
   const CultivationForm form = FormOf({true, 1, row, {}}, {{At::Ks, 1.5, 30, 0}}, ',');
   EXPECT_EQ(form.fit[1], (FitRow{true, Entry("1,5", 1.5), Entry("30", 30)}));
   EXPECT_EQ(form.At(At::Cx0).text, "1E-05");
   EXPECT_EQ(form.At(At::muMax).text, "0,50");
   EXPECT_EQ(form.At(At::Ks), Entry("0,1235", 0.123456)) << "the number behind it keeps its digits";
-  EXPECT_EQ(form.At(At::CxAst).text, "2,0");
-  EXPECT_EQ(form.At(At::C).text, "") << "a switch has no box";
-  EXPECT_EQ(form.At(At::YpsTyped).text, "0,45");
 }
 
 TEST(Fit, NeedsAParameter) {

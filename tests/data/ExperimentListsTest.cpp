@@ -14,6 +14,7 @@ TEST(ExperimentLists, DeleteByPlaceAndKeepNumbersAndDisplaysTogether) {
   EXPECT_FALSE(lists.Delete(2));
   ASSERT_EQ(lists.Count(), 2);
   EXPECT_EQ(lists.At(2).number, 6);
+  EXPECT_EQ(lists.Display(1).colour, 5);
   EXPECT_EQ(lists.Display(2).colour, 6);
   for (const int place : {0, -1, 3, 40000}) {
     const auto refusal = lists.Delete(place);
@@ -51,13 +52,6 @@ TEST(ExperimentLists, TellWhichNumbersAreRepeated) {
   const auto told = TellRepeatedNumbers(Lists({12, 4, 3, 12, 4, 4}));
   ASSERT_TRUE(told);
   EXPECT_NE(Worded(*told, Language::English).find("experiment: 4, 12. "), std::string::npos);
-}
-
-TEST(ExperimentLists, RefuseWhatIsEmpty) {
-  EXPECT_TRUE(AskBeforeSaving({}, Experiment{}).refusal);
-  EXPECT_EQ(Worded(*RefuseEmptyLists({}), Language::English),
-            "No experiment was added or it is not saved.");
-  EXPECT_FALSE(RefuseEmptyLists(Lists({1})));
 }
 
 }  // namespace

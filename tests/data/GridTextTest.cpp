@@ -68,14 +68,14 @@ TEST(ExperimentEntry, ReadsTheBoxes) {
   EXPECT_EQ(read.experiment, (Experiment{7, "Lote 3", {}, {}, {}, {}, 24.5, true}));
   EXPECT_EQ(ReadEntry({"32767", "", ""}, {}, '.').experiment.finalTime, 0);
   for (const char* number : {"", "0", "-1", "32768", "1.5", "1x"})
-    EXPECT_EQ(ReadEntry({number, "", ""}, {}, '.').refusal->box, EntryBox::Number) << number;
-  EXPECT_EQ(ReadEntry({"1", "", "."}, {}, '.').refusal->box, EntryBox::FinalTime);
+    EXPECT_EQ(ReadEntry({number, "", ""}, {}, '.').refusal.value().box, EntryBox::Number) << number;
+  EXPECT_EQ(ReadEntry({"1", "", "."}, {}, '.').refusal.value().box, EntryBox::FinalTime);
 }
 
 TEST(ExperimentEntry, OffersAFreeNumber) {
   EXPECT_EQ(NextFreeNumber({}), 1);
-  EXPECT_EQ(NextFreeNumber(test::Lists({1, -4, 6})), 7);
-  EXPECT_EQ(NextFreeNumber(test::Lists({1, -4, 6, 32767})), 2);
+  EXPECT_EQ(NextFreeNumber(test::Lists({1, 6, -4})), 7);
+  EXPECT_EQ(NextFreeNumber(test::Lists({32767, 1, 6})), 2);
 }
 
 TEST(ExperimentEntry, RefusesABlockThatRunsOverTheEdges) {

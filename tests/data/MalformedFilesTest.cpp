@@ -33,6 +33,8 @@ const Malformed kRows[] = {
     {"T\nT\n$-1\n", OutOfRange, 3, ExperimentCount, 0, "-1"},
     {"T\nT\n$1e399\n", OutOfRange, 3, ExperimentCount, 0, "1e399"},
     {"T\nT\n$2000000000\n" + kBlock, EndOfFile, 13, ExperimentNumber, 0, "", 1},
+    // The title alone does not make it a conditions file.
+    {"T\nCondi\xE7\xF5\x65s de cultivo\n$2\n" + kBlock, EndOfFile, 13, ExperimentNumber, 0, "", 1},
     {"T\nT\n" + std::string(10'000'000, '7') + "x", NotANumber, 3, ExperimentCount, 0,
      std::string(40, '7')},
     {kHeader + "#1.5\n", NotAWholeNumber, 4, ExperimentNumber, 0, "1.5"},

@@ -269,16 +269,22 @@ TEST(Settings, AreRefusedJustOutsideTheirBounds) {
   const TypedSettings most{1e9, 1e9, 0.9, 0.9, 0.01, 0.0001, 9999};
   EXPECT_FALSE(CheckSettings(least).refused);
   EXPECT_FALSE(CheckSettings(most).refused);
-  std::vector<TypedSettings> outside(13, least);
-  outside[0].NPOP = 9.99, outside[1].ITER = 199, outside[2].PCROS = 0.499, outside[3].PCROS = 0.901;
-  outside[4].FACT = 0.499, outside[5].FACT = 0.901, outside[6].FACT1 = -0.001,
-  outside[7].FACT1 = 0.011;
-  outside[8].EPS = 0.00000009, outside[9].EPS = 0.00011, outside[10].IU = 999,
-  outside[11].IU = 10000;
-  outside[12].EPS = std::nullopt;
-  const std::size_t which[] = {0, 1, 2, 2, 3, 3, 4, 4, 5, 5, 6, 6, 5};
-  for (std::size_t i = 0; i < outside.size(); ++i)
-    EXPECT_EQ(CheckSettings(outside[i]).refused, which[i]);
+  struct Row {
+    std::optional<double> TypedSettings::*box;
+    std::optional<double> below, above;
+  };
+  constexpr std::nullopt_t kNone = std::nullopt;  // no bound, and no number either
+  const Row rows[] = {
+      {&TypedSettings::NPOP, 9.99, kNone},    {&TypedSettings::ITER, 199, kNone},
+      {&TypedSettings::PCROS, 0.499, 0.901},  {&TypedSettings::FACT, 0.499, 0.901},
+      {&TypedSettings::FACT1, -0.001, 0.011}, {&TypedSettings::EPS, 0.00000009, 0.00011},
+      {&TypedSettings::IU, 999, 10000}};
+  for (std::size_t i = 0; i < std::size(rows); ++i)
+    for (const std::optional<double> value : {rows[i].below, rows[i].above}) {
+      TypedSettings typed = least;
+      typed.*rows[i].box = value;
+      EXPECT_EQ(CheckSettings(typed).refused, i);
+    }
 }
 
 TEST(Settings, RoundTheSeedToTheNearestWholeNumberHalvesToEven) {

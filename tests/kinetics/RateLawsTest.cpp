@@ -78,27 +78,6 @@ TEST(GrowthRate, ChangesItsArgumentsAtItsGuards) {
   }
 }
 
-TEST(Balances, AddTheirTermsByHand) {
-  RateLaws laws;
-  EXPECT_DOUBLE_EQ(laws.CellBalance(2, 0.3, 1, 0.1), 0.4);
-  // 2 x (0.01 + 0.3/0.5 + 1 x (0.5 x 0.3 + 0.05)/0.4) = 2 x 1.11
-  EXPECT_DOUBLE_EQ(laws.SubstrateBalance(2, 0.01, 0.3, 0.5, 1, 0.5, 1, 0.05, 0.4), -2.22);
-  EXPECT_DOUBLE_EQ(laws.ProductBalance(2, 0.5, 0.3, 1, 0.05, 0.01, 10), 0.3);
-  EXPECT_EQ(laws.Evaluations(), 3);
-}
-
-TEST(Catalogue, SetsSwitchesAndNeutralValues) {
-  KineticParameters p;
-  for (double& value : p.values) value = 7;
-  SetModelSwitches(*FindModel("Contois-Levenspiel-Lee"), p);
-  const std::array<double, 14> expected{1, 1, 7, 7, 7, 7, 1, 0, 0, 1, 0, 0, 0, 0};
-  for (int i = 0; i < 14; ++i)
-    EXPECT_EQ(p[10 + i], expected[static_cast<std::size_t>(i)]) << 10 + i;
-  EXPECT_EQ(p[At::ms], 7);
-  EXPECT_EQ(FindModel("Lee-Wu"), nullptr);
-  EXPECT_EQ(FindModel("monod"), nullptr);
-}
-
 TEST(Catalogue, RecognisesEveryModelByItsRow) {
   for (const Model& model : kModels) {
     const KineticParameters p = HandConstants(model);
