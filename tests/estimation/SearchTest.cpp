@@ -84,11 +84,23 @@ TEST(Search, KeepsItsSignatureThroughTheReinitialisations) {
   Recorder recorder;
   const SearchResult result = Search(problem, settings, recorder);
   // 21 members, 120 generations of 21 trials, and the upper 11 places drawn anew in generation 50
-  // (the draw is 0.8945), but not in generation 100 (0.9246).
+  // but not in generation 100.
   EXPECT_EQ(result.functionCalls, 21 + 120 * 21 + 11);
   // The signature of this run. It changes only with the numerical method, and then on purpose.
   EXPECT_EQ(ShortestText(result.score), "0.001141585298008612");
   EXPECT_EQ(ShortestText(result.startScore), "5.588089583174631");
+}
+
+/// In generation 50 the first seed draws 0.89899, below the probability of 0.9, the other 0.90005.
+TEST(Search, DrawsHalfThePopulationAnewWithItsProbability) {
+  FitProblem problem = test::SampledBatches("Monod", {40});
+  problem.variables = {{At::muMax, 0.05, 1, 0.2}};
+  EstimationSettings settings = Unstopped(20, 50);
+  for (const auto& [seed, drawn] : {std::pair{3521, 10}, {2165, 0}}) {
+    settings.IU = seed;
+    Recorder recorder;
+    EXPECT_EQ(Search(problem, settings, recorder).functionCalls, 20 + 50 * 20 + drawn);
+  }
 }
 
 TEST(Search, MeasuresTheFirstGenerationsGainFromTheInitialPopulation) {
