@@ -38,7 +38,7 @@ TEST_F(Import, ReadsEverySeparatorAndDecimalMark) {
        "E7,0,0.25,20.5,0\nE7,2.5,0.75,18,0.00001\n\nE3,1,0,30,2\n",
        ""},
       {"semicolons, decimal comma, other order, ignored column",
-       "Cp;note;Experimento;Tempo (h);Cs [g/L];Cx\n"
+       "Cp, g/L;note;Experimento;Tempo, h;Cs, g/L;Cx, g/L, dry\n"
        "0;first;E7;0;20,5;0,25\n0,00001;;E7;2,5;18;0,75\n2;;E3;1;30;0\n;;;;;\n",
        ""},
       {"tabs, CR LF, byte order mark",
@@ -47,7 +47,7 @@ TEST_F(Import, ReadsEverySeparatorAndDecimalMark) {
        "E7\t2.5\t18\t0.75\t1E-5\r\nE3\t1\t30\t0\t2",
        ""},
       {"commas, quoted cells with decimal commas",
-       "\"exp\",\"t (h)\",\"Cs\",\"Cx\",\"Cp\"\n"
+       "\"exp\",\"t (h; 0; at; inoculation)\",\"Cs; g/L\",\"Cx\",\"Cp\"\n"
        "E7,0,\"20,5\",\"0,25\",0\n\"E7\",\"2,5\",18,\"0,75\",\"1e-5\"\nE3,1,30,0,2\n",
        ""}};
   for (const Case& c : tables) {
@@ -61,7 +61,9 @@ TEST_F(Import, NumbersExperimentsInOrderWhereLabelsDoNot) {
   ASSERT_EQ(ImportText("exp,t,Cs,Cx,Cp\na1,0,1,2,3\nb1,0,1,2,3\nc,0,1,2,3\n", " --only b1").code,
             0);
   EXPECT_NE(BytesOf(File()).find("$1\r\n#1\r\nb1\r\n"), std::string::npos);
-  ASSERT_EQ(ImportText("exp,t,Cs,Cx,Cp\na1,0,1,2,3\nb1,0,1,2,3\n").code, 0);
+  ASSERT_EQ(ImportText("exp,t,Cs,Cx,Cp\na1,4,1,2,3\na1,0,1,2,3\nb1,0,1,2,3\n").code, 0);
+  EXPECT_NE(BytesOf(File()).find("#1\r\na1\r\n 2 \r\n 4 \r\n"), std::string::npos)
+      << "the last time";
   EXPECT_NE(BytesOf(File()).find("#2\r\nb1\r\n"), std::string::npos);
   const Ran refused = ImportText("exp,t,Cs,Cx,Cp\na1,0,1,2,3\nb1,0,1,2,3\n", " --only c");
   EXPECT_EQ(refused.code, 1);
@@ -76,7 +78,9 @@ TEST_F(Import, RefusesWhatItCannotRead) {
       {"empty cell", "t,Cs,Cx,Cp\n0,1,2,3\n1,1,,3\n", ":3: row 2, column Cx: the cell is empty"},
       {"short row", "t,Cs,Cx,Cp\n0,1,2\n", ":2: row 1, column Cp: the cell is empty"},
       {"no number", "t,Cs,Cx,Cp\n0,n.d.,2,3\n", ":2: row 1, column Cs: \"n.d.\" is not a number"},
-      {"negative", "t,Cs,Cx,Cp\n0,1,-2,3\n", "column Cx: \"-2\" is negative"},
+      {"negative", "t,Cs,Cx,Cp\n0,1,-0.5,3\n", "column Cx: \"-0.5\" is negative"},
+      {"line break in a cell", "t,note,Cs,Cx,Cp\n0,\"a\nb\",1,2,3\n1,c,x,2,3\n",
+       ":4: row 2, column Cs"},
       {"infinite", "t,Cs,Cx,Cp\n0,1,2,inf\n", "\"inf\" is not a number"},
       {"huge", "t,Cs,Cx,Cp\n0,1,2,1e399\n", "column Cp: \"1e399\" is out of range"},
       {"thousands", "t;Cs;Cx;Cp\n0;1.234,5;2;3\n", "\"1.234,5\" is not a number"},
@@ -96,6 +100,13 @@ TEST_F(Import, RefusesWhatItCannotRead) {
     EXPECT_EQ(std::count(ran.err.begin(), ran.err.end(), '\n'), 1) << c.name;
     EXPECT_EQ(BytesOf(File()), "") << c.name;
   }
+}
+
+TEST_F(Import, RefusesMorePointsThanItsFileCounts) {
+  std::string table = "t,Cs,Cx,Cp\n";
+  for (int point = 0; point < 32768; ++point) table += "0,1,2,3\n";
+  EXPECT_NE(ImportText(table).err.find("table.csv:32769: "), std::string::npos);
+  EXPECT_EQ(BytesOf(File()), "");
 }
 
 }  // namespace

@@ -94,11 +94,12 @@ TEST(Description, TakesWhatItsFileCanGiveBack) {
     const char* fitting;
     bool leftOut;
   };
-  for (const Row& row : {Row{"glicose, 100 g/L", "glicose; 100 g/L", false},
-                         Row{"\r\n  a\r\nb\nc\rd\te", "a b c d e", false},
-                         Row{"a\u0081\u009D", "a\u0081\u009D", false},
-                         Row{"Fermentação “€” µ", "Fermentação “€” µ", false},
-                         Row{"β-glucan 発酵 a\x01", "-glucan  a", true}, Row{"a\xC3", "a", true}}) {
+  for (const Row& row :
+       {Row{"glicose, 100 g/L", "glicose; 100 g/L", false},
+        Row{"\r\n  a\r\nb\nc\rd\te", "a b c d e", false},
+        Row{"a\u0081\u009D", "a\u0081\u009D", false},
+        Row{"Fermentação “€” µ", "Fermentação “€” µ", false},
+        Row{"β-glucan 発酵 a\x01\x7F", "-glucan  a", true}, Row{"a\xC3", "a", true}}) {
     const DescriptionText fitting = FittingDescription(row.pasted);
     EXPECT_EQ(fitting.text, row.fitting);
     EXPECT_EQ(fitting.lettersLeftOut, row.leftOut) << row.pasted;
