@@ -109,11 +109,14 @@ void frmRelatorio::ShowReport() {
   QTextDocument& text = *RichTextBox1_->document();
   text.clear();  // the pictures with it
   text.setDocumentMargin(kPageMargin);
+  // The view scales without smoothing: a picture comes in the size in which it is shown.
+  const int width = qRound(kPictureWidth * devicePixelRatioF());
   int index = 0;
   for (const ReportPicture& chart : report_.pictures)
     text.addResource(QTextDocument::ImageResource,
                      QUrl(QString::fromStdString(rich::PictureName(index++))),
-                     QImage::fromData(QByteArray::fromStdString(chart.picture.png)));
+                     QImage::fromData(QByteArray::fromStdString(chart.picture.png))
+                         .scaledToWidth(width, Qt::SmoothTransformation));
   RichTextBox1_->setHtml(
       QString::fromStdString(rich::Html(ReportDocument(report_), kPictureWidth)));
 }
