@@ -154,6 +154,8 @@ const FaultCase kFaults[] = {
     {"the same beside Aiba", "Aiba", {{At::Kip, -1}, {At::Cp0, 1e-9}}, {DivisionByZero, FaultTerm::Hoppe, 0, 2, 1}},
     // Cs rises by 0.227 a step; at 89.9 g/L no double holds Cs/Kis, which Monod does not use.
     {"unused quotient", "Monod", {{At::Kis, 5e-307}, {At::muMax, 0}, {At::ms, -1}}, {Overflow, SubstrateInhibition, 0, 67, 2}},
+    // At 87.3 g/L no double holds Cs (Cs/Kis)^v, by which the rate would be divided.
+    {"denominator on the way", "Wu", {{At::Kis, 1}, {At::v, 157.8}, {At::muMax, 0}, {At::ms, -1}}, {Overflow, SubstrateQuotient, 0, 56, 2}},
     // Each step multiplies Cx by (1e13)^4/24; the seventh would reach 10^354.
     {"exploding growth", "Monod", {{At::muMax, 0}, {At::ms, 0}, {At::Kd, -1e9}, {At::CsAst1, 100}, {At::T, 990000}},
      {Overflow, FaultTerm::CellBalance, 0, 8, 1}},
@@ -207,7 +209,7 @@ class OddRows {
     for (int i = Below(4); i > 0; --i) Disturb(p[1 + Below(30)]);
     SetModelSwitches(model, p);
     if (Below(3) == 0) Place(p);
-    if (Below(20) == 0) Disturb(p[18 + Below(6)]);  // switches that name no model
+    if (Below(10) == 0) p[18 + Below(6)] = Below(3);  // switches that name no model
     return p;
   }
 
