@@ -122,13 +122,9 @@ TEST(Conditions, ShowTheirBoxesInTheirFormats) {
   EXPECT_EQ(form.At(At::Ks), Entry("0,1235", 0.123456)) << "the number behind it keeps its digits";
 }
 
-TEST(Fit, NeedsAParameter) {
-  const std::optional<Refusal> none = ChecarVarAjustadas({});
-  ASSERT_TRUE(none);
-  EXPECT_EQ(none->message.pieces.front(), Piece("Escolha pelo menos um parâmetro para ajustar"));
-  EXPECT_EQ(none->message.title, Piece("Aviso"));
+TEST(Fit, AcceptsAValueOnItsBound) {
   const FitVariable onlyV{At::v, 1, 2, 2};
-  EXPECT_FALSE(ChecarVarAjustadas(std::array{onlyV})) << "a value on its bound is accepted";
+  EXPECT_FALSE(ChecarVarAjustadas(std::array{onlyV}));
 }
 
 TEST(Fit, SaysThatItsDeviationsOverflow) {
@@ -138,21 +134,6 @@ TEST(Fit, SaysThatItsDeviationsOverflow) {
 
 std::vector<Experiment> Numbered(std::initializer_list<std::int16_t> numbers) {
   return test::Lists(numbers).Experiments();
-}
-
-TEST(Run, IsRefusedInOrder) {
-  const std::vector<Experiment> two = Numbered({1, 2});
-  CultivationConditions conditions;
-  EXPECT_EQ(RefuseRun({}, conditions)->pieces.front(), Piece(TextId::NoExperiment));
-  CultivationForm form = Filled();
-  ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
-  EXPECT_EQ(RefuseRun(two, conditions)->pieces.front(), Piece(TextId::CountsDiffer));
-  form.production = Production::PPAC;
-  ASSERT_FALSE(SalvarCondCult(form, 2, 2, '.', conditions).refusal);
-  EXPECT_EQ(RefuseRun(two, conditions)->pieces,
-            (std::vector<Piece>{TextId::OptionsDiffer, "\n", TextId::OptionsFootnote}));
-  ASSERT_FALSE(SalvarCondCult(form, 1, 1, '.', conditions).refusal);
-  EXPECT_FALSE(RefuseRun(two, conditions));
 }
 
 TEST(Run, NamesTheExperimentsThatLackConditions) {

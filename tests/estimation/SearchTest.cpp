@@ -169,15 +169,6 @@ TEST(Search, ScoresAStartOnItsBoundsAsItStands) {
             Objective(problem).Simulate(std::array{0.05, 30.0, 1.0}).score);
 }
 
-TEST(Search, RefusesBoundsThatAreNotInOrder) {
-  FitProblem problem = test::TwoBatches();
-  problem.variables[1].lower = problem.variables[1].upper;
-  Recorder recorder;
-  const SearchResult result = Search(problem, {}, recorder);
-  EXPECT_EQ(result.end, SearchEnd::Refused);
-  EXPECT_FALSE(result.HasResult());
-}
-
 TEST(Search, EndsWithTheFaultOfItsStart) {
   FitProblem problem = test::TwoBatches();
   problem.rows[1][At::Yxs] = 0;

@@ -62,19 +62,13 @@ TEST(Integrator, FollowsExponentialGrowth) {
   }
 }
 
-TEST(Integrator, StandsStillWithoutTimeOrSubstrate) {
+TEST(Integrator, StandsStillWithoutTime) {
   KineticParameters p = BatchOf("Wu-Levenspiel-Lee");
   p[At::T] = 0;
   const ModelCurve still = CurveOf(p);
   EXPECT_EQ(still.time.back(), 0);
   EXPECT_EQ(still.Cx.back(), 0.5);
   EXPECT_EQ(still.Cs.back(), 75);
-
-  p = Unlimited();
-  p[At::Ks] = 1, p[At::Cs0] = 0, p[At::Kd] = 0.1, p[At::CsAst1] = 0, p[At::T] = 9.9;
-  const ModelCurve dying = CurveOf(p);
-  EXPECT_NEAR(dying.Cx.back(), 0.5 * std::exp(-0.99), 2e-11);  // death alone
-  EXPECT_EQ(dying.Cs.back(), 0);
 }
 
 TEST(Integrator, StoresNegativeSubstrateAndGoesOnFromZero) {

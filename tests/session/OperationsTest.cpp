@@ -197,10 +197,17 @@ TEST(RefuseStart, ChecksInOrder) {
   form.fit[0].lower = "0.3";
   EXPECT_EQ(RefuseStart(session, form, 2)->message, Attention({TextId::FitEntryOutOfBounds}));
   form.fit = {};
-  EXPECT_EQ(RefuseStart(session, form, 2)->message.title, Piece("Aviso"));
+  const Message nothingFitted = RefuseStart(session, form, 2)->message;
+  EXPECT_EQ(nothingFitted.pieces,
+            std::vector<Piece>{"Escolha pelo menos um parâmetro para ajustar"});
+  EXPECT_EQ(nothingFitted.title, Piece("Aviso"));
   form = Filled();
   form.method = Method::None;
   EXPECT_EQ(RefuseStart(session, form, 2)->message, Attention({TextId::NoMethod}));
+  form.method = Method::ED, form.production = Production::PPAC;
+  ASSERT_FALSE(SaveConditions(session, form, 2).refusal);
+  EXPECT_EQ(RefuseStart(session, form, 2)->message.pieces,
+            (std::vector<Piece>{TextId::OptionsDiffer, "\n", TextId::OptionsFootnote}));
   ClearConditions(session, 1);
   EXPECT_EQ(RefuseStart(session, form, 2)->message.pieces.front(), Piece(TextId::CountsDiffer));
 }
