@@ -1,43 +1,126 @@
-// How near the searches come to the best known score, over synthetic problems.
-//   velmora-optimum FIRST COUNT NOISE [SEEDS]
+// How near the searches come to the best known score, over synthetic fermentations.
+//   velmora-optimum [PROBLEMS [NOISE [FIRST]]]   noise as a share of the highest value
+//   velmora-optimum quick                        60 problems with 3 %, without the stated search;
+//                                                fails where Levenberg-Marquardt misses its aims
 #include <algorithm>
 #include <chrono>
-#include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <limits>
-#include <vector>
+#include <string>
 
 #include "bench/SyntheticFermentations.h"
 #include "estimation/EvolucaoDiferencial.h"
 #include "estimation/Marquardt.h"
-#include "estimation/UniformGenerator.h"
-#include "kinetics/Modelos.h"
 
 namespace velmora {
 namespace {
 
+constexpr int kQuickProblems = 60;
+constexpr double kQuickNoise = 0.03;
+constexpr double kClose = 1e-4, kNear = 1e-2, kFar = 0.1;  // above the best known score
+constexpr double kPerfect = 1e-12;                         // score for each scored value
+constexpr int kOtherSeeds = 2;                             // of Levenberg-Marquardt
+
 struct Ran {
   double score = std::numeric_limits<double>::infinity();
-  double calls = 0, seconds = 0;
+  double evaluations = 0;
+  double seconds = 0;
+
+  void Add(const Ran& other) {
+    score = std::min(score, other.score);
+    evaluations += other.evaluations;
+    seconds += other.seconds;
+  }
 };
 
-template <class Run>
-Ran Timed(Run run) {
+template <class Method>
+Ran Timed(Method method) {
   const auto began = std::chrono::steady_clock::now();
-  const SearchResult result = run();
-  const double seconds =
-      std::chrono::duration<double>(std::chrono::steady_clock::now() - began).count();
-  return {result.HasResult() ? result.score : std::numeric_limits<double>::infinity(),
-          static_cast<double>(result.functionCalls), seconds};
+  const SearchResult result = method();
+  const std::chrono::duration<double> seconds = std::chrono::steady_clock::now() - began;
+  Ran ran{.evaluations = static_cast<double>(result.functionCalls), .seconds = seconds.count()};
+  if (result.HasResult()) ran.score = result.score;
+  return ran;
 }
 
-/// The best of a start at the truth and its surroundings.
-double FromTruth(const SyntheticFermentation& made) {
+Ran Marquardt(const FitProblem& problem, std::int32_t seed) {
+  SearchObserver silent;
+  return Timed([&] { return SearchMarquardt(problem, {.IU = seed}, silent); });
+}
+
+Ran Evolution(const FitProblem& problem, std::int32_t seed) {
+  SearchObserver silent;
+  EstimationSettings settings;
+  settings.IU = seed;
+  return Timed([&] { return Search(problem, settings, silent); });
+}
+
+/// Levenberg-Marquardt that begins at the true values.
+Ran FromTruth(const SyntheticFermentation& made) {
   FitProblem problem = made.problem;
   for (std::size_t j = 0; j < made.truth.size(); ++j) problem.variables[j].start = made.truth[j];
-  SearchObserver silent;
-  return SearchMarquardt(problem, {77, 60'000}, silent).score;
+  return Marquardt(problem, 7777);
+}
+
+/// What a method came to over all problems.
+struct Sum {
+  int problems = 0, close = 0, near = 0, far = 0;
+  double evaluations = 0, most = 0, seconds = 0;
+
+  void Add(const Ran& ran, double best, double perfect) {
+    const double excess = ran.score <= perfect ? 0 : ran.score / best - 1;
+    ++problems;
+    close += excess <= kClose, near += excess <= kNear, far += excess <= kFar;
+    evaluations += ran.evaluations, seconds += ran.seconds;
+    most = std::max(most, ran.evaluations);
+  }
+
+  double Share(int count) const { return 100.0 * count / problems; }
+  double MeanEvaluations() const { return evaluations / problems; }
+
+  void Print(const char* name) const {
+    std::printf(
+        "%-24s within 0.01 %%: %5.1f %%  1 %%: %5.1f %%  10 %%: %5.1f %%  "
+        "evaluations %.0f (most %.0f)  %.3f s\n",
+        name, Share(close), Share(near), Share(far), MeanEvaluations(), most, seconds / problems);
+  }
+};
+
+Sum Measure(int first, int count, double noise, bool evolves) {
+  Sum marquardt, evolution, tenSeeds;
+  for (int number = first; number < first + count; ++number) {
+    const SyntheticFermentation made = MakeFermentation(number, noise);
+    const FitProblem& problem = made.problem;
+    const Ran one = Marquardt(problem, 5471);
+    double best = std::min(one.score, FromTruth(made).score);
+    for (int other = 1; other <= kOtherSeeds; ++other)
+      best = std::min(best, Marquardt(problem, 5471 + other).score);
+    Ran stated, ten;
+    if (evolves) {
+      stated = Evolution(problem, 5471);
+      for (int seed = 0; seed < 10; ++seed) ten.Add(Evolution(problem, 1000 + seed));
+    }
+    best = std::min({best, stated.score, ten.score});
+    const double perfect = kPerfect * static_cast<double>(Objective(problem).Scored());
+    marquardt.Add(one, best, perfect);
+    evolution.Add(stated, best, perfect);
+    tenSeeds.Add(ten, best, perfect);
+    if (one.score > perfect && one.score > (1 + kClose) * best)
+      std::printf("%d %s, %zu parameters: %.2e above the best known\n", number,
+                  std::string(made.model->name).c_str(), made.truth.size(), one.score / best - 1);
+    std::fflush(stdout);
+  }
+  marquardt.Print("Levenberg-Marquardt");
+  if (!evolves) return marquardt;
+  evolution.Print("differential evolution");
+  tenSeeds.Print("the same, ten seeds");
+  return marquardt;
+}
+
+/// Some percent less than what is aimed at over many problems: 60 scatter.
+bool MeetsItsAims(const Sum& sum) {
+  return sum.Share(sum.near) >= 98 && sum.Share(sum.close) >= 93 && sum.MeanEvaluations() <= 15'000;
 }
 
 }  // namespace
@@ -45,48 +128,9 @@ double FromTruth(const SyntheticFermentation& made) {
 
 int main(int argc, char** argv) {
   using namespace velmora;
-  const int first = argc > 1 ? std::atoi(argv[1]) : 0, count = argc > 2 ? std::atoi(argv[2]) : 20;
-  const double noise = argc > 3 ? std::atof(argv[3]) : 0.03;
-  const int seeds = argc > 4 ? std::atoi(argv[4]) : 3;
-  SearchObserver silent;
-  struct Sum {
-    double calls = 0, seconds = 0;
-    int near4 = 0, near2 = 0, near1 = 0;
-  };
-  Sum lm, de, ten;
-  const auto add = [](Sum& sum, const Ran& ran, double best, double perfect) {
-    const double excess = ran.score <= perfect ? 0 : ran.score / best - 1;
-    sum.near4 += excess <= 1e-4, sum.near2 += excess <= 1e-2, sum.near1 += excess <= 0.1;
-    sum.calls += ran.calls, sum.seconds += ran.seconds;
-  };
-  for (int i = first; i < first + count; ++i) {
-    const SyntheticFermentation made = MakeFermentation(i, noise);
-    const Ran one = Timed([&] { return SearchMarquardt(made.problem, {5471, 60'000}, silent); });
-    double best = std::min(one.score, FromTruth(made));
-    for (int s = 1; s < seeds; ++s)
-      best = std::min(best, SearchMarquardt(made.problem, {5471 + s, 60'000}, silent).score);
-    EstimationSettings settings;
-    const Ran stated = Timed([&] { return Search(made.problem, settings, silent); });
-    Ran tenSeeds;
-    for (int s = 0; s < 10; ++s) {
-      settings.IU = 1000 + s;
-      const Ran ran = Timed([&] { return Search(made.problem, settings, silent); });
-      tenSeeds.score = std::min(tenSeeds.score, ran.score);
-      tenSeeds.calls += ran.calls, tenSeeds.seconds += ran.seconds;
-    }
-    const double perfect = 1e-12 * static_cast<double>(Objective(made.problem).Scored());
-    add(lm, one, best, perfect), add(de, stated, best, perfect), add(ten, tenSeeds, best, perfect);
-    const double excess = one.score <= perfect ? 0 : one.score / best - 1;
-    std::printf("%4d %-24s e%zu D%zu best %.6g lm %+.1e calls %.0f  de x%.2f ten x%.2f\n", i,
-                std::string(made.model->name).c_str(), made.problem.experiments.size(),
-                made.truth.size(), best, excess, one.calls, stated.score / best,
-                tenSeeds.score / best);
-    std::fflush(stdout);
-  }
-  const auto print = [&](const char* name, const Sum& sum) {
-    std::printf("%-12s 1e-4 %.1f%%  1%% %.1f%%  10%% %.1f%%  calls %.0f  %.3f s\n", name,
-                100.0 * sum.near4 / count, 100.0 * sum.near2 / count, 100.0 * sum.near1 / count,
-                sum.calls / count, sum.seconds / count);
-  };
-  print("Marquardt", lm), print("stated", de), print("ten seeds", ten);
+  if (argc > 1 && std::string(argv[1]) == "quick")
+    return MeetsItsAims(Measure(0, kQuickProblems, kQuickNoise, false)) ? 0 : 1;
+  const int count = argc > 1 ? std::atoi(argv[1]) : 1000;
+  const double noise = argc > 2 ? std::atof(argv[2]) : kQuickNoise;
+  Measure(argc > 3 ? std::atoi(argv[3]) : 0, count, noise, true);
 }

@@ -1,6 +1,6 @@
 // How often the look at the data errs, and how often proposed bounds hold the truth, over synthetic
 // fermentations of all models.
-//   velmora-bench-proposals [SEEDS]
+//   velmora-proposals [SEEDS]
 #include <cstdio>
 #include <cstdlib>
 
