@@ -1,6 +1,7 @@
 // How often an interval of 95 % holds the true value, over data sets made with known parameters.
 //   velmora-coverage [SETS [REPLICATES [MODEL...]]]
-// The bootstrap is made for every tenth set where SETS is above 100: it costs most.
+// The bootstrap, which costs most, is made for a hundred of the sets.
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -16,6 +17,7 @@ namespace velmora {
 namespace {
 
 constexpr int kPoints = 13;
+constexpr int kResampled = 100;
 constexpr double kNoise = 0.03;
 constexpr double kRoom = 30;  // the bounds lie this many times below and above the true value
 
@@ -110,8 +112,9 @@ void Measure(const Model& model, bool proportional, int sets, int replicates) {
     for (const KineticParameters& row : rows)
       problem.experiments.push_back(
           test::Measured(row, kPoints, kNoise, dice,
-                         proportional ? test::Noise::Proportional : test::Noise::Even));
-    Count(problem, sets <= 100 || set % 10 == 0 ? replicates : 0, tallies);
+                         proportional ? test::Noise::Proportional : test::Noise::Uncut));
+    const bool resampled = set % std::max(1, sets / kResampled) == 0;
+    Count(problem, resampled ? replicates : 0, tallies);
   }
   std::printf("%-20s D %zu", std::string(model.name).c_str(), problem.variables.size());
   Print("linear", tallies.linear);

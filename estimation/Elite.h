@@ -33,6 +33,8 @@ class Elite {
   int Agreeing(std::size_t first, const Landscape& landscape) const;
   /// How many of them do not, and come near: optima of their own beside the best.
   int Rivals(std::size_t first, const Landscape& landscape) const;
+  /// How many ends in all came within 1 % of the best score.
+  int Reached(const Landscape& landscape) const;
 
  private:
   bool Agrees(double score, const Landscape& landscape) const;

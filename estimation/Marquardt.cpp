@@ -226,7 +226,7 @@ SearchResult ManyStarts::Result() const {
   result.score = elite_.BestScore();
   result.bestGeneration = std::min(bestReport_, reports_);
   result.starts = static_cast<int>(elite_.Ends());
-  result.agreeing = elite_.Agreeing(0, landscape_);
+  result.agreeing = elite_.Reached(landscape_);
   return result;
 }
 

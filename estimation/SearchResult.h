@@ -48,7 +48,7 @@ struct SearchResult {
   std::int32_t functionCalls = 0;
   int generations = 0;  // that ended, or starts and rounds
   int starts = 0;       // descents that ended, where the method makes any
-  int agreeing = 0;     // those of them that ended at the best score
+  int agreeing = 0;     // those of them that ended within 1 % of the best score
 
   bool HasResult() const { return !best.empty(); }
 };

@@ -325,7 +325,7 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::NoDeviations, "The deviations could not be computed: {1}.", "Os desvios não puderam ser calculados: {1}."},
     {TextId::DataDoNotDetermine, "the measured values are too few, or do not determine each of the parameters", "os valores medidos são poucos, ou não determinam cada um dos parâmetros"},
     {TextId::EvaluationLimitReached, "Stopped at the limit of simulations; another seed (IU) or narrower bounds may find a better result.", "Interrompido no limite de simulações; outra semente (IU) ou limites mais estreitos podem encontrar um resultado melhor."},
-    {TextId::StartsThatAgree, "Starts that reached this optimum: {1} of {2}", "Partidas que chegaram a este ótimo: {1} de {2}"},
+    {TextId::StartsThatAgree, "Starts that reached this optimum within 1 %: {1} of {2}", "Partidas que chegaram a 1 % deste ótimo: {1} de {2}"},
     {TextId::LinearIntervalsHeading, "95 % intervals by linear theory:", "Intervalos de 95 % pela teoria linear:"},
     {TextId::ProfileIntervalsHeading, "95 % intervals by the likelihood profile:", "Intervalos de 95 % pelo perfil de verossimilhança:"},
     {TextId::BootstrapIntervalsHeading, "95 % intervals by the bootstrap, {1} fits:", "Intervalos de 95 % por bootstrap, {1} ajustes:"},

@@ -61,7 +61,7 @@ TEST_F(CultivationWindow, FitsByLevenbergMarquardt) {
   EXPECT_EQ(result.end, SearchEnd::Converged);
   const FitProblem problem = ProblemOf({Molasses()}, session.conditions);
   EXPECT_LT(result.score, Objective(problem).Simulate(std::vector{0.193, 16.1}).score);
-  EXPECT_NE(Results().find("\nStarts that reached this optimum: "), std::string::npos);
+  EXPECT_NE(Results().find("\nStarts that reached this optimum within 1 %: "), std::string::npos);
   EXPECT_EQ(dialogs.shown.size(), 1U);  // the question alone
 }
 

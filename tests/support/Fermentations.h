@@ -67,11 +67,14 @@ inline double GrowthTime(KineticParameters p) {
   return curve.time[static_cast<std::size_t>(at - curve.Cx.begin())];
 }
 
-/// What the standard deviation of a measurement goes with: the variable's largest value, or each.
-enum class Noise : std::uint8_t { Even, Proportional };
+enum class Noise : std::uint8_t {
+  Even,          // with the variable's largest value; a measurement below 0 becomes 0
+  Proportional,  // with each value; the same
+  Uncut,         // as Even, below 0 as it falls: what least squares assume
+};
 
 /// Measures a batch `points` times at even intervals, with normal noise of the standard deviation
-/// `noise` times the largest value, or each; never below 0.
+/// `noise` times the largest value, or as `kind` says.
 inline Experiment Measured(const KineticParameters& row, int points, double noise, Dice& dice,
                            Noise kind = Noise::Even) {
   ModelCurve curve;
@@ -82,8 +85,9 @@ inline Experiment Measured(const KineticParameters& row, int points, double nois
     const double largest = *std::max_element(series.begin(), series.end());
     for (int k = 0; k < points; ++k) {
       const auto i = static_cast<std::size_t>(std::lround(99.0 * k / (points - 1)));
-      const double spread = noise * (kind == Noise::Even ? largest : series[i]);
-      values.push_back(std::max(0.0, series[i] + spread * dice.Normal()));
+      const double spread = noise * (kind == Noise::Proportional ? series[i] : largest);
+      const double measured = series[i] + spread * dice.Normal();
+      values.push_back(kind == Noise::Uncut ? measured : std::max(0.0, measured));
     }
   };
   for (int k = 0; k < points; ++k)
