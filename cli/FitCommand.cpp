@@ -14,6 +14,7 @@
 #include "estimation/Deviations.h"
 #include "estimation/ResultTexts.h"
 #include "estimation/SearchResult.h"
+#include "inference/VerdictTexts.h"
 #include "language/Numbers.h"
 #include "report/Relatorio.h"
 #include "report/ReportCharts.h"
@@ -113,6 +114,7 @@ std::string TextOf(const EndedFit& fit, const Wording& say) {
   text += say(TextId::StartScore, {ShortestText(fit.result.startScore)}) + "\n";
   if (!fit.remark.empty()) text += fit.remark + "\n";
   text += FinalText(fit.problem, fit.result, fit.deviations, {say.In(), '.'});
+  text += VerdictsText(fit.verdict, fit.problem, {say.In(), '.'});
   for (const Intervals& intervals : fit.intervals)
     text += Worded(intervals, fit.problem.variables, {say.In(), '.'});
   return text;
@@ -131,7 +133,7 @@ std::vector<ReportPicture> PicturesOf(const EndedFit& fit, const Console& consol
 std::optional<FileFault> WriteReport(const EndedFit& fit, const std::string& path,
                                      const Console& console) {
   ReportContent report = ReportOf(fit.problem, fit.inputs.conditions, fit.result, fit.deviations,
-                                  {console.say.In(), '.'});
+                                  fit.verdict, {console.say.In(), '.'});
   report.pictures = PicturesOf(fit, console);
   return SaveReport(report, path);
 }
@@ -172,7 +174,7 @@ bool Show(const EndedFit& fit, const FitOptions& options, const FitProgress& pro
   if (options.report) unsaved = WriteReport(fit, *options.report, console);
   if (unsaved) console.Complain(console.say.Of(*unsaved));
   if (progress.Unwritten()) throw *progress.Unwritten();
-  console.Print(options.json ? JsonOf(fit) : TextOf(fit, console.say));
+  console.Print(options.json ? JsonOf(fit, console.say) : TextOf(fit, console.say));
   return !unsaved;
 }
 
@@ -196,8 +198,10 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   if (deviations.fault) console.Complain(say.Of(InversionMessage()));
 
   const std::vector<Intervals> intervals = IntervalsOf(problem, result, options, settings, signals);
-  const EndedFit fit{inputs,     problem,   method,           result,
-                     deviations, intervals, OnOneLine(fault), RemarkOn(method, result, say)};
+  const FitVerdict verdict = JudgeFit(problem, result, deviations);
+  const EndedFit fit{inputs,    problem,          method,
+                     result,    deviations,       verdict,
+                     intervals, OnOneLine(fault), RemarkOn(method, result, say)};
   return Show(fit, options, progress, console) ? CodeOf(fit, signals) : ExitCode::File;
 }
 

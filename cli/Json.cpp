@@ -8,6 +8,7 @@
 #include "cultivation/FitSetUp.h"
 #include "estimation/ResultTexts.h"
 #include "inference/ComparisonTexts.h"
+#include "inference/VerdictTexts.h"
 #include "language/Numbers.h"
 
 namespace velmora::cli {
@@ -55,7 +56,29 @@ Json IntervalOf(const Intervals& intervals, std::size_t j) {
   return line;
 }
 
-Json ParameterOf(const EndedFit& fit, std::size_t j) {
+Json VerdictOf(const ParameterVerdict& verdict, const Wording& say) {
+  return {{"kind", NameOf(verdict)}, {"text", Worded(verdict, {say.In(), '.'})}};
+}
+
+Json VerdictOf(const FitVerdict& verdict, const FitProblem& problem, const Wording& say) {
+  std::string text;
+  for (const auto& line : RunVerdictLines(verdict, problem, {say.In(), '.'})) Join(text, line, " ");
+  Json trends = Json::array(), worst;
+  for (const auto& [place, variable, runs, points, probability] : verdict.trends)
+    trends.push_back({{"place", place},
+                      {"variable", variable},
+                      {"runs", runs},
+                      {"points", points},
+                      {"probability", probability}});
+  if (verdict.worst)
+    worst = {{"place", verdict.worst->place},         {"variable", verdict.worst->variable},
+             {"time", verdict.worst->time},           {"measured", verdict.worst->measured},
+             {"simulated", verdict.worst->simulated}, {"multiple", verdict.worst->multiple}};
+  return {
+      {"kind", NameOf(verdict.kind)}, {"text", text}, {"notRandom", trends}, {"worstPoint", worst}};
+}
+
+Json ParameterOf(const EndedFit& fit, std::size_t j, const Wording& say) {
   const auto& [position, lower, upper, start] = fit.problem.variables[j];
   const Parameter& parameter = ParameterAt(position);
   Json line = {{"name", parameter.name},
@@ -65,7 +88,8 @@ Json ParameterOf(const EndedFit& fit, std::size_t j) {
                {"lower", lower},
                {"upper", upper},
                {"value", fit.result.best[j]},
-               {"deviation", fit.deviations.fault ? Json() : Json(fit.deviations.values[j])}};
+               {"deviation", fit.deviations.fault ? Json() : Json(fit.deviations.values[j])},
+               {"verdict", VerdictOf(fit.verdict.parameters.of[j], say)}};
   if (fit.intervals.empty()) return line;
   line["interval"] = IntervalOf(fit.intervals.front(), j);
   line["intervals"] = Json::array();
@@ -85,7 +109,7 @@ Json Finite(double value) {
   return std::isfinite(value) ? Json(value) : Json();
 }
 
-Json RankedOf(const ComparedModel& compared) {
+Json RankedOf(const ComparedModel& compared, const Wording& say) {
   Json parameters = Json::array();
   for (std::size_t j = 0; j < compared.variables.size(); ++j) {
     const auto& [position, lower, upper, start] = compared.variables[j];
@@ -93,7 +117,8 @@ Json RankedOf(const ComparedModel& compared) {
                           {"start", start},
                           {"lower", lower},
                           {"upper", upper},
-                          {"value", compared.result.best[j]}});
+                          {"value", compared.result.best[j]},
+                          {"verdict", VerdictOf(compared.verdicts.of[j], say)}});
   }
   const auto& [Cx, Cs, Cp] = compared.explained;
   return {{"model", compared.model->name},
@@ -120,12 +145,12 @@ std::string_view NameOf(RemarkKind kind) {
 
 }  // namespace
 
-std::string JsonOf(const EndedFit& fit) {
+std::string JsonOf(const EndedFit& fit, const Wording& say) {
   const SearchResult& result = fit.result;
   const int observations = fit.deviations.observations;
   Json parameters = Json::array();
   for (std::size_t j = 0; j < fit.problem.variables.size(); ++j)
-    parameters.push_back(ParameterOf(fit, j));
+    parameters.push_back(ParameterOf(fit, j, say));
   Json line = {{"parameters", parameters},
                {"startScore", result.startScore},
                {"sumOfSquaredErrors", result.score},
@@ -135,7 +160,8 @@ std::string JsonOf(const EndedFit& fit) {
                {"outcome", NameOf(result.end)},
                {"method", NameOf(fit.method)},
                {"observations", observations},
-               {"degreesOfFreedom", fit.deviations.degreesOfFreedom}};
+               {"degreesOfFreedom", fit.deviations.degreesOfFreedom},
+               {"verdict", VerdictOf(fit.verdict, fit.problem, say)}};
   if (result.starts > 0) {
     line["starts"] = result.starts;
     line["agreeing"] = result.agreeing;
@@ -164,7 +190,7 @@ std::string JsonOf(const Comparison& comparison, const Inputs& inputs, const Wor
   Json ranked = Json::array(), unranked = Json::array(), level = Json::array();
   for (const ComparedModel& compared : comparison.models) {
     if (compared.Ranked())
-      ranked.push_back(RankedOf(compared));
+      ranked.push_back(RankedOf(compared, say));
     else
       unranked.push_back(
           {{"model", compared.model->name},

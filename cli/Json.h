@@ -13,6 +13,7 @@
 #include "inference/Comparison.h"
 #include "inference/DataChecks.h"
 #include "inference/Intervals.h"
+#include "inference/Verdicts.h"
 
 namespace velmora::cli {
 
@@ -23,6 +24,7 @@ struct EndedFit {
   Method method;
   const SearchResult& result;
   const Deviations& deviations;
+  const FitVerdict& verdict;
   const std::vector<Intervals>& intervals;  // by each method that was asked for
   std::string fault;   // what ended the search, in a sentence; empty where nothing did
   std::string remark;  // that the result is worse than the start values; empty where it is not
@@ -35,7 +37,7 @@ struct PlacedCurve {
   const ModelCurve& curve;
 };
 
-std::string JsonOf(const EndedFit& fit);
+std::string JsonOf(const EndedFit& fit, const Wording& say);
 /// The score with the share of each experiment's variables; `lists` holds the experiments.
 std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists);
 /// Models compared; `inputs` are what they were fitted to.

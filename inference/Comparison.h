@@ -10,6 +10,7 @@
 #include "cultivation/CultivationConditions.h"
 #include "data/Experiment.h"
 #include "estimation/SearchResult.h"
+#include "inference/Verdicts.h"
 #include "kinetics/Modelos.h"
 
 namespace velmora {
@@ -25,6 +26,7 @@ struct ComparedModel {
   double criterion = 0;           // AICc; infinite where the data are too few for it
   double weight = 0;              // Akaike weight, 0 to 1
   PerVariable<double> explained;  // R², of g/L; not a number where the data do not vary
+  ParameterVerdicts verdicts;
 
   bool Ranked() const;
 };

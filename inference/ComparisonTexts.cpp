@@ -25,13 +25,20 @@ std::vector<std::string> Headings(Language language) {
           text(TextId::VerdictHeading)};
 }
 
+std::string VerdictOf(const ComparedModel& compared, Language language) {
+  const ParameterVerdicts& verdicts = compared.verdicts;
+  const std::string determined =
+      Filled(TextId::CountDetermined, language,
+             {std::to_string(verdicts.CountDetermined()), std::to_string(verdicts.of.size())});
+  if (compared.result.end == SearchEnd::Converged) return determined;
+  return determined + ", " + std::string(Text(TextId::SearchAtItsLimit, language));
+}
+
 std::vector<std::string> CellsOf(const ComparedModel& compared, double leastCriterion,
                                  TextStyle style) {
   const char separator = style.separator;
   const SearchResult& result = compared.result;
   const auto& [Cx, Cs, Cp] = compared.explained;
-  const TextId end =
-      result.end == SearchEnd::Converged ? TextId::SearchConverged : TextId::SearchAtItsLimit;
   return {std::string(compared.model->name),
           std::to_string(compared.variables.size()),
           PlainText(result.score, separator, kSumDigits),
@@ -42,7 +49,7 @@ std::vector<std::string> CellsOf(const ComparedModel& compared, double leastCrit
           Cell(Cs, kFour, separator),
           Cell(Cp, kFour, separator),
           std::to_string(result.agreeing) + "/" + std::to_string(result.starts),
-          std::string(Text(end, style.language))};
+          VerdictOf(compared, style.language)};
 }
 
 /// "Monod, Contois (0.4, 0.3)": their names, and how much of the weight they have together.

@@ -15,7 +15,7 @@ std::string ComparisonHeading(const Comparison& comparison, Language language);
 
 /// One row of cells for each model with a rank, the best first, below a row of headings: model, D
 /// (fitted parameters), SSE (sum of squared errors), AICc, its difference to the best, Akaike
-/// weight, R² of Cx, Cs and Cp, starts that agree, how the search ended.
+/// weight, R² of Cx, Cs and Cp, starts that agree, parameters that are determined.
 std::vector<std::vector<std::string>> ComparisonCells(const Comparison& comparison,
                                                       TextStyle style);
 

@@ -5,6 +5,7 @@
 
 #include "cultivation/OpenedConditions.h"
 #include "data/SafeSave.h"
+#include "inference/VerdictTexts.h"
 #include "kinetics/Modelos.h"
 #include "language/Message.h"
 #include "language/Numbers.h"
@@ -35,6 +36,7 @@ class Report {
     AddBounds();
     AddResult();
     AddEnd();
+    AddVerdicts();
     AddPictures();
     return std::move(document_);
   }
@@ -137,6 +139,16 @@ class Report {
     Add(std::move(lines));
   }
 
+  void AddVerdicts() {
+    if (!content_.verdict) return;
+    const FitVerdict& verdict = *content_.verdict;
+    Add(Text(TextId::VerdictsHeading), rich::Look::Heading);
+    for (auto& line : ParameterVerdictLines(verdict, content_.problem, content_.style))
+      Add(std::move(line), rich::Look::Together);
+    for (auto& line : RunVerdictLines(verdict, content_.problem, content_.style))
+      Add(std::move(line));
+  }
+
   void AddPictures() {
     for (const auto& [titleId, picture] : content_.pictures) {
       Add(Text(titleId), rich::Look::Heading);
@@ -151,8 +163,9 @@ class Report {
 }  // namespace
 
 ReportContent ReportOf(const FitProblem& problem, const CultivationConditions& conditions,
-                       const SearchResult& result, const Deviations& deviations, TextStyle style) {
-  ReportContent report{style, {}, problem, result, deviations, {}};
+                       const SearchResult& result, const Deviations& deviations,
+                       const FitVerdict& verdict, TextStyle style) {
+  ReportContent report{style, {}, problem, result, deviations, {}, verdict};
   for (std::size_t i = 0; i < problem.experiments.size(); ++i)
     report.records.push_back(conditions.At(static_cast<int>(i) + 1));
   return report;

@@ -8,8 +8,9 @@
 #include "cultivation/CultivationConditions.h"
 #include "data/FileFault.h"
 #include "estimation/Deviations.h"
-#include "estimation/SearchResult.h"
 #include "estimation/ResultTexts.h"
+#include "estimation/SearchResult.h"
+#include "inference/Verdicts.h"
 #include "report/RichText.h"
 
 namespace velmora {
@@ -28,12 +29,14 @@ struct ReportContent {
   SearchResult result;
   Deviations deviations;
   std::vector<ReportPicture> pictures;
+  std::optional<FitVerdict> verdict;  // what the data can tell
 };
 
 /// What the search of `problem` came to, with the `conditions` of its experiments, one record for
 /// each; without pictures.
 ReportContent ReportOf(const FitProblem& problem, const CultivationConditions& conditions,
-                       const SearchResult& result, const Deviations& deviations, TextStyle style);
+                       const SearchResult& result, const Deviations& deviations,
+                       const FitVerdict& verdict, TextStyle style);
 
 /// The report's lines, tables and pictures in their order. The pictures come last, so that the
 /// numbers stand together.

@@ -170,7 +170,8 @@ void RunDisplay::Relatorio() {
   delete reportWindow_;
   const auto& [outcome, lists, conditions] = *session_.lastRun;
   ReportContent report =
-      ReportOf(outcome.problem, conditions, outcome.result, outcome.deviations, Style());
+      ReportOf(outcome.problem, conditions, outcome.result, outcome.deviations,
+               JudgeFit(outcome.problem, outcome.result, outcome.deviations), Style());
   report.pictures = ReportPictures(lists, outcome.curves, session_.gridLines, session_.separator);
   reportWindow_ = new frmRelatorio(session_, dialogs_, std::move(report), Window()->window());
   reportWindow_->setAttribute(Qt::WA_DeleteOnClose);

@@ -54,6 +54,27 @@ TEST_F(Fit, FitsMolassesNearThePublishedValues) {
       sum, 1e-15);
 }
 
+// The results' own texts stand as they are; what the data tell follows them.
+TEST_F(Fit, SaysWhatTheDataTell) {
+  const std::string text = RunCli("fit " + kBoth).out;
+  EXPECT_NE(
+      text.find("\nEnd of estimation.\nWhat the data tell:\nµmáx: determined only together with "
+                "Ks (correlation 0.9"),
+      std::string::npos)
+      << text;
+  const std::string levenspiel =
+      "fit " + kBoth + "--model Levenspiel --fit CpAst=50:10:100 --fit n=1:0.2:4 ";
+  const json fit = json::parse(RunCli(levenspiel + "--language pt --json").out);
+  const json& verdict = fit.at("parameters").at(2).at("verdict");
+  EXPECT_EQ(verdict.at("kind"), "open above");
+  EXPECT_EQ(verdict.at("text"),
+            "aberto acima: com 100, seu limite superior, o ajuste é quase tão bom");
+  EXPECT_EQ(fit.at("verdict").at("kind"), "sound");
+  EXPECT_EQ(fit.at("verdict").at("worstPoint").at("time"), 16);
+  const json hasty = json::parse(RunCli("fit " + kBoth + "--method ED --json").out);
+  EXPECT_EQ(hasty.at("verdict").at("kind"), "not at the minimum");
+}
+
 TEST_F(Fit, WritesAReportBesideTheResults) {
   const Ran ran = RunCli("fit " + kBoth + "--language pt --report " + (folder_ / "fit.rtf"));
   EXPECT_EQ(ran.code, 0) << ran.err;
@@ -159,7 +180,10 @@ TEST_F(Fit, KeepsTheBestVectorBeforeAFault) {
 
   const Ran text = RunCli(fit);
   EXPECT_EQ(text.code, 4);
-  EXPECT_TRUE(text.out.ends_with("The best values found before this are those of generation 2.\n"));
+  EXPECT_NE(text.out.find("\nThe best values found before this are those of generation 2.\n"
+                          "What the data tell:\n"),
+            std::string::npos);
+  EXPECT_EQ(found.at("verdict").at("kind"), "unfinished");
 }
 
 TEST_F(Fit, ReportsWhyOnePointGivesNoDeviations) {

@@ -95,6 +95,19 @@ TEST(Report, SpeaksPortuguese) {
                                  "Limite superior de µmáx = 0,5|", "\nKs = 11,00 +/- 3,25\n"});
 }
 
+TEST(Report, TellsWhatTheDataTellBehindTheResults) {
+  ReportContent report = Molasses();
+  FitVerdict verdict;
+  verdict.parameters.of = {{}, {{{FindingKind::Together, 0.9871, At::muMax}}}};
+  verdict.trends = {{1, "Cp", 2, 8, 0.0286}};
+  report.verdict = verdict;
+  ExpectInOrder(TextOf(report),
+                {"Sum of squared errors: 0.003\n", "What the data tell:\n", "µmáx: determined.\n",
+                 "Ks: determined only together with µmáx (correlation 0.987).\n",
+                 "Residuals that are not random: experiment 7, Cp: 2 run(s) of equal sign in 8 "
+                 "points (probability 0.029)."});
+}
+
 TEST(Report, SaysWhyThereAreNoDeviations) {
   ReportContent report = Molasses();
   report.deviations.values.clear();
