@@ -181,6 +181,7 @@ void ManyStarts::Polish() {
   if (!(best.score < from.score)) return;
   Descent descent = BeginDescent(best.at, landscape_);
   Descend(descent, kLastIterations, landscape_);
+  elite_.NoteEnd(descent.score);
   Admit(descent);
 }
 

@@ -44,8 +44,10 @@ Production ProposeProduction(std::span<const Experiment> experiments);
 /// The conditions of `experiments`, by place, then those of all. Initial values are those of the
 /// earliest sample, the final time is that of the latest. Yields are slopes of regressions through
 /// the origin over all experiments together, of the changes since each experiment's first sample;
-/// samples from where cells begin to fall are left out. Stoichiometric yields, which time courses
-/// do not tell apart, weigh cells and product alike. What the data do not tell is missing.
+/// samples from where cells begin to fall are left out. Where product goes with growth, and the
+/// slope of one experiment lies clearly off, each gets yields of its own. Stoichiometric yields,
+/// which time courses do not tell apart, weigh cells and product alike. What the data do not tell
+/// is missing.
 std::vector<ProposedValue> ProposeConditions(std::span<const Experiment> experiments,
                                              Production production, Yields yields);
 

@@ -12,6 +12,8 @@ namespace velmora {
 namespace {
 
 constexpr int kDigits = 4;
+constexpr double kClearErrors = 4;   // standard errors by which a yield differs from that of all
+constexpr double kClearShare = 0.2;  // and of its value
 
 /// What is proposed for the conditions, as it grows.
 struct Values {
@@ -64,6 +66,35 @@ struct MeasuredYields {
   Line product;
 };
 
+/// Whether an experiment's own slope lies clearly off that of all: one value does not serve them.
+bool Differ(const std::vector<Changes>& ofEach, std::vector<double> Changes::*formed,
+            const Line& ofAll) {
+  return std::any_of(ofEach.begin(), ofEach.end(), [&](const Changes& changes) {
+    const Line own = LineThroughOrigin(changes.substrate, changes.*formed);
+    const double clear = std::max(kClearErrors * own.error, kClearShare * ofAll.slope);
+    return own.slope > 0 && std::fabs(own.slope - ofAll.slope) > clear;
+  });
+}
+
+/// A yield: one for all experiments, or each its own where these differ.
+void AddYield(std::span<const Experiment> experiments, const Line& ofAll, int samples, At yield,
+              Values& values) {
+  const bool cells = yield == At::Yxs;
+  const auto formed = cells ? &Changes::cells : &Changes::product;
+  std::vector<Changes> ofEach;
+  for (const Experiment& experiment : experiments) ofEach.push_back(ChangesOf({&experiment, 1}));
+  values.Add(yield, ofAll, samples, cells ? TextId::CellYield : TextId::ProductYield);
+  if (experiments.size() < 2 || !Differ(ofEach, formed, ofAll)) return;
+  values.list.pop_back();
+  for (std::size_t e = 0; e < ofEach.size(); ++e) {
+    const Line own = LineThroughOrigin(ofEach[e].substrate, ofEach[e].*formed);
+    const Line& line = own.slope > 0 ? own : ofAll;
+    values.Add(yield, line, ofEach[e].Samples(),
+               cells ? TextId::OwnCellYield : TextId::OwnProductYield);
+    values.list.back().place = static_cast<int>(e) + 1;
+  }
+}
+
 /// Both yields as the slope of cells and product together.
 void AddSharedYields(const Changes& changes, Values& values) {
   std::vector<double> formed = changes.cells;
@@ -76,13 +107,19 @@ void AddSharedYields(const Changes& changes, Values& values) {
 
 /// With global yields alpha is Yps/Yxs: where production is not by growth alone, Yps is made so
 /// that this is the alpha of the production law.
-void AddGlobalYields(const Changes& changes, const MeasuredYields& measured, Production production,
-                     Values& values) {
+void AddGlobalYields(std::span<const Experiment> experiments, const Changes& changes,
+                     const MeasuredYields& measured, Production production, Values& values) {
   const int samples = changes.Samples();
-  values.Add(At::Yxs, measured.cells, samples, TextId::CellYield);
+  const bool byGrowthAlone = production == Production::PAC;
+  if (measured.cells.slope > 0 && byGrowthAlone)
+    AddYield(experiments, measured.cells, samples, At::Yxs, values);
+  else
+    values.Add(At::Yxs, measured.cells, samples, TextId::CellYield);
   if (production == Production::PPAC && measured.cells.slope > 0 && measured.product.slope > 0) {
     const double alpha = LuedekingPiret(changes).alpha;
     values.Add(At::YpsTyped, alpha * measured.cells.slope, {TextId::YieldOfAlfa, {alpha}});
+  } else if (measured.product.slope > 0 && byGrowthAlone) {
+    AddYield(experiments, measured.product, samples, At::YpsTyped, values);
   } else if (measured.product.slope > 0) {
     values.Add(At::YpsTyped, measured.product, samples, TextId::ProductYield);
   } else if (production == Production::PNAC) {
@@ -139,7 +176,7 @@ std::vector<ProposedValue> ProposeConditions(std::span<const Experiment> experim
   const Changes changes = ChangesOf(experiments);
   const MeasuredYields measured(changes);
   if (yields == Yields::Global)
-    AddGlobalYields(changes, measured, production, values);
+    AddGlobalYields(experiments, changes, measured, production, values);
   else
     AddSharedYields(changes, values);
   AddProduction(experiments, changes, measured, production, yields, values);

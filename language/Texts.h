@@ -233,6 +233,8 @@ enum class TextId : std::int16_t {
   FromLastSample,
   CellYield,
   ProductYield,
+  OwnCellYield,
+  OwnProductYield,
   SharedYield,
   YieldOfAlfa,
   NoProductYield,

@@ -57,6 +57,16 @@ TEST(Proposal, ReadsTheConditionsOffTheData) {
   EXPECT_EQ(values, expected);
 }
 
+// The same batch with half the cells: one yield would serve neither. The product's is the same.
+TEST(Proposal, GivesEachExperimentItsYieldWhereTheyDiffer) {
+  std::vector experiments = {Batch(), Batch()};
+  for (double& Cx : experiments[1].Cx) Cx /= 2;
+  const auto proposed = ProposeConditions(experiments, Production::PAC, Yields::Global);
+  EXPECT_EQ(ValuesOf(proposed, 1).at(At::Yxs), 0.3);
+  EXPECT_EQ(ValuesOf(proposed, 2).at(At::Yxs), 0.15);
+  EXPECT_EQ(ValuesOf(proposed, 2).at(At::YpsTyped), 0.4);
+}
+
 // Samples behind the highest Cx, where cells die, must not lower the yield. Cx is halved in each 2
 // h; the first sample with fewer cells has 9 g/L of substrate.
 TEST(Proposal, SeesCellsDie) {
