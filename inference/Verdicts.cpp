@@ -5,103 +5,17 @@
 #include <cmath>
 #include <limits>
 
-#include "estimation/Descent.h"
 #include "inference/Intervals.h"
 #include "inference/Linearisation.h"
+#include "inference/Neighbourhood.h"
 #include "inference/Student.h"
 
 namespace velmora {
 namespace {
 
 constexpr double kCorrelated = 0.95;
-constexpr int kIterations = 40;      // of a fit beside the optimum
 constexpr double kClearGain = 1e-3;  // of the score
 constexpr int kFewAgree = 3;         // starts
-
-std::int32_t Unlimited() {
-  return std::numeric_limits<std::int32_t>::max();
-}
-
-bool Never() {
-  return false;
-}
-
-/// The score after the parameters of `problem` are fitted from `start`.
-double FittedFrom(const FitProblem& problem, const std::vector<double>& start) {
-  Landscape landscape(problem, Unlimited(), Never);
-  Descent descent = BeginDescent(landscape.PlaceOf(start), landscape);
-  if (!start.empty()) Descend(descent, kIterations, landscape);
-  return descent.score;
-}
-
-/// The score with parameter `j` held at `value` and the others fitted again from `best`.
-double HeldAt(double value, std::size_t j, FitProblem problem, std::vector<double> best) {
-  const auto at = static_cast<std::ptrdiff_t>(j);
-  for (KineticParameters& row : problem.rows) row[problem.variables[j].position] = value;
-  problem.variables.erase(problem.variables.begin() + at);
-  best.erase(best.begin() + at);
-  return FittedFrom(problem, best);
-}
-
-/// Whether a sample that is scored, with the experiment's parameters at the optimum, is as `holds`.
-template <class Holds>
-bool AnySample(const FitProblem& problem, std::span<const double> best, Holds&& holds) {
-  for (std::size_t e = 0; e < problem.experiments.size(); ++e) {
-    const Experiment& experiment = problem.experiments[e];
-    KineticParameters p = problem.rows[e];
-    for (std::size_t j = 0; j < best.size(); ++j) p[problem.variables[j].position] = best[j];
-    for (std::size_t k = 0; k + 1 < experiment.time.size(); ++k)
-      if (holds(p, State{experiment.Cx[k], experiment.Cs[k], experiment.Cp[k]})) return true;
-  }
-  return false;
-}
-
-/// Which sample a parameter acts on, by the switches of its model.
-std::optional<MissingSample> NeededFor(At position, const KineticParameters& p) {
-  switch (position) {
-    case At::Ks:
-      if (p[At::B] == 1) return MissingSample::LowCsForCells;
-      [[fallthrough]];
-    case At::u:
-      return p[At::u] == 1 ? MissingSample::LowCs : MissingSample::LowCsPower;
-    case At::Kis:
-    case At::v:
-      return MissingSample::HighCs;
-    case At::Kip:
-      return p[At::G] == 1 ? MissingSample::HighCpAiba : MissingSample::HighCp;
-    case At::CpAst:
-    case At::n:
-      return MissingSample::HalfOfCpAst;
-    case At::CxAst:
-    case At::m:
-      return MissingSample::HalfOfCxAst;
-    default:
-      return std::nullopt;
-  }
-}
-
-/// Whether a sample is one of those that `needed` names.
-bool Shows(MissingSample needed, const KineticParameters& p, const State& sample) {
-  switch (needed) {
-    case MissingSample::LowCs:
-      return sample.Cs < 2 * p[At::Ks];
-    case MissingSample::LowCsForCells:
-      return sample.Cs < 2 * p[At::Ks] * sample.Cx;
-    case MissingSample::LowCsPower:
-      return sample.Cs < 2 * std::pow(p[At::Ks], 1 / p[At::u]);
-    case MissingSample::HighCs:
-      return sample.Cs > p[At::Kis];
-    case MissingSample::HighCp:
-      return sample.Cp > p[At::Kip];
-    case MissingSample::HighCpAiba:
-      return sample.Cp > std::log(2) / p[At::Kip];
-    case MissingSample::HalfOfCpAst:
-      return sample.Cp > p[At::CpAst] / 2;
-    case MissingSample::HalfOfCxAst:
-      return sample.Cx > p[At::CxAst] / 2;
-  }
-  return true;
-}
 
 /// Judges one parameter after the other.
 class Judge {
@@ -111,7 +25,8 @@ class Judge {
         best_(best.begin(), best.end()),
         deviations_(deviations),
         score_(Objective(problem).Simulate(best).score),
-        linear_(Linearise(problem, best)) {
+        linear_(Linearise(problem, best)),
+        around_(problem, best, linear_.free) {
     if (linear_.freedom <= 0) return;
     const double t = StudentQuantile(kIntervalLevel, linear_.freedom);
     threshold_ = score_ * (1 + t * t / linear_.freedom);
@@ -154,7 +69,7 @@ class Judge {
   }
 
   bool IsOpenAt(double bound, std::size_t j) {
-    const double score = HeldAt(bound, j, problem_, best_);
+    const double score = around_.HeldAt(bound, j);
     lowest_ = std::min(lowest_, score);
     return score <= threshold_;
   }
@@ -166,7 +81,7 @@ class Judge {
     double strongest = 0;
     std::size_t partner = own;
     for (std::size_t i = 0; i < linear_.free.size(); ++i) {
-      const double correlation = i == own ? 0 : linear_.Correlation(own, i);
+      const double correlation = i == own ? 0 : CorrelationOf(own, i);
       if (std::fabs(correlation) <= std::fabs(strongest)) continue;
       strongest = correlation;
       partner = i;
@@ -175,17 +90,15 @@ class Judge {
       Add(FindingKind::Together, strongest, problem_.variables[linear_.free[partner]].position);
   }
 
-  /// The experiments of a fit have one model.
+  /// Where the score has kinks, small differences see only the tooth on which the optimum stands.
+  double CorrelationOf(std::size_t a, std::size_t b) const {
+    const double near = linear_.Correlation(a, b), wide = around_.Correlation(a, b);
+    return std::fabs(near) <= kCorrelated && std::fabs(near) < std::fabs(wide) ? wide : near;
+  }
+
   void JudgeSamples(std::size_t j) {
-    if (problem_.rows.empty()) return;
-    KineticParameters p = problem_.rows.front();
-    for (std::size_t i = 0; i < best_.size(); ++i) p[problem_.variables[i].position] = best_[i];
-    const auto needed = NeededFor(problem_.variables[j].position, p);
-    if (!needed) return;
-    const bool shown = AnySample(problem_, best_, [&](const auto& at, const State& sample) {
-      return Shows(*needed, at, sample);
-    });
-    if (!shown) findings_.push_back({FindingKind::NoData, 0, At::muMax, *needed});
+    if (const auto missing = MissingFor(problem_.variables[j].position, problem_, best_))
+      findings_.push_back({FindingKind::NoData, 0, At::muMax, *missing});
   }
 
   void JudgeDeviation(std::size_t j) {
@@ -198,6 +111,7 @@ class Judge {
   const std::span<const double> deviations_;
   const double score_;
   const Linearisation linear_;
+  const Neighbourhood around_;
   double threshold_ = std::numeric_limits<double>::infinity();  // of a score that is as good
   double lowest_ = std::numeric_limits<double>::infinity();
   std::vector<Finding> findings_;

@@ -10,6 +10,7 @@
 
 #include "estimation/Deviations.h"
 #include "estimation/SearchResult.h"
+#include "inference/ActingSamples.h"
 #include "inference/Randomness.h"
 
 namespace velmora {
@@ -24,18 +25,6 @@ enum class FindingKind : std::uint8_t {
   NotAlone,       // the residuals do not tell it from others at all
   NoData,         // no sample where it acts; `where` says which is missing
   WideDeviation,  // the stated deviation is larger than the value
-};
-
-/// What is missing where a parameter acts; the texts from `TextId::NoLowCs` on stand in this order.
-enum class MissingSample : std::uint8_t {
-  LowCs,          // Cs below 2 Ks
-  LowCsForCells,  // Cs below 2 Ks Cx (Contois)
-  LowCsPower,     // Cs below 2 Ks^(1/u) (Moser)
-  HighCs,         // Cs above Kis
-  HighCp,         // Cp above Kip (Hoppe)
-  HighCpAiba,     // Cp above ln 2/Kip, where growth is halved
-  HalfOfCpAst,    // Cp above half of Cp*
-  HalfOfCxAst,    // Cx above half of Cx*
 };
 
 struct Finding {
@@ -63,8 +52,8 @@ struct ParameterVerdicts {
 /// Judges the parameters at `best`, the optimum, as long as the problem's variables. A side is open
 /// where the parameter held at its bound and the others fitted again give a score within the 95 %
 /// threshold of the likelihood profile (Bates and Watts 1988). Correlations are those of the
-/// linearisation. Samples are those that are scored. `deviations` are the stated ones; empty where
-/// there are none.
+/// linearisation, or of wider differences where these are the stronger ones. Samples are those that
+/// are scored. `deviations` are the stated ones; empty where there are none.
 ParameterVerdicts JudgeParameters(const FitProblem& problem, std::span<const double> best,
                                   std::span<const double> deviations);
 

@@ -71,6 +71,13 @@ TEST_F(Fit, SaysWhatTheDataTell) {
             "aberto acima: com 100, seu limite superior, o ajuste é quase tão bom");
   EXPECT_EQ(fit.at("verdict").at("kind"), "sound");
   EXPECT_EQ(fit.at("verdict").at("worstPoint").at("time"), 16);
+  // The score of the nine batches has kinks on which the optimum looks steep from nearby; the three
+  // parameters can all be larger or smaller together.
+  const json yeast = json::parse(RunCli("fit " + kExamples + "yeast-nine.abr " + kExamples +
+                                        "yeast-nine-conditions.abr --json")
+                                     .out);
+  EXPECT_EQ(yeast.at("parameters").at(0).at("verdict").at("kind"), "open above");
+  EXPECT_EQ(yeast.at("parameters").at(2).at("verdict").at("kind"), "only together");
   const json hasty = json::parse(RunCli("fit " + kBoth + "--method ED --json").out);
   EXPECT_EQ(hasty.at("verdict").at("kind"), "not at the minimum");
 }
