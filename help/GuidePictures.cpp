@@ -63,9 +63,6 @@ void Press(QWidget& frame, const char* name) {
 QMap<QString, QImage> TakePictures(Language language, const QString& examplesFolder) {
   Session session;
   session.language = language;
-  // A search that goes on to the minimum, as the guide's first fit asks for.
-  session.settings.NPOP = 10000;
-  session.settings.EPS = 0.0000001;
   Agreeing dialogs(session);
   dialogs.files = {examplesFolder + QStringLiteral("/molasses.abr"),
                    examplesFolder + QStringLiteral("/molasses-conditions.abr")};
@@ -99,7 +96,6 @@ QMap<QString, QImage> TakePictures(Language language, const QString& examplesFol
   dlgIntervalos interval(session, dialogs, measured, measured);
   pictures[QStringLiteral("interval")] = Picture(interval);
 
-  session.settings = {};
   frmParametros settings(session, dialogs);
   pictures[QStringLiteral("settings")] = Picture(settings);
   frmSobre about(session);
