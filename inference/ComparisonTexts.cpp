@@ -52,16 +52,19 @@ std::vector<std::string> CellsOf(const ComparedModel& compared, double leastCrit
           VerdictOf(compared, style.language)};
 }
 
-/// "Monod, Contois (0.4, 0.3)": their names, and how much of the weight they have together.
-std::string LevelRemark(std::span<const ComparedModel> level, TextStyle style) {
+std::string NamesOf(std::span<const ComparedModel> models) {
   std::string names;
-  double weight = 0;
-  for (const ComparedModel& compared : level) {
+  for (const ComparedModel& compared : models)
     names += (names.empty() ? "" : ", ") + std::string(compared.model->name);
-    weight += compared.weight;
-  }
+  return names;
+}
+
+/// Their names, and how much of the weight they have together.
+std::string LevelRemark(std::span<const ComparedModel> level, TextStyle style) {
+  double weight = 0;
+  for (const ComparedModel& compared : level) weight += compared.weight;
   return Filled(TextId::ModelsNotToldApart, style.language,
-                {names, Formatted(100 * weight, {0, 0}, style.separator)});
+                {NamesOf(level), Formatted(100 * weight, {0, 0}, style.separator)});
 }
 
 }  // namespace
@@ -98,6 +101,11 @@ std::vector<std::string> ComparisonRemarks(const Comparison& comparison,
   std::vector<std::string> lines;
   if (const auto level = comparison.Level(); level.size() > 1)
     lines.push_back(LevelRemark(level, style));
+  std::vector<ComparedModel> doubtful;
+  for (const ComparedModel& compared : comparison.Level())
+    if (FewAgree(compared.result.agreeing, compared.result.starts)) doubtful.push_back(compared);
+  if (!doubtful.empty())
+    lines.push_back(Filled(TextId::PlacesMayChange, style.language, {NamesOf(doubtful)}));
   const auto ranked = comparison.Ranked();
   if (!ranked.empty() && std::isinf(ranked.back().criterion))
     lines.push_back(

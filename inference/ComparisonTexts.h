@@ -23,8 +23,8 @@ std::vector<std::vector<std::string>> ComparisonCells(const Comparison& comparis
 std::string WhyNotRanked(const ComparedModel& compared, std::span<const Experiment> experiments,
                          Language language);
 
-/// What is to be said beside the cells, a line each: models that the data do not tell apart, an
-/// infinite AICc, models without a rank.
+/// What is to be said beside the cells, a line each: models that the data do not tell apart, those
+/// of the best whose starts disagree, an infinite AICc, models without a rank.
 std::vector<std::string> ComparisonRemarks(const Comparison& comparison,
                                            std::span<const Experiment> experiments,
                                            TextStyle style);

@@ -79,7 +79,7 @@ std::vector<std::string> RunVerdictLines(const FitVerdict& verdict, const FitPro
   if (verdict.betterScore)
     lines.push_back(Filled(TextId::BesideTheMinimum, style.language,
                            {PlainText(*verdict.betterScore, style.separator, kDigits)}));
-  if (verdict.FewAgree())
+  if (FewAgree(verdict.agreeing, verdict.starts))
     lines.push_back(Filled(TextId::FewStartsAgree, style.language,
                            {std::to_string(verdict.agreeing), std::to_string(verdict.starts)}));
   for (const Trend& trend : verdict.trends) lines.push_back(Worded(trend, problem, style));

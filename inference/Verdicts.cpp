@@ -119,7 +119,7 @@ class Judge {
 
 RunKind KindOf(const FitVerdict& verdict) {
   if (verdict.betterScore) return RunKind::NotAtMinimum;
-  if (verdict.FewAgree()) return RunKind::StartsDisagree;
+  if (FewAgree(verdict.agreeing, verdict.starts)) return RunKind::StartsDisagree;
   return verdict.trends.empty() ? RunKind::Sound : RunKind::NotRandom;
 }
 
@@ -130,7 +130,7 @@ std::size_t ParameterVerdicts::CountDetermined() const {
       of.begin(), of.end(), [](const ParameterVerdict& verdict) { return verdict.Determined(); }));
 }
 
-bool FitVerdict::FewAgree() const {
+bool FewAgree(int agreeing, int starts) {
   return starts > 0 && agreeing < kFewAgree;
 }
 

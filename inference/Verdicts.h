@@ -73,10 +73,11 @@ struct FitVerdict {
   std::vector<Trend> trends;
   std::optional<WorstPoint> worst;
   ParameterVerdicts parameters;
-
-  /// Whether so few starts came to this optimum that another seed may find another one.
-  bool FewAgree() const;
 };
+
+/// Whether a method makes starts, but so few came to one optimum that another seed may find
+/// another.
+bool FewAgree(int agreeing, int starts);
 
 /// Judges the best values of a search that has a result.
 FitVerdict JudgeFit(const FitProblem& problem, const SearchResult& result,

@@ -421,6 +421,7 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::NoRangeFor, "the measured values say nothing of {1}: what it acts on is 0 throughout", "os valores medidos nada dizem de {1}: aquilo em que atua é sempre 0"},
     {TextId::NotRanked, "Without a rank: {1}: {2}.", "Sem posição: {1}: {2}."},
     {TextId::ModelsNotToldApart, "The data do not tell these models apart (AICc less than 2 above the best; together {2} % of the weight): {1}.", "Os dados não distinguem estes modelos (AICc menos de 2 acima do melhor; juntos, {2} % do peso): {1}."},
+    {TextId::PlacesMayChange, "Few starts agree in {1}: another seed (--iu) may change their places.", "Poucas partidas concordam em {1}: outra semente (--iu) pode mudar suas posições."},
     {TextId::TooFewForCriterion, "{1} values are too few for the AICc of the models with ∞: it needs three more than fitted parameters. These models have no weight.", "{1} valores são poucos para o AICc dos modelos com ∞: precisa de três a mais que os parâmetros ajustados. Esses modelos não têm peso."},
     {TextId::BestModel, "Best model: {1}", "Melhor modelo: {1}"},
 

@@ -294,6 +294,7 @@ enum class TextId : std::int16_t {
   NoRangeFor,
   NotRanked,
   ModelsNotToldApart,
+  PlacesMayChange,
   TooFewForCriterion,
   BestModel,
 

@@ -129,6 +129,11 @@ TEST(Comparison, KeepsWhatIsDoneWhereItIsStopped) {
   EXPECT_EQ(ComparisonRemarks(comparison, batches.problem.experiments, {}).back(),
             "Without a rank: Lee: stopped before the end of its search.");
   EXPECT_EQ(user.last, 1);
+
+  Comparison doubtful = comparison;
+  doubtful.models[0].result.agreeing = 2;
+  EXPECT_EQ(ComparisonRemarks(doubtful, batches.problem.experiments, {}).front(),
+            "Few starts agree in Monod: another seed (--iu) may change their places.");
 }
 
 }  // namespace
