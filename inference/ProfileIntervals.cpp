@@ -3,6 +3,7 @@
 #include <limits>
 
 #include "estimation/Descent.h"
+#include "estimation/Polish.h"
 #include "inference/Intervals.h"
 #include "inference/Student.h"
 
@@ -11,10 +12,12 @@ namespace {
 
 constexpr double kFirstStep = 0.01;  // of a component
 constexpr double kLongestStep = 0.1;
-constexpr double kRisePerStep = 0.5;   // of the limit: how far a step should go
-constexpr int kMostSteps = 60;         // of one side
-constexpr int kIterations = 40;        // of a fit of the others
-constexpr double kCloseEnough = 1e-3;  // of the limit
+constexpr double kRisePerStep = 0.5;     // of the limit: how far a step should go
+constexpr int kMostSteps = 60;           // of one side
+constexpr int kIterations = 40;          // of a fit of the others
+constexpr double kSimplexEdge = 0.05;    // of a component
+constexpr int kSimplexEvaluations = 60;  // for each of the others
+constexpr double kCloseEnough = 1e-3;    // of the limit
 constexpr int kMostHalvings = 12;
 constexpr double kClearGain = 1e-3;  // of the score
 
@@ -42,6 +45,10 @@ class Profile {
     variance_ = best_.score / freedom;
     limit_ = StudentQuantile(kIntervalLevel, static_cast<int>(freedom));
     points_.push_back({ValueAt(best_.component), best_.score});
+    Descent descent = BeginDescent(at_, whole_);
+    // Differences across a jump would explain the rise that is looked for.
+    descent.normal = Eigen::MatrixXd::Zero(at_.size(), at_.size());
+    kinked_ = HasKink(descent, whole_);
   }
 
   Interval Find() {
@@ -90,9 +97,21 @@ class Profile {
       Descent other = BeginDescent(best_.others, landscape);
       Descend(other, kIterations, landscape);
       if (other.score < descent.score) descent = other;
+      if (kinked_ && std::isfinite(descent.score)) LookPastKinks(descent, landscape);
     }
     points_.push_back({ValueAt(component), descent.score});
     return {component, descent.score, descent.at};
+  }
+
+  /// A simplex wider than the kinks steps over those that hold a descent.
+  void LookPastKinks(Descent& descent, Landscape& landscape) const {
+    const Eigen::Index size = descent.at.size();
+    const Eigen::MatrixXd edges = kSimplexEdge * Eigen::MatrixXd::Identity(size, size);
+    Found found{descent.at, descent.score};
+    WalkSimplex(found, edges, kSimplexEvaluations * static_cast<int>(size), landscape);
+    Descent after = BeginDescent(found.at, landscape);
+    Descend(after, kIterations, landscape);
+    if (after.score < descent.score) descent = after;
   }
 
   /// Walks from the best towards a bound; nothing where the score stays low as far as there.
@@ -133,7 +152,8 @@ class Profile {
   const Place at_;
   Point best_;
   double variance_ = 0;
-  double limit_ = 0;  // of tau
+  double limit_ = 0;     // of tau
+  bool kinked_ = false;  // the score, at the best
   std::vector<ProfilePoint> points_;
 };
 
