@@ -10,6 +10,7 @@
 #include "cli/FitProgress.h"
 #include "cli/Given.h"
 #include "cli/Json.h"
+#include "data/SafeSave.h"
 #include "inference/ComparisonTexts.h"
 #include "language/Numbers.h"
 #include "report/ComparisonReport.h"
@@ -110,6 +111,7 @@ void RefuseInputAsReport(const CompareOptions& options, const Wording& say) {
   if (!options.report) return;
   for (const std::string& input : {options.inputs.experiments, options.inputs.conditions})
     RequireOtherFile(input, *options.report, say);
+  RequireDone(TrySave(*options.report), say);
 }
 
 }  // namespace

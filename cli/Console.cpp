@@ -1,6 +1,9 @@
 #include "cli/Console.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
@@ -13,6 +16,37 @@ std::string Blanks(std::string_view text, std::size_t width) {
   return std::string(width > letters ? width - letters : 0, ' ');
 }
 
+struct Letter {
+  char32_t code;
+  std::size_t length;  // in bytes
+};
+
+/// The first letter of UTF-8 that is not empty; a byte that begins none stands for itself.
+Letter FirstLetter(std::string_view text) {
+  const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
+  std::size_t length = byte(0) < 0xC0 ? 1 : byte(0) < 0xE0 ? 2 : byte(0) < 0xF0 ? 3 : 4;
+  if (length > text.size()) length = 1;
+  char32_t code = length == 1 ? byte(0) : byte(0) & (0x7Fu >> length);
+  for (std::size_t i = 1; i < length; ++i) code = code << 6 | (byte(i) & 0x3Fu);
+  return {code, length};
+}
+
+bool IsObeyed(char32_t letter) {
+  if (letter == U'\t' || letter == U'\n') return false;
+  const auto among = [letter](char32_t first, char32_t last) {
+    return letter >= first && letter <= last;
+  };
+  return among(0, 0x1F) || among(0x7F, 0x9F) || letter == 0x61C || among(0x200E, 0x200F) ||
+         among(0x202A, 0x202E) || among(0x2066, 0x2069);
+}
+
+std::string Escaped(char32_t letter) {
+  std::array<char, 16> text{};
+  const char* const form = letter < 0x100 ? "\\x%02X" : "\\u%04X";
+  std::snprintf(text.data(), text.size(), form, static_cast<unsigned>(letter));
+  return text.data();
+}
+
 }  // namespace
 
 std::string Wording::Of(const FileFault& fault) const {
@@ -20,6 +54,9 @@ std::string Wording::Of(const FileFault& fault) const {
 }
 
 void Console::Print(std::string_view text) const {
+  const bool shown = isatty(STDOUT_FILENO) != 0;
+  const std::string visible = shown ? Visible(text) : std::string();
+  if (shown) text = visible;
   errno = 0;
   const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
   if (!written || std::fflush(stdout) != 0)
@@ -27,7 +64,7 @@ void Console::Print(std::string_view text) const {
 }
 
 void Console::Complain(std::string_view line) const {
-  Note("velmora-cli: " + OnOneLine(line) + "\n");
+  Note("velmora-cli: " + Visible(OnOneLine(line)) + "\n");
 }
 
 void Console::Note(std::string_view text) const {
@@ -42,6 +79,19 @@ std::string PlaceInFile(const std::string& path, int line) {
   std::string place = path + ":";
   if (line > 0) place.append(std::to_string(line)).append(":");
   return place + " ";
+}
+
+std::string Visible(std::string_view text) {
+  std::string visible;
+  while (!text.empty()) {
+    const auto [letter, length] = FirstLetter(text);
+    if (IsObeyed(letter))
+      visible += Escaped(letter);
+    else
+      visible += text.substr(0, length);
+    text.remove_prefix(length);
+  }
+  return visible;
 }
 
 std::size_t LettersIn(std::string_view text) {

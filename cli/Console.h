@@ -63,9 +63,10 @@ class Console {
  public:
   explicit Console(Language language) : say(language) {}
 
-  /// Writes to standard output at once; throws a `Failure` (File) where it cannot be written.
+  /// Writes to standard output at once, to a terminal as `Visible` makes it; throws a `Failure`
+  /// (File) where it cannot be written.
   void Print(std::string_view text) const;
-  /// Writes a line "velmora-cli: ..." to standard error.
+  /// Writes a line "velmora-cli: ..." to standard error, as `Visible` makes it.
   void Complain(std::string_view line) const;
   /// Writes to standard error as it stands.
   void Note(std::string_view text) const;
@@ -78,6 +79,11 @@ void RequireDone(const std::optional<FileFault>& fault, const Wording& say);
 
 /// "PATH:LINE: ", or "PATH: " where `line` is 0.
 std::string PlaceInFile(const std::string& path, int line);
+
+/// `text` (UTF-8) with what a terminal would obey instead of showing it as its number, "\x1B" or
+/// "\u202E": control characters but for tab and line feed, and marks that turn the direction of
+/// writing. A text from a file could move the cursor, or hide what it says.
+std::string Visible(std::string_view text);
 
 /// How many letters a text (UTF-8) has.
 std::size_t LettersIn(std::string_view text);

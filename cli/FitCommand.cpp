@@ -11,6 +11,7 @@
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
+#include "data/SafeSave.h"
 #include "estimation/Deviations.h"
 #include "estimation/ResultTexts.h"
 #include "estimation/SearchResult.h"
@@ -143,10 +144,12 @@ ExitCode CodeOf(const EndedFit& fit, const StopSignals& signals) {
   return fit.result.fault || fit.deviations.fault ? ExitCode::Arithmetic : ExitCode::Done;
 }
 
-void RefuseInputAsReport(const FitOptions& options, const Wording& say) {
+/// A report that cannot be written is told before the search.
+void RefuseReport(const FitOptions& options, const Wording& say) {
   if (!options.report) return;
   for (const std::string& input : {options.inputs.experiments, options.inputs.conditions})
     RequireOtherFile(input, *options.report, say);
+  RequireDone(TrySave(*options.report), say);
 }
 
 /// The intervals that were asked for, of a search that came to its end.
@@ -182,7 +185,7 @@ bool Show(const EndedFit& fit, const FitOptions& options, const FitProgress& pro
 
 ExitCode Run(const FitOptions& options, const Console& console) {
   const Wording& say = console.say;
-  RefuseInputAsReport(options, say);
+  RefuseReport(options, say);
   const EstimationSettings settings = SettingsOf(options.settings, say);
   Inputs inputs = LoadInputs(options.inputs, say);
   const Method method = MethodOf(options, inputs, say);

@@ -130,9 +130,8 @@ std::optional<FileFault> RefuseTarget(const struct stat& old, const std::string&
   return std::nullopt;
 }
 
-}  // namespace
-
-std::optional<FileFault> SafeSave(const std::string& path, std::string_view bytes) {
+/// What `SafeSave` does where there are bytes; without, all of it up to them.
+std::optional<FileFault> Save(const std::string& path, std::optional<std::string_view> bytes) {
   struct stat old {};
   const bool exists = stat(path.c_str(), &old) == 0;
   if (!exists && errno != ENOENT) return SystemFault(FileReason::CannotWrite, path);
@@ -146,12 +145,24 @@ std::optional<FileFault> SafeSave(const std::string& path, std::string_view byte
 
   constexpr mode_t kOwnerOnly = 0600, kUsual = 0666, kPermissions = 0777;
   TemporaryFile temporary(folder, exists ? kOwnerOnly : kUsual);
-  if (!temporary.IsOpen() || (exists && !temporary.SetPermissions(old.st_mode & kPermissions)) ||
-      !temporary.Fill(bytes) || !temporary.RenameTo(target.filename()))
+  if (!temporary.IsOpen() || (exists && !temporary.SetPermissions(old.st_mode & kPermissions)))
+    return SystemFault(FileReason::CannotWrite, path);
+  if (!bytes) return std::nullopt;
+  if (!temporary.Fill(*bytes) || !temporary.RenameTo(target.filename()))
     return SystemFault(FileReason::CannotWrite, path);
   // Some file systems cannot flush a folder. The new file stands in its place by now in any case.
   fsync(folder.Number());
   return std::nullopt;
+}
+
+}  // namespace
+
+std::optional<FileFault> SafeSave(const std::string& path, std::string_view bytes) {
+  return Save(path, bytes);
+}
+
+std::optional<FileFault> TrySave(const std::string& path) {
+  return Save(path, std::nullopt);
 }
 
 namespace {

@@ -15,6 +15,10 @@ namespace velmora {
 /// exists and is no regular file.
 std::optional<FileFault> SafeSave(const std::string& path, std::string_view bytes);
 
+/// Why `SafeSave` would refuse to write there, found out without leaving a trace: asked before the
+/// work whose result is to be saved.
+std::optional<FileFault> TrySave(const std::string& path);
+
 /// The bytes of a regular file, or why they cannot be had.
 struct FileBytes {
   std::string bytes;

@@ -1,4 +1,6 @@
 // The commands on the molasses example and on files made from it.
+#include <pty.h>
+
 #include <nlohmann/json.hpp>
 
 #include "tests/cli/CommandLine.h"
@@ -38,6 +40,21 @@ TEST_F(Cli, RefusesWithOneLineAndItsExitCode) {
   ExpectRefusal("fit " + kConditions + kMolasses, 3, ":2: this is a conditions file");
   ExpectRefusal("check " + kExamples + "README.md", 3, "README.md:2:");
   EXPECT_EQ(RunCli("fit --help").code, 0);
+}
+
+// A description can hold what clears the screen.
+TEST_F(Cli, ShowsATerminalWhatItWouldObey) {
+  const std::string odd = folder_ / "odd.abr";
+  WriteFile(odd, Replaced("molasses.abr", "\nA\r", "\nbefore\x1b[2Jafter \xE7\r"));
+  int terminal = 0, program = 0;
+  ASSERT_EQ(openpty(&terminal, &program, nullptr, nullptr, nullptr), 0);
+  ASSERT_EQ(Program({"check", odd}, {0, program}).Wait().code, 0);
+  std::string shown(4096, '\0');
+  shown.resize(static_cast<std::size_t>(read(terminal, shown.data(), shown.size())));
+  close(program);
+  close(terminal);
+  EXPECT_NE(shown.find("\"before\\x1B[2Jafter ç\""), std::string::npos) << shown;
+  EXPECT_NE(RunCli("check " + odd).out.find("before\x1b[2Jafter ç"), std::string::npos);
 }
 
 TEST_F(Cli, SaysWhatIsWrongInAFile) {

@@ -94,9 +94,8 @@ TEST_F(Fit, WritesAReportBesideTheResults) {
     ++charts;
   EXPECT_EQ(charts, 3);
 
-  const Ran unwritten = RunCli("fit " + kBoth + "--report /nowhere/fit.rtf");
-  EXPECT_EQ(unwritten.code, 3);
-  EXPECT_EQ(unwritten.out, RunCli("fit " + kBoth).out) << "the search is not lost";
+  ExpectRefusal("fit " + kBoth + "--report /nowhere/fit.rtf", 3, "/nowhere/fit.rtf: ");
+  ExpectRefusal("compare " + kBoth + "--report /nowhere/fit.rtf", 3, "/nowhere/fit.rtf: ");
 
   const std::string copy = folder_ / "copy.abr";
   WriteFile(copy, BytesOf(kExamples + "molasses.abr"));
