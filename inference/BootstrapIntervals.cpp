@@ -72,16 +72,6 @@ double Quantile(const std::vector<double>& ascending, double probability) {
   return ascending[below] + share * (ascending[above] - ascending[below]);
 }
 
-/// The normal quantile of the share of ascending values below `best`: how far their median lies
-/// off.
-double Bias(const std::vector<double>& ascending, double best) {
-  const auto [first, last] = std::equal_range(ascending.begin(), ascending.end(), best);
-  const double below =
-      static_cast<double>(first - ascending.begin()) + static_cast<double>(last - first) / 2;
-  const double count = static_cast<double>(ascending.size());
-  return NormalQuantile(std::clamp(below, 1.0, count - 1) / count);
-}
-
 }  // namespace
 
 Intervals BootstrapIntervals(const FitProblem& problem, std::span<const double> best,
@@ -104,14 +94,13 @@ Intervals BootstrapIntervals(const FitProblem& problem, std::span<const double> 
       components[j].push_back(place[static_cast<Eigen::Index>(j)]);
   }
   if (intervals.replicates == 0) return intervals;
-  const double t = StudentQuantile(kIntervalLevel, freedom);
+  const double outside = NormalProbability(-StudentQuantile(kIntervalLevel, freedom));
   for (std::size_t j = 0; j < best.size(); ++j) {
     std::sort(components[j].begin(), components[j].end());
     const auto at = static_cast<Eigen::Index>(j);
     Place lower = from, upper = from;
-    const double bias = Bias(components[j], from[at]);
-    lower[at] = Quantile(components[j], NormalProbability(2 * bias - t));
-    upper[at] = Quantile(components[j], NormalProbability(2 * bias + t));
+    lower[at] = Quantile(components[j], outside);
+    upper[at] = Quantile(components[j], 1 - outside);
     if (lower[at] > kAtBound) intervals.of[j].lower = landscape.CandidateAt(lower)[j];
     if (upper[at] < 1 - kAtBound) intervals.of[j].upper = landscape.CandidateAt(upper)[j];
   }

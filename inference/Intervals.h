@@ -60,9 +60,8 @@ Intervals ProfileIntervals(const FitProblem& problem, std::span<const double> be
 
 /// By fits to `replicates` sets of resampled data: the model's values and residuals drawn with
 /// replacement from those of the same variable and experiment, widened by sqrt(n/(n - D)) (Davison
-/// and Hinkley 1997). The interval is the bias-corrected percentile one (Efron 1987), its levels
-/// widened to Student's t (Hesterberg 2015). The draws begin from `seed`; ends sooner where
-/// `stopRequested` says so.
+/// and Hinkley 1997). The interval is the expanded percentile one (Hesterberg 2015). The draws
+/// begin from `seed`; ends sooner where `stopRequested` says so.
 Intervals BootstrapIntervals(const FitProblem& problem, std::span<const double> best,
                              int replicates, std::int32_t seed,
                              const std::function<bool()>& stopRequested);

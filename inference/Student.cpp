@@ -2,22 +2,8 @@
 
 #include <cmath>
 #include <numbers>
-#include <numeric>
 
 namespace velmora {
-namespace {
-
-/// Where `isBelow` ends to hold between `low` and `high`, to the last bit.
-template <class IsBelow>
-double Bisected(double low, double high, IsBelow isBelow) {
-  for (;;) {
-    const double middle = std::midpoint(low, high);
-    if (middle <= low || middle >= high) return middle;
-    (isBelow(middle) ? low : high) = middle;
-  }
-}
-
-}  // namespace
 
 double StudentProbability(double t, int freedom) {
   const double angle = std::atan(t / std::sqrt(static_cast<double>(freedom)));
@@ -35,19 +21,17 @@ double StudentProbability(double t, int freedom) {
 }
 
 double StudentQuantile(double probability, int freedom) {
-  const auto isBelow = [=](double t) { return StudentProbability(t, freedom) < probability; };
-  double high = 1;
-  while (isBelow(high)) high *= 2;
-  return Bisected(0, high, isBelow);
+  double low = 0, high = 1;
+  while (StudentProbability(high, freedom) < probability) high *= 2;
+  for (;;) {
+    const double middle = (low + high) / 2;
+    if (middle <= low || middle >= high) return middle;
+    (StudentProbability(middle, freedom) < probability ? low : high) = middle;
+  }
 }
 
 double NormalProbability(double z) {
   return std::erfc(-z / std::numbers::sqrt2) / 2;
-}
-
-double NormalQuantile(double probability) {
-  constexpr double kFar = 40;
-  return Bisected(-kFar, kFar, [=](double z) { return NormalProbability(z) < probability; });
 }
 
 }  // namespace velmora

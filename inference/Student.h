@@ -13,7 +13,4 @@ double StudentQuantile(double probability, int freedom);
 /// The standard normal distribution function.
 double NormalProbability(double z);
 
-/// The z for which it is `probability`, above 0 and below 1.
-double NormalQuantile(double probability);
-
 }  // namespace velmora
