@@ -31,7 +31,7 @@ constexpr double kKinkNear = 1.02;        // times the best: where a kink matter
 
 // A round that gains less is quiet.
 constexpr double kQuietGain = 1e-5;
-constexpr int kQuietRoundsAtKinks = 3;
+constexpr int kQuietRoundsAtKinks = 5;
 constexpr int kQuietRounds = 2;
 constexpr int kEnoughAgree = 4;
 
