@@ -50,10 +50,16 @@ order, a first sample that is not at 0 h, single points far off the others, and 
 that look like another unit. It changes nothing, and the exit code stays 0.)text";
 
 constexpr const char* kImportFooter = R"text(
-The first line names the columns: experiment, t, Cs, Cx, Cp, in any order, with units or
-without (t_h, "Cs (g/L)"); other columns are ignored, and so are lines that begin with #.
-Cells are separated by commas, semicolons or tabs. A cell that is empty or no number is an
-error, never 0.)text";
+A header line names the columns: experiment, t, Cs, Cx, Cp, in any order, with units or
+without (t_h, "Cs (g/L)"); where these are missing, names such as time, biomass, glucose,
+ethanol, tempo, células, substrato, produto, batch, run and ensaio do as well. Other
+columns are ignored, and so are lines that begin with #. Titles above the header and
+remarks below the data are left out and told.
+Cells are separated by commas, semicolons or tabs, or by what a first line "sep=;" says.
+The text is UTF-8, UTF-16 with its mark, or Windows-1252. A cell that is empty or no
+number is an error, never 0.
+The decimal mark is the one that the table shows: 20,5 shows a comma, 1.234,5 too. Where
+nothing shows it, 1,234 is refused; --decimal and --thousands decide.)text";
 
 // Before and behind the names of --set.
 constexpr const char* kConditionsFooter = R"text(
@@ -193,10 +199,16 @@ void AddSimulations(CLI::App& app, Options& options) {
 
 void AddImport(CLI::App& app, ImportOptions& import) {
   CLI::App* command = app.add_subcommand("import", "make an experiment file from a CSV table");
-  command->add_option("TABLE", import.table, "table, UTF-8")->required()->type_name("FILE.csv");
+  command->add_option("TABLE", import.table, "table")->required()->type_name("FILE.csv");
   AddOutput(*command, import.output);
   AddRepeated(*command, "--only", import.only, "keep only this experiment (may be repeated)")
       ->type_name("LABEL");
+  command->add_option("--decimal", import.decimal, "decimal mark of the numbers")
+      ->check(CLI::IsMember({"point", "comma"}).description(""))
+      ->type_name("point|comma");
+  command->add_option("--thousands", import.thousands, "mark between the thousands of a number")
+      ->check(CLI::IsMember({"point", "comma", "blank", "apostrophe", "none"}).description(""))
+      ->type_name("point|comma|blank|apostrophe|none");
   command->footer(kImportFooter);
 }
 

@@ -4,10 +4,12 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "cli/Console.h"
 #include "cli/Inputs.h"
+#include "data/NumberMarks.h"
 #include "estimation/EstimationSettings.h"
 #include "inference/Intervals.h"
 
@@ -30,10 +32,20 @@ ExitCode Run(const CheckOptions& options, const Console& console);
 struct ImportOptions {
   std::string table;
   std::string output;
-  std::vector<std::string> only;  // labels to keep; empty: all
+  std::vector<std::string> only;         // labels to keep; empty: all
+  std::optional<std::string> decimal;    // point or comma
+  std::optional<std::string> thousands;  // a key of `kThousandsNames`
 };
 
-/// Makes an experiment file from a spreadsheet's CSV table.
+/// The names of what stands between thousands.
+inline constexpr std::array<std::pair<const char*, Thousands>, 5> kThousandsNames = {
+    {{"point", Thousands::Point},
+     {"comma", Thousands::Comma},
+     {"blank", Thousands::Blank},
+     {"apostrophe", Thousands::Apostrophe},
+     {"none", Thousands::None}}};
+
+/// Makes an experiment file from a spreadsheet's CSV table, and tells what of it was left out.
 ExitCode Run(const ImportOptions& options, const Console& console);
 
 struct ConditionsOptions {

@@ -5,7 +5,6 @@
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
-#include "data/CsvTable.h"
 #include "data/ExperimentFile.h"
 #include "data/MeasuredTable.h"
 #include "data/SafeSave.h"
@@ -89,7 +88,19 @@ std::string ConditionsReport(const CheckOptions& options, std::string_view bytes
   if (fault.text == TextId::LabelMissing)
     throw Failure{ExitCode::Refused,
                   say(TextId::NoSuchLabel, {path, fault.arguments.at(0), fault.arguments.at(1)})};
-  throw Failure{ExitCode::File, PlaceInFile(path, fault.line) + FaultReason(fault, say.In())};
+  const std::string hint = fault.text == TextId::CellOfTwoReadings ? say(TextId::DecideMark) : "";
+  throw Failure{ExitCode::File,
+                PlaceInFile(path, fault.line) + FaultReason(fault, say.In()) + hint};
+}
+
+TableOptions TableOptionsOf(const ImportOptions& options, const Wording& say) {
+  TableOptions table{options.only};
+  if (options.decimal) table.decimal = options.decimal == "comma" ? ',' : '.';
+  for (const auto& [name, thousands] : kThousandsNames)
+    if (options.thousands == name) table.thousands = thousands;
+  if (options.decimal && options.decimal == options.thousands)
+    throw Failure{ExitCode::Usage, say(TextId::MarksAlike, {*options.decimal})};
+  return table;
 }
 
 }  // namespace
@@ -127,13 +138,17 @@ ExitCode Run(const CheckOptions& options, const Console& console) {
 
 ExitCode Run(const ImportOptions& options, const Console& console) {
   RequireOtherFile(options.table, options.output, console.say);
+  const TableOptions tableOptions = TableOptionsOf(options, console.say);
   const FileBytes file = ReadWholeFile(options.table);
   RequireDone(file.fault, console.say);
-  const TableRead table = ReadTable(file.bytes, options.only);
+  const TableRead table = ReadTable(file.bytes, tableOptions);
   if (table.fault) Refuse(*table.fault, options.table, console.say);
   RequireDone(WriteExperiments(table.lists, options.output), console.say);
   console.Print(
       console.say(TextId::Written, {options.output, std::to_string(table.lists.Count())}) + "\n");
+  for (const TableFault& remark : table.remarks)
+    console.Print(PlaceInFile(options.table, remark.line) + FaultReason(remark, console.say.In()) +
+                  "\n");
   return ExitCode::Done;
 }
 

@@ -4,25 +4,28 @@
 #include <array>
 #include <optional>
 
-#include "data/Windows1252.h"
-
 namespace velmora {
 namespace {
 
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view kLineEnds = "\r\n";
 constexpr std::string_view kSeparators = "\t;,";  // the first of equals is taken
 constexpr char kQuote = '"';
 constexpr char kComment = '#';
+constexpr std::string_view kSeparatorMark = "sep=";
+constexpr int kMostTitles = 30;  // rows above the header
 
 class CsvParser {
  public:
-  explicit CsvParser(std::string_view text) : rest_(text) {}
+  explicit CsvParser(std::string_view text) : rest_(text) { PassSeparatorLine(); }
 
   /// The next row that is neither a comment nor empty.
   std::optional<CsvRow> NextRow();
+  /// Goes on with the separator of the row that was read last.
+  void KeepSeparator() { kept_ = true; }
+  char Separator() const { return separator_; }
 
  private:
+  void PassSeparatorLine();
   void PassIdleLines();
   void PassLineEnd();
   void PassBlanks();
@@ -32,7 +35,8 @@ class CsvParser {
 
   std::string_view rest_;
   int line_ = 1;
-  char separator_ = 0;  // until the header is seen
+  char separator_ = 0;
+  bool kept_ = false;  // else each row has the separator of its own line
 };
 
 /// The separator that stands most often in the line, outside quotes.
@@ -52,6 +56,15 @@ void CsvParser::PassLineEnd() {
   if (rest_.empty()) return;
   rest_.remove_prefix(rest_.starts_with("\r\n") ? 2 : 1);
   ++line_;
+}
+
+void CsvParser::PassSeparatorLine() {
+  const std::string_view line = rest_.substr(0, rest_.find_first_of(kLineEnds));
+  if (!line.starts_with(kSeparatorMark) || line.size() != kSeparatorMark.size() + 1) return;
+  separator_ = line.back();
+  kept_ = true;
+  rest_.remove_prefix(line.size());
+  PassLineEnd();
 }
 
 void CsvParser::PassBlanks() {
@@ -79,7 +92,7 @@ std::string CsvParser::QuotedCell() {
   int lines = 0;
   for (rest_.remove_prefix(1);; rest_.remove_prefix(1)) {
     if (rest_.empty()) throw TableFault{TextId::BadQuote, {}, line_};
-    if (rest_.front() == '\n') ++lines;
+    if (rest_.front() == '\n' || (rest_.front() == '\r' && !rest_.starts_with("\r\n"))) ++lines;
     if (rest_.starts_with("\"\""))
       rest_.remove_prefix(1);
     else if (rest_.front() == kQuote)
@@ -106,7 +119,7 @@ std::optional<CsvRow> CsvParser::NextRow() {
   for (;;) {
     PassIdleLines();
     if (rest_.empty()) return std::nullopt;
-    if (separator_ == 0) separator_ = SeparatorOf(rest_.substr(0, rest_.find_first_of(kLineEnds)));
+    if (!kept_) separator_ = SeparatorOf(rest_.substr(0, rest_.find_first_of(kLineEnds)));
     CsvRow row{line_, {Cell()}};
     while (!rest_.empty() && rest_.front() == separator_) {
       rest_.remove_prefix(1);
@@ -118,32 +131,42 @@ std::optional<CsvRow> CsvParser::NextRow() {
   }
 }
 
-void RequireUtf8(std::string_view text) {
-  int line = 1;
-  for (std::size_t length; !text.empty(); text.remove_prefix(length)) {
-    length = LetterLength(text);
-    if (length == 0) throw TableFault{TextId::NotUtf8, {}, line};
-    if (text.front() == '\n') ++line;
+/// The next row, nothing at the end and where a quote is bad.
+std::optional<CsvRow> Candidate(CsvParser& parser) {
+  try {
+    return parser.NextRow();
+  } catch (const TableFault&) {
+    return std::nullopt;
   }
+}
+
+/// How many rows stand above the header.
+std::size_t TitlesOf(CsvParser parser, const HeaderSigns& signs) {
+  std::size_t titles = 0;
+  int most = 0;
+  for (std::size_t row = 0; row <= kMostTitles; ++row) {
+    const std::optional<CsvRow> candidate = Candidate(parser);
+    if (!candidate) break;
+    const int named = signs.Named(candidate->cells);
+    if (named <= most) continue;
+    most = named;
+    titles = row;
+  }
+  return titles;
 }
 
 }  // namespace
 
-std::string FaultReason(const TableFault& fault, Language language) {
-  std::string reason =
-      Filled(fault.text, language,
-             std::vector<std::string_view>(fault.arguments.begin(), fault.arguments.end()));
-  if (fault.row == 0) return reason;
-  return Filled(TextId::AtCell, language, {std::to_string(fault.row), fault.column, reason});
-}
-
-CsvTable ParseCsv(std::string_view text) {
-  RequireUtf8(text);
-  if (text.starts_with(kByteOrderMark)) text.remove_prefix(kByteOrderMark.size());
+CsvTable ParseCsv(std::string_view text, const HeaderSigns& signs) {
   CsvParser parser(text);
+  CsvTable table;
+  for (std::size_t titles = TitlesOf(parser, signs); titles > 0; --titles)
+    table.titles.push_back(parser.NextRow().value());
   std::optional<CsvRow> header = parser.NextRow();
   if (!header) throw TableFault{TextId::NoHeader, {}};
-  CsvTable table{std::move(*header), {}};
+  table.header = std::move(*header);
+  parser.KeepSeparator();
+  table.separator = parser.Separator();
   while (std::optional<CsvRow> row = parser.NextRow()) table.rows.push_back(std::move(*row));
   return table;
 }

@@ -5,21 +5,9 @@
 #include <string_view>
 #include <vector>
 
-#include "language/Texts.h"
+#include "data/TableFault.h"
 
 namespace velmora {
-
-/// Why a table cannot be read: thrown while it is, and worded where it is told.
-struct TableFault {
-  TextId text;
-  std::vector<std::string> arguments;  // of the text
-  int line = 0;                        // of the file, from 1; 0 where no line is concerned
-  int row = 0;           // of the data, from 1, with its column: where a cell is meant
-  std::string column{};  // its header
-};
-
-/// The fault on one line, UTF-8, without the file's name and line.
-std::string FaultReason(const TableFault& fault, Language language);
 
 struct CsvRow {
   int line = 0;                    // of the file, from 1
@@ -27,14 +15,25 @@ struct CsvRow {
 };
 
 struct CsvTable {
+  std::vector<CsvRow> titles;  // what stands above the header
   CsvRow header;
   std::vector<CsvRow> rows;
+  char separator = 0;  // between cells
 };
 
-/// The table of a UTF-8 text, with or without byte order mark. Cells are separated by whichever of
-/// TAB, semicolon and comma the header line has most of; a cell in double quotes may hold
-/// separators, line breaks and doubled quotes. Lines that begin with # and lines without content
-/// are passed over, rows of empty cells too. Throws a `TableFault`.
-CsvTable ParseCsv(std::string_view text);
+/// Tells a header line from titles above it.
+class HeaderSigns {
+ public:
+  virtual ~HeaderSigns() = default;
+  /// How many of the columns looked for the cells name; 0: this is no header.
+  virtual int Named(const std::vector<std::string>& cells) const = 0;
+};
+
+/// The table of a UTF-8 text. The header is the line of the first ones that names most columns, and
+/// the first line where none names any. Cells are separated by what a first line "sep=;" says, else
+/// by whichever of TAB, semicolon and comma the header line has most of; a cell in double quotes
+/// may hold separators, line breaks and doubled quotes. Lines that begin with # and lines without
+/// content are passed over, rows of empty cells too. Throws a `TableFault`.
+CsvTable ParseCsv(std::string_view text, const HeaderSigns& signs);
 
 }  // namespace velmora

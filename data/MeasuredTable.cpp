@@ -1,99 +1,138 @@
 #include "data/MeasuredTable.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstdint>
-#include <initializer_list>
 #include <map>
 #include <optional>
 #include <set>
 
+#include "data/CsvTable.h"
 #include "data/ExperimentEntry.h"
+#include "data/TableColumns.h"
+#include "data/TableText.h"
 #include "language/Numbers.h"
 
 namespace velmora {
 namespace {
 
-constexpr std::size_t kNoColumn = std::string::npos;
+constexpr std::array kMeasured = {Quantity::Time, Quantity::Substrate, Quantity::Cells,
+                                  Quantity::Product};
 
-struct Columns {
-  std::size_t experiment = kNoColumn;
-  std::size_t t = kNoColumn;
-  std::size_t Cs = kNoColumn;
-  std::size_t Cx = kNoColumn;
-  std::size_t Cp = kNoColumn;
-};
+std::string_view Trimmed(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(" \t"), text.size()));
+  return text.substr(0, text.find_last_not_of(" \t") + 1);
+}
 
-/// The first word of a header in small letters: "t" of "t (h)", "cs" of "Cs_g_per_L".
-std::string FirstWord(std::string_view header) {
-  std::string word;
-  for (const char c : header) {
-    const char small = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-    const bool letter = small >= 'a' && small <= 'z';
-    const bool digit = c >= '0' && c <= '9';
-    const bool beyondAscii = static_cast<unsigned char>(c) >= 0x80;
-    if (!letter && !digit && !beyondAscii) break;
-    word += small;
-  }
-  return word;
+bool IsEmpty(const std::string& cell) {
+  return cell.empty();
 }
 
 class MeasuredTable {
  public:
-  explicit MeasuredTable(const CsvTable& table) : table_(table) {}
+  MeasuredTable(CsvTable table, const TableOptions& options);
 
-  ExperimentLists Experiments(const std::vector<std::string>& only);
+  ExperimentLists Experiments();
+  /// What is not data, told.
+  std::vector<TableFault>& Remarks() { return remarks_; }
 
  private:
-  void FindColumns();
-  std::size_t Column(std::initializer_list<std::string_view> words, std::string_view name,
-                     bool needed) const;
+  void LeaveOutFooters();
+  bool IsFooter(const CsvRow& row, const std::set<std::string>& labels) const;
+  void TellLeftOut(const CsvRow& row);
+  void FindMarks();
+  std::optional<char> DecimalMarkIn(std::string_view number) const;
+  bool HasTwoReadings(std::string_view number) const;
   void CheckWidth(std::size_t row) const;
   std::string Label(std::size_t row) const;
   Experiment& ExperimentLabelled(const std::string& label);
   void AddPoint(std::size_t row, Experiment& experiment);
-  double Value(std::size_t row, std::size_t column);
-  const std::string& Cell(std::size_t row, std::size_t column) const;
-  void RequireLabels(const std::vector<std::string>& only) const;
+  double Value(std::size_t row, Quantity quantity) const;
+  std::string PlainNumber(std::size_t row, std::size_t column) const;
+  void RequireLabels() const;
 
-  [[noreturn]] void FailAt(std::size_t row, std::size_t column, TextId text) const;
+  [[noreturn]] void FailAt(std::size_t row, std::size_t column, TextId text,
+                           std::vector<std::string> more = {}) const;
 
-  const CsvTable& table_;
-  Columns columns_;
-  char mark_ = 0;  // the decimal mark, once a number has shown it
+  CsvTable table_;
+  const TableOptions& options_;
+  TableColumns columns_;
+  NumberMarks marks_;
+  std::vector<TableFault> remarks_;
   std::vector<Experiment> experiments_;
   std::map<std::string, std::size_t> places_;  // of the labels in experiments_
 };
 
-void MeasuredTable::FailAt(std::size_t row, std::size_t column, TextId text) const {
-  throw TableFault{text,
-                   {OnOneLine(Cell(row, column))},
-                   table_.rows[row].line,
-                   static_cast<int>(row) + 1,
+const std::string& CellOf(const CsvRow& row, std::size_t column) {
+  static const std::string kAbsent;
+  return column < row.cells.size() ? row.cells[column] : kAbsent;
+}
+
+bool BeginsLikeANumber(std::string_view text) {
+  const std::size_t first = text.find_first_not_of("+-., \t");
+  return first != std::string_view::npos && text[first] >= '0' && text[first] <= '9';
+}
+
+MeasuredTable::MeasuredTable(CsvTable table, const TableOptions& options)
+    : table_(std::move(table)), options_(options), columns_(table_.header) {
+  for (const CsvRow& title : table_.titles) TellLeftOut(title);
+  LeaveOutFooters();
+  FindMarks();
+}
+
+void MeasuredTable::TellLeftOut(const CsvRow& row) {
+  const auto first = std::find_if_not(row.cells.begin(), row.cells.end(), IsEmpty);
+  remarks_.push_back({TextId::LineLeftOut, {OnOneLine(*first)}, row.line});
+}
+
+/// A sum or a remark below the data; a row of a known experiment or with a gap for its time is
+/// none.
+bool MeasuredTable::IsFooter(const CsvRow& row, const std::set<std::string>& labels) const {
+  const auto experiment = columns_.Experiment();
+  if (experiment && labels.contains(CellOf(row, *experiment))) return false;
+  const auto first = std::find_if_not(row.cells.begin(), row.cells.end(), IsEmpty);
+  return !BeginsLikeANumber(*first) && !BeginsLikeANumber(CellOf(row, columns_.Of(Quantity::Time)));
+}
+
+void MeasuredTable::LeaveOutFooters() {
+  const auto isData = [this](const CsvRow& row) {
+    return BeginsLikeANumber(CellOf(row, columns_.Of(Quantity::Time)));
+  };
+  const auto end = std::find_if(table_.rows.rbegin(), table_.rows.rend(), isData).base();
+  std::set<std::string> labels;
+  if (const auto experiment = columns_.Experiment())
+    for (auto row = table_.rows.begin(); row != end; ++row)
+      labels.insert(CellOf(*row, *experiment));
+  const bool allFooters =
+      std::all_of(end, table_.rows.end(), [&](const CsvRow& row) { return IsFooter(row, labels); });
+  if (end == table_.rows.begin() || !allFooters) return;
+  for (auto row = end; row != table_.rows.end(); ++row) TellLeftOut(*row);
+  table_.rows.erase(end, table_.rows.end());
+}
+
+/// Where other marks stand between thousands, each point or comma is the decimal mark.
+std::optional<char> MeasuredTable::DecimalMarkIn(std::string_view number) const {
+  if (options_.thousands && TwoReadings(number)) return number[number.find_first_of(".,")];
+  return DecimalMarkShownBy(number);
+}
+
+void MeasuredTable::FindMarks() {
+  marks_.thousands = options_.thousands;
+  if (options_.thousands == Thousands::Point) marks_.decimal = ',';
+  if (options_.thousands == Thousands::Comma) marks_.decimal = '.';
+  if (options_.decimal) marks_.decimal = *options_.decimal;
+  for (const CsvRow& row : table_.rows)
+    for (const Quantity quantity : kMeasured)
+      if (marks_.decimal == 0)
+        marks_.decimal = DecimalMarkIn(Trimmed(CellOf(row, columns_.Of(quantity)))).value_or(0);
+}
+
+void MeasuredTable::FailAt(std::size_t row, std::size_t column, TextId text,
+                           std::vector<std::string> more) const {
+  more.insert(more.begin(), OnOneLine(CellOf(table_.rows[row], column)));
+  throw TableFault{text, std::move(more), table_.rows[row].line, static_cast<int>(row) + 1,
                    OnOneLine(table_.header.cells[column])};
-}
-
-std::size_t MeasuredTable::Column(std::initializer_list<std::string_view> words,
-                                  std::string_view name, bool needed) const {
-  const auto& headers = table_.header.cells;
-  std::size_t found = kNoColumn;
-  for (std::size_t column = 0; column < headers.size(); ++column) {
-    if (std::find(words.begin(), words.end(), FirstWord(headers[column])) == words.end()) continue;
-    if (found != kNoColumn)
-      throw TableFault{TextId::ColumnTwice, {std::string(name)}, table_.header.line};
-    found = column;
-  }
-  if (needed && found == kNoColumn)
-    throw TableFault{TextId::MissingColumn, {std::string(name)}, table_.header.line};
-  return found;
-}
-
-void MeasuredTable::FindColumns() {
-  columns_.experiment = Column({"experiment", "experimento", "exp"}, "experiment", false);
-  columns_.t = Column({"t", "time", "tempo"}, "t", true);
-  columns_.Cs = Column({"cs"}, "Cs", true);
-  columns_.Cx = Column({"cx"}, "Cx", true);
-  columns_.Cp = Column({"cp"}, "Cp", true);
 }
 
 void MeasuredTable::CheckWidth(std::size_t row) const {
@@ -108,48 +147,54 @@ void MeasuredTable::CheckWidth(std::size_t row) const {
                      table_.rows[row].line};
 }
 
-const std::string& MeasuredTable::Cell(std::size_t row, std::size_t column) const {
-  static const std::string kAbsent;
-  const auto& cells = table_.rows[row].cells;
-  return column < cells.size() ? cells[column] : kAbsent;
-}
-
 std::string MeasuredTable::Label(std::size_t row) const {
-  if (columns_.experiment == kNoColumn) return "";
-  std::string label = Cell(row, columns_.experiment);
+  const auto column = columns_.Experiment();
+  if (!column) return "";
+  std::string label = CellOf(table_.rows[row], *column);
   label.erase(0, label.find_first_not_of(' '));
-  if (label.empty()) FailAt(row, columns_.experiment, TextId::CellEmpty);
-  if (FittingDescription(label).text != label) FailAt(row, columns_.experiment, TextId::LabelUnfit);
+  if (label.empty()) FailAt(row, *column, TextId::CellEmpty);
+  if (FittingDescription(label).text != label) FailAt(row, *column, TextId::LabelUnfit);
   return label;
 }
 
-/// A table has one decimal mark: a comma beside points would be a thousands separator.
-double MeasuredTable::Value(std::size_t row, std::size_t column) {
-  const std::string& cell = Cell(row, column);
+/// A point alone is the decimal mark, but between semicolons, which go with decimal commas.
+bool MeasuredTable::HasTwoReadings(std::string_view number) const {
+  const bool comma = number.find(',') != std::string_view::npos;
+  return marks_.decimal == 0 && (comma || table_.separator == ';') && TwoReadings(number);
+}
+
+std::string MeasuredTable::PlainNumber(std::size_t row, std::size_t column) const {
+  const std::string_view cell = Trimmed(CellOf(table_.rows[row], column));
   if (cell.empty()) FailAt(row, column, TextId::CellEmpty);
-  const bool comma = cell.find(',') != std::string::npos;
-  const std::optional<double> value = ParseNumber(cell, comma ? ',' : '.');
-  if (!value) {
-    const bool outOfRange = IsOutOfRange(cell, comma ? ',' : '.');
-    FailAt(row, column, outOfRange ? TextId::FileOutOfRange : TextId::CellNotANumber);
+  if (HasTwoReadings(cell)) {
+    const auto [decimal, whole] = TwoReadings(cell).value();
+    FailAt(row, column, TextId::CellOfTwoReadings, {decimal, whole});
   }
+  NumberMarks marks = marks_;
+  if (marks.decimal == 0) marks.decimal = '.';
+  if (const auto plain = WithPoint(cell, marks)) return *plain;
+  const bool otherMark = DecimalMarkIn(cell).value_or(marks.decimal) != marks.decimal;
+  FailAt(row, column, otherMark ? TextId::CellMixedMarks : TextId::CellNotANumber);
+}
+
+double MeasuredTable::Value(std::size_t row, Quantity quantity) const {
+  const std::size_t column = columns_.Of(quantity);
+  const std::string plain = PlainNumber(row, column);
+  const std::optional<double> value = ParseNumber(plain, '.');
+  if (!value)
+    FailAt(row, column, IsOutOfRange(plain, '.') ? TextId::FileOutOfRange : TextId::CellNotANumber);
   if (*value < 0) FailAt(row, column, TextId::CellNegative);
-  if (comma || cell.find('.') != std::string::npos) {
-    const char mark = comma ? ',' : '.';
-    if (mark_ != 0 && mark_ != mark) FailAt(row, column, TextId::CellMixedMarks);
-    mark_ = mark;
-  }
   return *value;
 }
 
 void MeasuredTable::AddPoint(std::size_t row, Experiment& experiment) {
   if (experiment.Points() == kMostPoints)
     throw TableFault{TextId::TooManyPoints, {}, table_.rows[row].line};
-  const double time = Value(row, columns_.t);
+  const double time = Value(row, Quantity::Time);
   experiment.time.push_back(time);
-  experiment.Cs.push_back(Value(row, columns_.Cs));
-  experiment.Cx.push_back(Value(row, columns_.Cx));
-  experiment.Cp.push_back(Value(row, columns_.Cp));
+  experiment.Cs.push_back(Value(row, Quantity::Substrate));
+  experiment.Cx.push_back(Value(row, Quantity::Cells));
+  experiment.Cp.push_back(Value(row, Quantity::Product));
   experiment.finalTime = std::max(experiment.finalTime, time);
 }
 
@@ -164,15 +209,15 @@ Experiment& MeasuredTable::ExperimentLabelled(const std::string& label) {
   return added;
 }
 
-void MeasuredTable::RequireLabels(const std::vector<std::string>& only) const {
-  if (!only.empty() && columns_.experiment == kNoColumn)
+void MeasuredTable::RequireLabels() const {
+  if (!options_.only.empty() && !columns_.Experiment())
     throw TableFault{TextId::MissingColumn, {"experiment"}, table_.header.line};
   std::set<std::string> labels;
   std::string names;
   for (std::size_t row = 0; row < table_.rows.size(); ++row)
     if (const auto [label, isNew] = labels.insert(Label(row)); isNew)
       names += (names.empty() ? "" : ", ") + *label;
-  for (const std::string& label : only)
+  for (const std::string& label : options_.only)
     if (!labels.contains(label)) throw TableFault{TextId::LabelMissing, {label, names}};
 }
 
@@ -203,9 +248,9 @@ std::vector<std::int16_t> NumbersOf(const std::vector<Experiment>& experiments) 
   return numbers;
 }
 
-ExperimentLists MeasuredTable::Experiments(const std::vector<std::string>& only) {
-  FindColumns();
-  RequireLabels(only);
+ExperimentLists MeasuredTable::Experiments() {
+  const std::vector<std::string>& only = options_.only;
+  RequireLabels();
   for (std::size_t row = 0; row < table_.rows.size(); ++row) {
     const std::string label = Label(row);
     if (!only.empty() && std::find(only.begin(), only.end(), label) == only.end()) continue;
@@ -226,12 +271,16 @@ ExperimentLists MeasuredTable::Experiments(const std::vector<std::string>& only)
 
 }  // namespace
 
-TableRead ReadTable(std::string_view text, const std::vector<std::string>& only) {
+TableRead ReadTable(std::string_view bytes, const TableOptions& options) {
   try {
-    const CsvTable table = ParseCsv(text);
-    return {MeasuredTable(table).Experiments(only), std::nullopt};
+    const TableText text = DecodeTable(bytes);
+    MeasuredTable table(ParseCsv(text.text, QuantityHeader()), options);
+    ExperimentLists lists = table.Experiments();
+    std::vector<TableFault> remarks = std::move(table.Remarks());
+    if (text.windows1252) remarks.push_back({TextId::ReadAsWindows1252, {}});
+    return {std::move(lists), std::move(remarks), std::nullopt};
   } catch (const TableFault& fault) {
-    return {{}, fault};
+    return {{}, {}, fault};
   }
 }
 

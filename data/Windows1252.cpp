@@ -52,21 +52,6 @@ Letter FirstLetter(std::string_view utf8) {
   return {number, length};
 }
 
-/// Appends a letter below U+10000; the encoding has no other.
-void AppendUtf8(char16_t letter, std::string& text) {
-  const auto append = [&text](unsigned byte) { text += static_cast<char>(byte); };
-  if (letter < 0x80) {
-    append(letter);
-  } else if (letter < 0x800) {
-    append(0xC0u | (letter >> 6));
-    append(0x80u | (letter & 0x3Fu));
-  } else {
-    append(0xE0u | (letter >> 12));
-    append(0x80u | ((letter >> 6) & 0x3Fu));
-    append(0x80u | (letter & 0x3Fu));
-  }
-}
-
 std::optional<char> ByteOf(char32_t letter) {
   if (letter <= 0xFF && !IsOwn(letter)) return static_cast<char>(letter);
   const auto at = std::find(kOwnLetters.begin(), kOwnLetters.end(), letter);
@@ -97,6 +82,23 @@ std::string FromWindows1252(std::string_view bytes) {
     AppendUtf8(IsOwn(number) ? kOwnLetters[number - kFirstOwn] : char16_t{number}, text);
   }
   return text;
+}
+
+void AppendUtf8(char32_t letter, std::string& text) {
+  const auto append = [&text](char32_t byte) { text += static_cast<char>(byte); };
+  if (letter < 0x80) return append(letter);
+  if (letter < 0x800) {
+    append(0xC0u | (letter >> 6));
+  } else {
+    if (letter < 0x10000) {
+      append(0xE0u | (letter >> 12));
+    } else {
+      append(0xF0u | (letter >> 18));
+      append(0x80u | ((letter >> 12) & 0x3Fu));
+    }
+    append(0x80u | ((letter >> 6) & 0x3Fu));
+  }
+  append(0x80u | (letter & 0x3Fu));
 }
 
 std::size_t LetterLength(std::string_view utf8) {

@@ -25,6 +25,9 @@ std::string FromWindows1252(std::string_view bytes);
 /// with no valid letter.
 std::size_t LetterLength(std::string_view utf8);
 
+/// Appends a letter, given by its number up to U+10FFFF, to a UTF-8 text.
+void AppendUtf8(char32_t letter, std::string& text);
+
 /// A byte that is no letter, as a message names it: "0xC3".
 std::string ByteInHex(char byte);
 

@@ -352,6 +352,13 @@ enum class TextId : std::int16_t {
   LabelUnfit,
   TooManyPoints,
   TooManyInTable,
+  NotUtf16,
+  ColumnUnclear,
+  CellOfTwoReadings,
+  DecideMark,
+  MarksAlike,
+  LineLeftOut,
+  ReadAsWindows1252,
 
   // What the commands print.
   ModelHeading,

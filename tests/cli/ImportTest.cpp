@@ -83,14 +83,15 @@ TEST_F(Import, RefusesWhatItCannotRead) {
        ":4: row 2, column Cs"},
       {"infinite", "t,Cs,Cx,Cp\n0,1,2,inf\n", "\"inf\" is not a number"},
       {"huge", "t,Cs,Cx,Cp\n0,1,2,1e399\n", "column Cp: \"1e399\" is out of range"},
-      {"thousands", "t;Cs;Cx;Cp\n0;1.234,5;2;3\n", "\"1.234,5\" is not a number"},
-      {"comma beside points", "t;Cs;Cx;Cp\n0.5;1,234;2;3\n", "\"1,234\" has another decimal mark"},
+      {"two readings", "t;Cs;Cx;Cp\n0;1,234;2;3\n",
+       "\"1,234\" may be 1.234 or 1234, and no number of the table shows which; choose with "
+       "--decimal point or --decimal comma"},
+      {"comma beside points", "t;Cs;Cx;Cp\n0.5;1,23;2;3\n", "\"1,23\" has another decimal mark"},
       {"unquoted decimal commas", "t,Cs,Cx,Cp\n0,1,5,2,5,3\n", "row 1 has 6 cells"},
       {"open quote", "t,Cs,Cx,Cp\n0,\"1,2,3\n", ":2: a double quote is not closed"},
       {"comma in a label", "exp,t,Cs,Cx,Cp\n\"a,b\",0,1,2,3\n",
        ":2: row 1, column exp: \"a,b\" holds"},
       {"letter", "exp,t,Cs,Cx,Cp\n\xCE\xB1,0,1,2,3\n", ":2: row 1, column exp: \"\xCE\xB1\" holds"},
-      {"not UTF-8", "exp,t,Cs,Cx,Cp\n\xE7,0,1,2,3\n", ":2: the table is not UTF-8"},
       {"no rows", "t,Cs,Cx,Cp\n", "there are no rows"},
       {"nothing", "", "no header line"}};
   for (const Case& c : cases) {
@@ -100,6 +101,16 @@ TEST_F(Import, RefusesWhatItCannotRead) {
     EXPECT_EQ(std::count(ran.err.begin(), ran.err.end(), '\n'), 1) << c.name;
     EXPECT_EQ(BytesOf(File()), "") << c.name;
   }
+}
+
+TEST_F(Import, TakesMarksGivenAndTellsWhatIsNoData) {
+  const std::string table = "Run of July\nt;Cs;Cx;Cp\n0;1,234;2;3\n";
+  const Ran ran = ImportText(table, " --thousands comma");
+  EXPECT_NE(BytesOf(File()).find("|0|1234|2|3|"), std::string::npos) << ran.err;
+  EXPECT_NE(ran.out.find("table.csv:1: the line is no row of data"), std::string::npos) << ran.out;
+  ImportText(table, " --decimal comma");
+  EXPECT_NE(BytesOf(File()).find("|0|1.234|2|3|"), std::string::npos);
+  EXPECT_EQ(ImportText(table, " --decimal comma --thousands comma").code, 2);
 }
 
 TEST_F(Import, RefusesMorePointsThanItsFileCounts) {

@@ -1,0 +1,138 @@
+// Tables as people have them, and what is read or said of each.
+#include <gtest/gtest.h>
+
+#include <ostream>
+
+#include "data/MeasuredTable.h"
+#include "language/Numbers.h"
+
+namespace velmora {
+namespace {
+
+using namespace std::string_literals;
+
+struct OddTable {
+  const char* name;
+  std::string bytes;
+  std::string read;  // "LABEL: t Cs Cx Cp | t Cs Cx Cp", or a part of what is said where none is
+  std::string told = "";  // "LINE " of each remark
+  TableOptions options = {};
+};
+
+void PrintTo(const OddTable& table, std::ostream* out) {
+  *out << table.name;
+}
+
+std::string Points(const Experiment& experiment) {
+  std::string text;
+  for (std::size_t i = 0; i < experiment.time.size(); ++i) {
+    text += i == 0 ? "" : " |";
+    for (const double value :
+         {experiment.time[i], experiment.Cs[i], experiment.Cx[i], experiment.Cp[i]})
+      text += " " + ShortestText(value);
+  }
+  return text;
+}
+
+std::string Content(const TableRead& read) {
+  if (read.fault)
+    return std::to_string(read.fault->line) + ": " + FaultReason(*read.fault, Language::English);
+  std::string text;
+  for (const Experiment& experiment : read.lists.Experiments())
+    text += (text.empty() ? "" : "; ") + experiment.description + ":" + Points(experiment);
+  return text;
+}
+
+/// A text in ASCII as UTF-16, the low byte first or last.
+std::string Utf16(std::string_view text, bool bigEndian) {
+  std::string bytes = bigEndian ? "\xFE\xFF" : "\xFF\xFE";
+  for (const char c : text) bytes += bigEndian ? std::string{'\0', c} : std::string{c, '\0'};
+  return bytes;
+}
+
+class OddTables : public testing::TestWithParam<OddTable> {};
+
+TEST_P(OddTables, AreReadOrRefusedInWords) {
+  const OddTable& table = GetParam();
+  const TableRead read = ReadTable(table.bytes, table.options);
+  std::string told;
+  for (const TableFault& remark : read.remarks) told += std::to_string(remark.line) + " ";
+  EXPECT_EQ(told, table.told);
+  if (read.fault)
+    EXPECT_NE(Content(read).find(table.read), std::string::npos) << Content(read);
+  else
+    EXPECT_EQ(Content(read), table.read);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Marks, OddTables,
+    testing::Values(
+        OddTable{"points show commas between thousands",
+                 "t,Cs,Cx,Cp\n0.5,\"1,234\",2,\"12,345,678\"\n", ": 0.5 1234 2 12345678"},
+        OddTable{"commas show points between thousands", "t;Cs;Cx;Cp\n0,5;1.234;2,25;1.234,5\n",
+                 ": 0.5 1234 2.25 1234.5"},
+        OddTable{"a later row shows the mark", "t,Cs,Cx,Cp\n0,\"1,234\",2,3\n1,\"1,234.5\",2,3\n",
+                 ": 0 1234 2 3 | 1 1234.5 2 3"},
+        OddTable{"a leading zero shows the mark", "t;Cs;Cx;Cp\n0;12,345;0,125;3\n",
+                 ": 0 12.345 0.125 3"},
+        OddTable{"blanks between thousands", "t;Cs;Cx;Cp\n0;1 234,567;2;1\u202F000\n",
+                 ": 0 1234.567 2 1000"},
+        OddTable{"a point in a comma table", "t,Cs,Cx,Cp\n0,1.234,2,3\n", ": 0 1.234 2 3"},
+        OddTable{"a lone quoted comma", "t,Cs,Cx,Cp\n0,\"1,234\",2,3\n",
+                 "2: row 1, column Cs: \"1,234\" may be 1.234 or 1234"},
+        OddTable{"a lone point between semicolons", "t;Cs;Cx;Cp\n0;1.234;2;3\n",
+                 "2: row 1, column Cs: \"1.234\" may be 1.234 or 1234"},
+        OddTable{"the decimal mark given",
+                 "t;Cs;Cx;Cp\n0;1,234;2;3\n",
+                 ": 0 1.234 2 3",
+                 "",
+                 {.decimal = ','}},
+        OddTable{"the thousands given",
+                 "t;Cs;Cx;Cp\n0;1,234;2;3\n",
+                 ": 0 1234 2 3",
+                 "",
+                 {.thousands = Thousands::Comma}},
+        OddTable{"no thousands",
+                 "t;Cs;Cx;Cp\n0;1,234;2;3\n",
+                 ": 0 1.234 2 3",
+                 "",
+                 {.thousands = Thousands::None}},
+        OddTable{"two decimal marks", "t;Cs;Cx;Cp\n0;1,5;2;3\n1;1.5;2;3\n",
+                 "3: row 2, column Cs: \"1.5\" has another decimal mark"},
+        OddTable{"groups of two", "t;Cs;Cx;Cp\n0;1.23.456,5;2;3\n",
+                 "\"1.23.456,5\" is not a number"}));
+
+INSTANTIATE_TEST_SUITE_P(
+    Texts, OddTables,
+    testing::Values(
+        OddTable{"a separator line", "sep=;\r\nt;Cs;Cx;Cp\r\n0;1;2;3\r\n", ": 0 1 2 3"},
+        OddTable{"a separator of its own", "sep=|\nt|Cs, g/L|Cx, g/L|Cp, g/L\n0|1|2|3\n",
+                 ": 0 1 2 3"},
+        OddTable{"UTF-16, low byte first", Utf16("t\tCs\tCx\tCp\r\n0\t1\t2\t3\r\n", false),
+                 ": 0 1 2 3"},
+        OddTable{"UTF-16, high byte first", Utf16("t;Cs;Cx;Cp\n0;1,5;2;3\n", true), ": 0 1.5 2 3"},
+        OddTable{"UTF-16 cut short", Utf16("t,Cs,Cx,Cp\n0,1,2,3\n", false) + "4",
+                 "3: the table is not whole UTF-16"},
+        OddTable{"half of a UTF-16 pair", Utf16("t,Cs,Cx,Cp\n", false) + "\x3D\xD8"s,
+                 "2: the table is not whole UTF-16"},
+        OddTable{"a UTF-8 mark and another encoding", "\xEF\xBB\xBFt,Cs,Cx,Cp\n0,1,\xE7,3\n",
+                 "2: the table is not UTF-8"},
+        OddTable{"Windows-1252",
+                 "Ensaio;Tempo;Substrato;C\xE9lulas;Produto\nfermenta\xE7\xE3o;0;1;2;3\n",
+                 "fermentação: 0 1 2 3", "0 "},
+        OddTable{"old line ends", "# remark\rt,note,Cs,Cx,Cp\r\r0,\"two\rlines\",1,2,3\r1,,1,2,x\r",
+                 "6: row 2, column Cp"},
+        OddTable{"an exponent shows the mark", "t;Cs;Cx;Cp\n0;1,234E1;2;3\n", ": 0 12.34 2 3"},
+        OddTable{
+            "titles, blank columns, footers",
+            "Batch 3; July, August\n\n;t;;Cs;Cx;Cp;\n# weighed\n;0;;1;2;3;\n;;;;;;\n;1;;4;5;6\n"
+            "Mean;;;2,5;3,5;4,5\n\"by hand\"\n",
+            ": 0 1 2 3 | 1 4 5 6", "1 8 9 "},
+        OddTable{"a gap for the last time is no footer", "exp,t,Cs,Cx,Cp\na,0,1,2,3\na,,4,5,6\n",
+                 "3: row 2, column t: the cell is empty"},
+        OddTable{"remarks amid the data", "t,Cs,Cx,Cp\n0,1,2,3\nfed here\n1,4,5,6\n",
+                 "3: row 2, column t: \"fed here\" is not a number"},
+        OddTable{"a title alone", "Batch 3\n", "1: there is no column t"}));
+
+}  // namespace
+}  // namespace velmora
