@@ -59,7 +59,16 @@ Cells are separated by commas, semicolons or tabs, or by what a first line "sep=
 The text is UTF-8, UTF-16 with its mark, or Windows-1252. A cell that is empty or no
 number is an error, never 0.
 The decimal mark is the one that the table shows: 20,5 shows a comma, 1.234,5 too. Where
-nothing shows it, 1,234 is refused; --decimal and --thousands decide.)text";
+nothing shows it, 1,234 is refused; --decimal and --thousands decide.
+The unit is the one in the header, as in t_min, "Glucose (mg/L)" or "Cp, mM", or in a row
+below it; without one it is h or g/L. Known are s, min, h and d; g/L, mg/L, mg/mL, kg/m3,
+g/100 mL and their like; and mM, mmol/L and M with a molar mass in g/mol. What was
+converted, and which columns were taken by another name, is told.
+
+Examples:
+  velmora-cli import yeast.csv -o yeast.abr
+  velmora-cli import hplc.csv --columns t=1,Cx=biomass,Cs=4,Cp=5 --unit Cs=mM
+      --molar-mass Cs=180.16 -o hplc.abr)text";
 
 // Before and behind the names of --set.
 constexpr const char* kConditionsFooter = R"text(
@@ -209,6 +218,11 @@ void AddImport(CLI::App& app, ImportOptions& import) {
   command->add_option("--thousands", import.thousands, "mark between the thousands of a number")
       ->check(CLI::IsMember({"point", "comma", "blank", "apostrophe", "none"}).description(""))
       ->type_name("point|comma|blank|apostrophe|none");
+  command->add_option("--columns", import.columns, "columns by header or by place from 1")
+      ->type_name("NAME=COLUMN,...");
+  AddRepeated(*command, "--unit", import.units, "unit of a column")->type_name("NAME=UNIT");
+  AddRepeated(*command, "--molar-mass", import.molarMasses, "g/mol of a column in mM")
+      ->type_name("NAME=VALUE");
   command->footer(kImportFooter);
 }
 

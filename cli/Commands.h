@@ -35,6 +35,9 @@ struct ImportOptions {
   std::vector<std::string> only;         // labels to keep; empty: all
   std::optional<std::string> decimal;    // point or comma
   std::optional<std::string> thousands;  // a key of `kThousandsNames`
+  std::string columns;                   // NAME=COLUMN,..., a header or a place from 1
+  std::vector<std::string> units;        // NAME=UNIT
+  std::vector<std::string> molarMasses;  // NAME=VALUE, g/mol
 };
 
 /// The names of what stands between thousands.

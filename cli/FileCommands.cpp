@@ -1,4 +1,4 @@
-// velmora-cli models, check and import: the catalogue, what files hold, files from tables.
+// velmora-cli models and check: the catalogue, and what files hold.
 #include "cli/Commands.h"
 #include "cli/Given.h"
 #include "cli/Json.h"
@@ -6,7 +6,6 @@
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
 #include "data/ExperimentFile.h"
-#include "data/MeasuredTable.h"
 #include "data/SafeSave.h"
 #include "inference/DataChecks.h"
 #include "language/Numbers.h"
@@ -84,25 +83,6 @@ std::string ConditionsReport(const CheckOptions& options, std::string_view bytes
   return text;
 }
 
-[[noreturn]] void Refuse(const TableFault& fault, const std::string& path, const Wording& say) {
-  if (fault.text == TextId::LabelMissing)
-    throw Failure{ExitCode::Refused,
-                  say(TextId::NoSuchLabel, {path, fault.arguments.at(0), fault.arguments.at(1)})};
-  const std::string hint = fault.text == TextId::CellOfTwoReadings ? say(TextId::DecideMark) : "";
-  throw Failure{ExitCode::File,
-                PlaceInFile(path, fault.line) + FaultReason(fault, say.In()) + hint};
-}
-
-TableOptions TableOptionsOf(const ImportOptions& options, const Wording& say) {
-  TableOptions table{options.only};
-  if (options.decimal) table.decimal = options.decimal == "comma" ? ',' : '.';
-  for (const auto& [name, thousands] : kThousandsNames)
-    if (options.thousands == name) table.thousands = thousands;
-  if (options.decimal && options.decimal == options.thousands)
-    throw Failure{ExitCode::Usage, say(TextId::MarksAlike, {*options.decimal})};
-  return table;
-}
-
 }  // namespace
 
 ExitCode Run(const ModelsOptions&, const Console& console) {
@@ -133,22 +113,6 @@ ExitCode Run(const CheckOptions& options, const Console& console) {
       throw Failure{ExitCode::File,
                     PlaceInFile(options.file, 2) + console.say(TextId::NeitherFile)};
   }
-  return ExitCode::Done;
-}
-
-ExitCode Run(const ImportOptions& options, const Console& console) {
-  RequireOtherFile(options.table, options.output, console.say);
-  const TableOptions tableOptions = TableOptionsOf(options, console.say);
-  const FileBytes file = ReadWholeFile(options.table);
-  RequireDone(file.fault, console.say);
-  const TableRead table = ReadTable(file.bytes, tableOptions);
-  if (table.fault) Refuse(*table.fault, options.table, console.say);
-  RequireDone(WriteExperiments(table.lists, options.output), console.say);
-  console.Print(
-      console.say(TextId::Written, {options.output, std::to_string(table.lists.Count())}) + "\n");
-  for (const TableFault& remark : table.remarks)
-    console.Print(PlaceInFile(options.table, remark.line) + FaultReason(remark, console.say.In()) +
-                  "\n");
   return ExitCode::Done;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <map>
 #include <optional>
@@ -38,6 +39,11 @@ class MeasuredTable {
   std::vector<TableFault>& Remarks() { return remarks_; }
 
  private:
+  void FindUnits();
+  HeaderUnit UnitSaid(Quantity quantity, const CsvRow* row) const;
+  TableUnit UnitOf(Quantity quantity, const CsvRow* row) const;
+  void TellColumn(Quantity quantity);
+  const CsvRow* UnitsRow() const;
   void LeaveOutFooters();
   bool IsFooter(const CsvRow& row, const std::set<std::string>& labels) const;
   void TellLeftOut(const CsvRow& row);
@@ -58,6 +64,7 @@ class MeasuredTable {
   CsvTable table_;
   const TableOptions& options_;
   TableColumns columns_;
+  ByQuantity<TableUnit> units_;
   NumberMarks marks_;
   std::vector<TableFault> remarks_;
   std::vector<Experiment> experiments_;
@@ -69,14 +76,26 @@ const std::string& CellOf(const CsvRow& row, std::size_t column) {
   return column < row.cells.size() ? row.cells[column] : kAbsent;
 }
 
-bool BeginsLikeANumber(std::string_view text) {
-  const std::size_t first = text.find_first_not_of("+-., \t");
-  return first != std::string_view::npos && text[first] >= '0' && text[first] <= '9';
+/// Where a given place has a number in the first line too, the table has no header: its columns are
+/// named by their places.
+CsvTable WithHeader(CsvTable table, const TableOptions& options) {
+  const auto& time = options.columns[IndexOf(Quantity::Time)];
+  const std::optional<double> place = time ? ParseNumber(*time, '.') : std::nullopt;
+  if (!place || !(*place >= 1 && *place <= static_cast<double>(table.header.cells.size())) ||
+      !BeginsLikeANumber(table.header.cells[static_cast<std::size_t>(*place) - 1]))
+    return table;
+  std::size_t width = 0;
+  table.rows.insert(table.rows.begin(), table.header);
+  for (std::string& cell : table.header.cells) cell = std::to_string(++width);
+  return table;
 }
 
 MeasuredTable::MeasuredTable(CsvTable table, const TableOptions& options)
-    : table_(std::move(table)), options_(options), columns_(table_.header) {
+    : table_(WithHeader(std::move(table), options)),
+      options_(options),
+      columns_(table_.header, options.columns) {
   for (const CsvRow& title : table_.titles) TellLeftOut(title);
+  FindUnits();
   LeaveOutFooters();
   FindMarks();
 }
@@ -84,6 +103,61 @@ MeasuredTable::MeasuredTable(CsvTable table, const TableOptions& options)
 void MeasuredTable::TellLeftOut(const CsvRow& row) {
   const auto first = std::find_if_not(row.cells.begin(), row.cells.end(), IsEmpty);
   remarks_.push_back({TextId::LineLeftOut, {OnOneLine(*first)}, row.line});
+}
+
+/// The row below the header, where it has units: "(h)", "(g/L)".
+const CsvRow* MeasuredTable::UnitsRow() const {
+  if (table_.rows.empty()) return nullptr;
+  const CsvRow& row = table_.rows.front();
+  return UnitNamed(CellOf(row, columns_.Of(Quantity::Time)), Quantity::Time) ? &row : nullptr;
+}
+
+/// Of what is given, the row of units and the header, the first that is there.
+HeaderUnit MeasuredTable::UnitSaid(Quantity quantity, const CsvRow* row) const {
+  if (const auto& given = options_.units[IndexOf(quantity)]) {
+    const std::optional<TableUnit> unit = UnitNamed(*given, quantity);
+    return unit ? HeaderUnit{*unit} : HeaderUnit{{}, *given};
+  }
+  const std::size_t column = columns_.Of(quantity);
+  if (row) return UnitBehindName(CellOf(*row, column), quantity);
+  return UnitInHeader(table_.header.cells[column], quantity);
+}
+
+TableUnit MeasuredTable::UnitOf(Quantity quantity, const CsvRow* row) const {
+  const HeaderUnit found = UnitSaid(quantity, row);
+  if (!found.unknown.empty())
+    throw TableFault{
+        TextId::UnitUnknown,
+        {found.unknown, std::string(NameOf(quantity)), std::string(UnitsKnown(quantity))},
+        table_.header.line};
+  const bool hasMass = options_.molarMasses[IndexOf(quantity)].has_value();
+  if (found.unit.molar != hasMass)
+    throw TableFault{hasMass ? TextId::UnitNotMolar : TextId::MolarMassMissing,
+                     {std::string(NameOf(quantity)), found.unit.name},
+                     table_.header.line};
+  return found.unit;
+}
+
+void MeasuredTable::TellColumn(Quantity quantity) {
+  const std::string& header = table_.header.cells[columns_.Of(quantity)];
+  const std::string name(NameOf(quantity));
+  if (!options_.columns[IndexOf(quantity)] && IsByAnotherName(header, quantity))
+    remarks_.push_back({TextId::ColumnTaken, {OnOneLine(header), name}, table_.header.line});
+  const TableUnit& unit = units_[IndexOf(quantity)];
+  const std::string own = quantity == Quantity::Time ? "h" : "g/L";
+  if (!unit.IsOwn())
+    remarks_.push_back(
+        {TextId::UnitConverted, {name, OnOneLine(unit.name), own}, table_.header.line});
+}
+
+void MeasuredTable::FindUnits() {
+  const CsvRow* const row = UnitsRow();
+  if (columns_.Experiment()) TellColumn(Quantity::Experiment);
+  for (const Quantity quantity : kMeasured) {
+    units_[IndexOf(quantity)] = UnitOf(quantity, row);
+    TellColumn(quantity);
+  }
+  if (row) table_.rows.erase(table_.rows.begin());
 }
 
 /// A sum or a remark below the data; a row of a known experiment or with a gap for its time is
@@ -184,7 +258,11 @@ double MeasuredTable::Value(std::size_t row, Quantity quantity) const {
   if (!value)
     FailAt(row, column, IsOutOfRange(plain, '.') ? TextId::FileOutOfRange : TextId::CellNotANumber);
   if (*value < 0) FailAt(row, column, TextId::CellNegative);
-  return *value;
+  const TableUnit& unit = units_[IndexOf(quantity)];
+  const double mass = options_.molarMasses[IndexOf(quantity)].value_or(1);
+  const double converted = *value * unit.times * mass / unit.over;
+  if (!std::isfinite(converted)) FailAt(row, column, TextId::FileOutOfRange);
+  return converted;
 }
 
 void MeasuredTable::AddPoint(std::size_t row, Experiment& experiment) {
@@ -274,7 +352,7 @@ ExperimentLists MeasuredTable::Experiments() {
 TableRead ReadTable(std::string_view bytes, const TableOptions& options) {
   try {
     const TableText text = DecodeTable(bytes);
-    MeasuredTable table(ParseCsv(text.text, QuantityHeader()), options);
+    MeasuredTable table(ParseCsv(text.text, QuantityHeader(options.columns)), options);
     ExperimentLists lists = table.Experiments();
     std::vector<TableFault> remarks = std::move(table.Remarks());
     if (text.windows1252) remarks.push_back({TextId::ReadAsWindows1252, {}});

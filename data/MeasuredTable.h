@@ -7,17 +7,10 @@
 #include <vector>
 
 #include "data/ExperimentLists.h"
-#include "data/NumberMarks.h"
 #include "data/TableFault.h"
+#include "data/TableOptions.h"
 
 namespace velmora {
-
-/// What decides where a table itself does not.
-struct TableOptions {
-  std::vector<std::string> only = {};  // labels to keep; empty: all
-  std::optional<char> decimal = {};    // '.' or ','
-  std::optional<Thousands> thousands = {};
-};
 
 /// The experiments of a table, or why it cannot be read.
 struct TableRead {
@@ -30,10 +23,11 @@ struct TableRead {
 /// and colours in turn. Columns are found by their headers, others are ignored; without an
 /// experiment column all rows are one experiment. An experiment's number is the whole number that
 /// its label ends in, where all labels end in different ones, else its place; its final time is its
-/// largest. Lines behind the last row of data that begin with no number are left out and told. A
-/// cell that is empty, no number, negative or of two readings is a fault; a label that
-/// `options.only` names and the table lacks is one too (`LabelMissing`, with the label and all that
-/// there are as its arguments).
+/// largest. Units are those of the headers, of
+/// a row below them or of `options`, else h and g/L. Lines behind the last row of data that begin
+/// with no number are left out and told. A cell that is empty, no number, negative or of two
+/// readings is a fault; a label that `options.only` names and the table lacks is one too
+/// (`LabelMissing`, with the label and all that there are as its arguments).
 TableRead ReadTable(std::string_view bytes, const TableOptions& options);
 
 }  // namespace velmora

@@ -77,6 +77,11 @@ bool IsNumber(std::string_view text, char decimal) {
 
 }  // namespace
 
+bool BeginsLikeANumber(std::string_view text) {
+  const std::size_t first = text.find_first_not_of("+-., \t");
+  return first != std::string_view::npos && text[first] >= '0' && text[first] <= '9';
+}
+
 std::optional<std::pair<std::string, std::string>> TwoReadings(std::string_view text) {
   const auto [sign, digits, exponent] = PartsOf(text);
   const std::size_t at = digits.find_first_of(".,");

@@ -18,6 +18,9 @@ struct NumberMarks {
   std::optional<Thousands> thousands;  // nothing: whatever is not the decimal mark
 };
 
+/// Whether a digit stands first in the text, signs, marks and blanks aside.
+bool BeginsLikeANumber(std::string_view text);
+
 /// The decimal mark that a number's text shows by itself: 20,5 and 0,125 and 1.234,5 show a comma,
 /// 1,234,567 shows that the comma is none, 1,234 shows nothing; nothing for a text that is no
 /// number.

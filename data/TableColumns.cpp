@@ -1,11 +1,12 @@
 #include "data/TableColumns.h"
 
 #include <algorithm>
+#include <charconv>
+
+#include "data/TableWords.h"
 
 namespace velmora {
 namespace {
-
-using Words = std::string_view;  // between blanks
 
 struct QuantityWords {
   std::string_view name;
@@ -19,7 +20,8 @@ constexpr Words kOfSubstrate = "cs";
 constexpr Words kOfCells = "cx";
 constexpr Words kOfProduct = "cp";
 constexpr Words kAlsoExperiment = "batch run batelada ensaio corrida lote";
-constexpr Words kAlsoTime = "h hours horas";
+// Units of time, which headers consist of.
+constexpr Words kAlsoTime = "h hours horas min minutes minutos days dias";
 constexpr Words kAlsoSubstrate =
     "s substrate substrato glucose glicose sugar sugars açúcar açucar açúcares sucrose sacarose";
 constexpr Words kAlsoCells = "x biomass biomassa cell cells células celulas célula cdw dcw";
@@ -37,27 +39,6 @@ constexpr Words kPassedOver =
     "concentration conc concentração concentracao of de do da dry residual culture total elapsed "
     "fermentation";
 
-bool Contains(Words words, std::string_view word) {
-  while (!words.empty()) {
-    const std::string_view next = words.substr(0, words.find(' '));
-    if (next == word) return true;
-    words.remove_prefix(std::min(next.size() + 1, words.size()));
-  }
-  return false;
-}
-
-/// Small letters for A to Z and for the accented ones of Latin 1 (C3 80 to C3 9E in UTF-8).
-std::string SmallLetters(std::string_view text) {
-  std::string small;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    const bool accented = small.ends_with('\xC3') && byte >= 0x80 && byte <= 0x9E;
-    const bool capital = c >= 'A' && c <= 'Z';
-    small += capital || accented ? static_cast<char>(byte + 0x20) : c;
-  }
-  return small;
-}
-
 /// The first word of a header, taken off it: "t" of "t (h)", "cs" of "cs_g_per_l".
 std::string_view TakeWord(std::string_view& small) {
   const auto inWord = [](char c) {
@@ -70,24 +51,23 @@ std::string_view TakeWord(std::string_view& small) {
   return word;
 }
 
-bool Names(std::string_view header, Words words) {
-  const std::string small = SmallLetters(header);
-  std::string_view rest = small;
-  return Contains(words, TakeWord(rest));
-}
-
-bool NamesBehindOthers(std::string_view header, Words words) {
+/// What a header says behind the word of `words` that it begins with; `passing`: also where words
+/// like "concentration of" stand in front. Nothing where it begins otherwise.
+std::optional<std::string> BehindName(std::string_view header, Words words, bool passing) {
   const std::string small = SmallLetters(header);
   std::string_view rest = small, word = TakeWord(rest);
-  while (Contains(kPassedOver, word) && !rest.empty()) {
+  while (passing && Contains(kPassedOver, word) && !rest.empty()) {
     rest.remove_prefix(1);
     word = TakeWord(rest);
   }
-  return Contains(words, word);
+  if (!Contains(words, word)) return std::nullopt;
+  const bool isUnit = words == kAlsoTime;
+  return (isUnit ? std::string(word) + " " : "") +
+         std::string(header.substr(small.size() - rest.size()));
 }
 
 bool MayBe(std::string_view header, const QuantityWords& words) {
-  return NamesBehindOthers(header, words.own) || NamesBehindOthers(header, words.other);
+  return BehindName(header, words.own, true) || BehindName(header, words.other, true);
 }
 
 template <class Fits>
@@ -99,7 +79,9 @@ std::vector<std::size_t> ColumnsWhere(const std::vector<std::string>& headers, F
 }
 
 std::optional<std::size_t> Find(const CsvRow& header, const QuantityWords& words) {
-  const auto own = ColumnsWhere(header.cells, [&](auto& cell) { return Names(cell, words.own); });
+  const auto own = ColumnsWhere(header.cells, [&](const std::string& cell) {
+    return BehindName(cell, words.own, false).has_value();
+  });
   if (own.size() > 1) throw TableFault{TextId::ColumnTwice, {std::string(words.name)}, header.line};
   if (!own.empty()) return own.front();
   const auto other = ColumnsWhere(header.cells, [&](auto& cell) { return MayBe(cell, words); });
@@ -112,26 +94,67 @@ std::optional<std::size_t> Find(const CsvRow& header, const QuantityWords& words
   return std::nullopt;
 }
 
-}  // namespace
-
-std::string_view NameOf(Quantity quantity) {
-  return kWords[static_cast<std::size_t>(quantity)].name;
+/// The place from 1 that a given column states, as an index.
+std::optional<std::size_t> PlaceIn(const std::string& given) {
+  std::size_t place = 0;
+  const char* const end = given.data() + given.size();
+  const auto [stop, error] = std::from_chars(given.data(), end, place);
+  if (error != std::errc{} || stop != end || place == 0) return std::nullopt;
+  return place - 1;
 }
 
-TableColumns::TableColumns(const CsvRow& header) {
+bool IsGiven(const std::string& header, const std::string& given) {
+  return OnOneLine(SmallLetters(header)) == OnOneLine(SmallLetters(given));
+}
+
+std::size_t FindGiven(const CsvRow& header, const std::string& given, Quantity quantity) {
+  const auto same =
+      ColumnsWhere(header.cells, [&](const std::string& cell) { return IsGiven(cell, given); });
+  if (same.size() == 1) return same.front();
+  const auto place = PlaceIn(given);
+  if (place && *place < header.cells.size()) return *place;
+  std::string names;
+  for (const std::string& cell : header.cells)
+    if (!cell.empty()) names += (names.empty() ? "" : ", ") + OnOneLine(cell);
+  throw TableFault{
+      TextId::NoSuchColumn, {given, std::string(NameOf(quantity)), names}, header.line};
+}
+
+}  // namespace
+
+TableColumns::TableColumns(const CsvRow& header,
+                           const ByQuantity<std::optional<std::string>>& given) {
   for (std::size_t i = 0; i < kQuantities; ++i) {
-    columns_[i] = Find(header, kWords[i]);
-    if (!columns_[i] && Quantity{static_cast<int>(i)} != Quantity::Experiment)
+    const Quantity quantity{static_cast<int>(i)};
+    columns_[i] = given[i] ? FindGiven(header, *given[i], quantity) : Find(header, kWords[i]);
+    if (!columns_[i] && quantity != Quantity::Experiment)
       throw TableFault{TextId::MissingColumn, {std::string(kWords[i].name)}, header.line};
   }
 }
 
+bool IsByAnotherName(std::string_view header, Quantity quantity) {
+  return !BehindName(header, kWords[IndexOf(quantity)].own, false);
+}
+
+HeaderUnit UnitInHeader(std::string_view header, Quantity quantity) {
+  const QuantityWords& words = kWords[IndexOf(quantity)];
+  for (const Words names : {words.own, words.other})
+    if (const auto rest = BehindName(header, names, true)) return UnitBehindName(*rest, quantity);
+  return UnitBehindName(header, quantity);
+}
+
 int QuantityHeader::Named(const std::vector<std::string>& cells) const {
-  const auto named = [&](const QuantityWords& words) {
-    return std::any_of(cells.begin(), cells.end(),
-                       [&](const std::string& cell) { return MayBe(cell, words); });
-  };
-  return static_cast<int>(std::count_if(kWords.begin(), kWords.end(), named));
+  int named = 0;
+  for (std::size_t i = 0; i < kQuantities; ++i) {
+    const auto place = given_[i] ? PlaceIn(*given_[i]) : std::nullopt;
+    const auto names = [&](const std::string& cell) {
+      return given_[i] ? IsGiven(cell, *given_[i]) : MayBe(cell, kWords[i]);
+    };
+    const bool atPlace = place && *place < cells.size() && !cells[*place].empty() &&
+                         !BeginsLikeANumber(cells[*place]);
+    if (atPlace || std::any_of(cells.begin(), cells.end(), names)) ++named;
+  }
+  return named;
 }
 
 }  // namespace velmora

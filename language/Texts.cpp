@@ -486,6 +486,16 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::MarksAlike, "--decimal and --thousands cannot both be {1}", "--decimal e --thousands não podem ser ambos {1}"},
     {TextId::LineLeftOut, "the line is no row of data and was left out: \"{1}\"", "a linha não é de dados e foi omitida: \"{1}\""},
     {TextId::ReadAsWindows1252, "the table is not UTF-8 and was read as Windows-1252", "a tabela não é UTF-8 e foi lida como Windows-1252"},
+    {TextId::NoSuchColumn, "there is no column \"{1}\" for {2}; the table has {3}", "não há a coluna \"{1}\" para {2}; a tabela tem {3}"},
+    {TextId::ColumnTaken, "the column \"{1}\" was taken for {2}", "a coluna \"{1}\" foi tomada como {2}"},
+    {TextId::UnitUnknown, "the unit \"{1}\" of {2} is not known; known are {3}", "a unidade \"{1}\" de {2} não é conhecida; conhecem-se {3}"},
+    {TextId::UnitNotMolar, "{1} has a molar mass but no molar unit", "{1} tem massa molar, mas não unidade molar"},
+    {TextId::MolarMassMissing, "{1} is in {2}, which takes its molar mass", "{1} está em {2}, o que exige sua massa molar"},
+    {TextId::UnitConverted, "{1} was converted from {2} to {3}", "{1} foi convertido de {2} para {3}"},
+    {TextId::DecideColumn, ", or choose with --columns {3}=\"{1}\"", " ou escolha com --columns {3}=\"{1}\""},
+    {TextId::DecideMissingColumn, ", or name it with --columns {1}=HEADER", " ou indique-a com --columns {1}=CABEÇALHO"},
+    {TextId::DecideUnit, "; or name another with --unit {2}=UNIT", "; ou indique outra com --unit {2}=UNIDADE"},
+    {TextId::DecideMolarMass, "; give --molar-mass {1}=VALUE in g/mol", "; dê --molar-mass {1}=VALOR em g/mol"},
 
     // What the commands print.
     {TextId::ModelHeading, "Model", "Modelo"},

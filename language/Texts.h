@@ -359,6 +359,16 @@ enum class TextId : std::int16_t {
   MarksAlike,
   LineLeftOut,
   ReadAsWindows1252,
+  NoSuchColumn,
+  ColumnTaken,
+  UnitUnknown,
+  UnitNotMolar,
+  MolarMassMissing,
+  UnitConverted,
+  DecideColumn,
+  DecideMissingColumn,
+  DecideUnit,
+  DecideMolarMass,
 
   // What the commands print.
   ModelHeading,

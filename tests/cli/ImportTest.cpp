@@ -113,6 +113,19 @@ TEST_F(Import, TakesMarksGivenAndTellsWhatIsNoData) {
   EXPECT_EQ(ImportText(table, " --decimal comma --thousands comma").code, 2);
 }
 
+TEST_F(Import, TakesColumnsAndUnitsGiven) {
+  const std::string table = "clock,biomass,a,b\n30,2,100,3\n";
+  const std::string columns = " --columns t=1,Cs=a,Cp=4 --unit t=min --unit Cs=mM ";
+  EXPECT_NE(ImportText(table, columns).err.find("; give --molar-mass Cs=VALUE in g/mol"),
+            std::string::npos);
+  const Ran ran = ImportText(table, columns + "--molar-mass Cs=180.16 --language pt");
+  EXPECT_NE(BytesOf(File()).find("|0.5|18.016|2|3|"), std::string::npos) << ran.err;
+  EXPECT_NE(ran.out.find("table.csv:1: t foi convertido de min para h"), std::string::npos);
+  for (const char* const wrong : {" --unit t", " --unit Cz=g/L", " --molar-mass Cs=x",
+                                  " --molar-mass t=1", " --columns t=1,2"})
+    EXPECT_EQ(ImportText(table, wrong).code, 2) << wrong;
+}
+
 TEST_F(Import, RefusesMorePointsThanItsFileCounts) {
   std::string table = "t,Cs,Cx,Cp\n";
   for (int point = 0; point < 32768; ++point) table += "0,1,2,3\n";

@@ -119,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "2: the table is not UTF-8"},
         OddTable{"Windows-1252",
                  "Ensaio;Tempo;Substrato;C\xE9lulas;Produto\nfermenta\xE7\xE3o;0;1;2;3\n",
-                 "fermentação: 0 1 2 3", "0 "},
+                 "fermentação: 0 1 2 3", "1 1 1 1 0 "},
         OddTable{"old line ends", "# remark\rt,note,Cs,Cx,Cp\r\r0,\"two\rlines\",1,2,3\r1,,1,2,x\r",
                  "6: row 2, column Cp"},
         OddTable{"an exponent shows the mark", "t;Cs;Cx;Cp\n0;1,234E1;2;3\n", ": 0 12.34 2 3"},
@@ -133,6 +133,81 @@ INSTANTIATE_TEST_SUITE_P(
         OddTable{"remarks amid the data", "t,Cs,Cx,Cp\n0,1,2,3\nfed here\n1,4,5,6\n",
                  "3: row 2, column t: \"fed here\" is not a number"},
         OddTable{"a title alone", "Batch 3\n", "1: there is no column t"}));
+
+TableOptions Columns(const char* t, const char* Cs, const char* Cx, const char* Cp) {
+  return {.columns = {std::nullopt, t, Cs, Cx, Cp}};
+}
+
+// Values by hand: 90 min are 1.5 h, 7.3 mg/L are 0.0073 g/L, 100 mM of 180.16 g/mol are 18.016 g/L.
+INSTANTIATE_TEST_SUITE_P(
+    Headers, OddTables,
+    testing::Values(
+        OddTable{"English names",
+                 "Batch,Ethanol (g/L),Time,Residual sugar,Cell concentration\n"
+                 "b1,0.5,1,20,3\n",
+                 "b1: 1 20 3 0.5", "1 1 1 1 "},
+        OddTable{"Portuguese names", "TEMPO;SUBSTRATO;CÉLULAS;PRODUTO\n1;20,5;3;0\n",
+                 ": 1 20.5 3 0", "1 1 1 "},
+        OddTable{"letters", "h,X,S,P\n1,3,20,0\n", ": 1 20 3 0", "1 1 1 1 "},
+        OddTable{"own names beside others", "t,Cs,glucose,Cx,cells,Cp\n1,20,x,3,y,0\n",
+                 ": 1 20 3 0"},
+        OddTable{"two may be meant", "t,glucose,sugar,Cx,Cp\n1,20,21,3,0\n",
+                 "1: the columns \"glucose\" and \"sugar\" may both be Cs"},
+        OddTable{"units in headers", "t_min,Cs (mg/L),\"Cx, g L⁻¹\",Cp [g/100 mL]\n90,7.3,2,0.5\n",
+                 ": 1.5 0.0073 2 5", "1 1 1 "},
+        OddTable{"units in a row", "t;Cs;Cx;Cp\n(d);(mg/mL);(kg/m3);(µg/mL)\n0,5;1;2;30\n",
+                 ": 12 1 2 0.03", "1 1 "},
+        OddTable{"a slash before the unit", "t/s,Cs/g DCW/L,Cx/kg m-3,Cp_mg_per_L\n1800,1,2,3\n",
+                 ": 0.5 1 2 0.003", "1 1 "},
+        OddTable{"an unknown unit", "t,Cs (lb/gal),Cx,Cp\n0,1,2,3\n",
+                 "1: the unit \"lb/gal\" of Cs is not known; known are g/L"},
+        OddTable{"time in weeks", "t (weeks),Cs,Cx,Cp\n0,1,2,3\n", "the unit \"weeks\" of t"},
+        OddTable{"a remark is no unit", "t (h; 0: inoculation),Cs (enzymatic),Cx,Cp\n0,1,2,3\n",
+                 ": 0 1 2 3"},
+        OddTable{"mM without a molar mass", "t,Cs_mM,Cx,Cp\n0,1,2,3\n",
+                 "1: Cs is in mM, which takes its molar mass"},
+        OddTable{"mM",
+                 "t,Cs_mM,Cx,Cp\n0,100,2,3\n",
+                 ": 0 18.016 2 3",
+                 "1 ",
+                 {.molarMasses = {{{}, {}, 180.16, {}, {}}}}},
+        OddTable{"a molar mass without mM",
+                 "t,Cs,Cx,Cp\n0,1,2,3\n",
+                 "Cs has a molar mass",
+                 "",
+                 {.molarMasses = {{{}, {}, 180.16, {}, {}}}}},
+        OddTable{"a unit given",
+                 "t,Cs,Cx (AU),Cp\n0,1,2,3\n",
+                 ": 0 1 0.002 3",
+                 "1 ",
+                 {.units = {{{}, {}, {}, "mg/L", {}}}}},
+        OddTable{"columns given", "hours;a;b;c\n1;2;3;4\n", ": 1 4 2 3", "",
+                 Columns("hours", "c", "2", "3")},
+        OddTable{"no header at all", "9;0;1;2;3\n9;1;4;5;6\n", ": 0 1 2 3 | 1 4 5 6", "",
+                 Columns("2", "3", "4", "5")},
+        OddTable{"a column that is not there", "t,Cs,Cx,Cp\n0,1,2,3\n",
+                 "1: there is no column \"9\" for Cs; the table has t, Cs, Cx, Cp", "",
+                 Columns("t", "9", "Cx", "Cp")}));
+
+// Excerpts of published tables: Zentou et al. 2019, Biomolecules 9(8):308, digitised, as saved with
+// decimal commas; Zahoor et al. 2020, Biotechnol Biofuels, doi:10.1186/s13068-020-01822-9, Fig. 2;
+// ten batches of S. cerevisiae ITD-00185, data10E of 2026-03-26.
+INSTANTIATE_TEST_SUITE_P(
+    Published, OddTables,
+    testing::Values(
+        OddTable{"molasses",
+                 "# Zentou\nexperiment;t_h;Cx_g_per_L;Cs_g_per_L;Cp_g_per_L\n"
+                 "A;16;11,72252;33,73693;18,411366\nA;34;21,328758;0;31,5461\n",
+                 "A: 16 33.73693 11.72252 18.411366 | 34 0 21.328758 31.5461"},
+        OddTable{"anaerobic yeast",
+                 "experiment,t_h,Cx_g_per_L,Cs_g_per_L,Cp_g_per_L\n"
+                 "E1,0.0,0.0738363,3.51665,0.00268233\n",
+                 "E1: 0 3.51665 0.0738363 0.00268233"},
+        OddTable{
+            "ten batches",
+            "experiment,t_h,Cx_g_per_L,Cs_g_per_L,Cp_g_per_L,glucose_g_per_L,fructose_g_per_L\n"
+            "E1,3,0.021603611,18.89305,0,2.82448625,16.06856375\n",
+            "E1: 3 18.89305 0.021603611 0"}));
 
 }  // namespace
 }  // namespace velmora
