@@ -56,8 +56,9 @@ ethanol, tempo, células, substrato, produto, batch, run and ensaio do as well. 
 columns are ignored, and so are lines that begin with #. Titles above the header and
 remarks below the data are left out and told.
 Cells are separated by commas, semicolons or tabs, or by what a first line "sep=;" says.
-The text is UTF-8, UTF-16 with its mark, or Windows-1252. A cell that is empty or no
-number is an error, never 0.
+The text is UTF-8, UTF-16 with its mark, or Windows-1252. A cell that is empty, NA or no
+number is an error, never 0; --missing drops the rows that lack Cs, Cx or Cp, or puts the
+value there that lies on the straight line between its neighbours in time, and tells each.
 The decimal mark is the one that the table shows: 20,5 shows a comma, 1.234,5 too. Where
 nothing shows it, 1,234 is refused; --decimal and --thousands decide.
 The unit is the one in the header, as in t_min, "Glucose (mg/L)" or "Cp, mM", or in a row
@@ -223,6 +224,9 @@ void AddImport(CLI::App& app, ImportOptions& import) {
   AddRepeated(*command, "--unit", import.units, "unit of a column")->type_name("NAME=UNIT");
   AddRepeated(*command, "--molar-mass", import.molarMasses, "g/mol of a column in mM")
       ->type_name("NAME=VALUE");
+  command->add_option("--missing", import.missing, "what becomes of a row that lacks Cs, Cx or Cp")
+      ->check(CLI::IsMember({"drop-row", "interpolate"}).description(""))
+      ->type_name("drop-row|interpolate");
   command->footer(kImportFooter);
 }
 

@@ -38,6 +38,7 @@ struct ImportOptions {
   std::string columns;                   // NAME=COLUMN,..., a header or a place from 1
   std::vector<std::string> units;        // NAME=UNIT
   std::vector<std::string> molarMasses;  // NAME=VALUE, g/mol
+  std::optional<std::string> missing;    // drop-row or interpolate
 };
 
 /// The names of what stands between thousands.

@@ -19,11 +19,13 @@ struct Hint {
   TextId fault;
   TextId option;  // that decides it
 };
-constexpr std::array<Hint, 5> kHints = {{{TextId::CellOfTwoReadings, TextId::DecideMark},
+constexpr std::array<Hint, 7> kHints = {{{TextId::CellOfTwoReadings, TextId::DecideMark},
                                          {TextId::ColumnUnclear, TextId::DecideColumn},
                                          {TextId::MissingColumn, TextId::DecideMissingColumn},
                                          {TextId::UnitUnknown, TextId::DecideUnit},
-                                         {TextId::MolarMassMissing, TextId::DecideMolarMass}}};
+                                         {TextId::MolarMassMissing, TextId::DecideMolarMass},
+                                         {TextId::CellGap, TextId::DecideMissing},
+                                         {TextId::CellNA, TextId::DecideMissing}}};
 
 std::string HintFor(const TableFault& fault, const Wording& say) {
   const auto hint = std::find_if(kHints.begin(), kHints.end(),
@@ -81,6 +83,8 @@ void TakeMarks(const ImportOptions& options, TableOptions& table, const Wording&
 TableOptions TableOptionsOf(const ImportOptions& options, const Wording& say) {
   TableOptions table{options.only};
   TakeMarks(options, table, say);
+  if (options.missing)
+    table.missing = options.missing == "drop-row" ? Missing::DropRow : Missing::Interpolate;
   TakeColumns(options.columns, table, say);
   for (const std::string& text : options.units) {
     auto [quantity, unit] = Assigned(kUnit, text, say);

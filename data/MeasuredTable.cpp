@@ -5,6 +5,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <optional>
 #include <set>
@@ -12,12 +13,14 @@
 #include "data/CsvTable.h"
 #include "data/ExperimentEntry.h"
 #include "data/TableColumns.h"
+#include "data/TableGaps.h"
 #include "data/TableText.h"
 #include "language/Numbers.h"
 
 namespace velmora {
 namespace {
 
+constexpr std::array kConcentrations = {Quantity::Substrate, Quantity::Cells, Quantity::Product};
 constexpr std::array kMeasured = {Quantity::Time, Quantity::Substrate, Quantity::Cells,
                                   Quantity::Product};
 
@@ -54,12 +57,25 @@ class MeasuredTable {
   std::string Label(std::size_t row) const;
   Experiment& ExperimentLabelled(const std::string& label);
   void AddPoint(std::size_t row, Experiment& experiment);
+  bool DropsRow(std::size_t row);
+  void FillGaps();
   double Value(std::size_t row, Quantity quantity) const;
+  double MeasuredValue(std::size_t row, Quantity quantity);
   std::string PlainNumber(std::size_t row, std::size_t column) const;
   void RequireLabels() const;
 
   [[noreturn]] void FailAt(std::size_t row, std::size_t column, TextId text,
                            std::vector<std::string> more = {}) const;
+
+  /// A value to be interpolated.
+  struct Gap {
+    std::size_t experiment;
+    std::size_t point;
+    std::size_t row;
+    Quantity quantity;
+  };
+  double FilledValue(const Gap& gap);
+  void TellAt(std::size_t row, Quantity quantity, TextId text, std::vector<std::string> arguments);
 
   CsvTable table_;
   const TableOptions& options_;
@@ -68,6 +84,7 @@ class MeasuredTable {
   NumberMarks marks_;
   std::vector<TableFault> remarks_;
   std::vector<Experiment> experiments_;
+  std::vector<Gap> gaps_;
   std::map<std::string, std::size_t> places_;  // of the labels in experiments_
 };
 
@@ -165,8 +182,10 @@ void MeasuredTable::FindUnits() {
 bool MeasuredTable::IsFooter(const CsvRow& row, const std::set<std::string>& labels) const {
   const auto experiment = columns_.Experiment();
   if (experiment && labels.contains(CellOf(row, *experiment))) return false;
+  const std::string& time = CellOf(row, columns_.Of(Quantity::Time));
+  if (!time.empty() && IsGap(time)) return false;
   const auto first = std::find_if_not(row.cells.begin(), row.cells.end(), IsEmpty);
-  return !BeginsLikeANumber(*first) && !BeginsLikeANumber(CellOf(row, columns_.Of(Quantity::Time)));
+  return !BeginsLikeANumber(*first) && !BeginsLikeANumber(time);
 }
 
 void MeasuredTable::LeaveOutFooters() {
@@ -265,15 +284,65 @@ double MeasuredTable::Value(std::size_t row, Quantity quantity) const {
   return converted;
 }
 
+std::vector<double>& SeriesOf(Experiment& experiment, Quantity quantity) {
+  if (quantity == Quantity::Substrate) return experiment.Cs;
+  return quantity == Quantity::Cells ? experiment.Cx : experiment.Cp;
+}
+
+/// NaN where a value is to be interpolated.
+double MeasuredTable::MeasuredValue(std::size_t row, Quantity quantity) {
+  const std::size_t column = columns_.Of(quantity);
+  const std::string_view cell = Trimmed(CellOf(table_.rows[row], column));
+  if (!IsGap(cell)) return Value(row, quantity);
+  if (options_.missing == Missing::Refuse)
+    FailAt(row, column, cell.empty() ? TextId::CellGap : TextId::CellNA);
+  return std::numeric_limits<double>::quiet_NaN();
+}
+
 void MeasuredTable::AddPoint(std::size_t row, Experiment& experiment) {
   if (experiment.Points() == kMostPoints)
     throw TableFault{TextId::TooManyPoints, {}, table_.rows[row].line};
   const double time = Value(row, Quantity::Time);
   experiment.time.push_back(time);
-  experiment.Cs.push_back(Value(row, Quantity::Substrate));
-  experiment.Cx.push_back(Value(row, Quantity::Cells));
-  experiment.Cp.push_back(Value(row, Quantity::Product));
+  for (const Quantity quantity : kConcentrations) {
+    std::vector<double>& series = SeriesOf(experiment, quantity);
+    series.push_back(MeasuredValue(row, quantity));
+    if (std::isnan(series.back()))
+      gaps_.push_back({places_.at(experiment.description), series.size() - 1, row, quantity});
+  }
   experiment.finalTime = std::max(experiment.finalTime, time);
+}
+
+void MeasuredTable::TellAt(std::size_t row, Quantity quantity, TextId text,
+                           std::vector<std::string> arguments) {
+  remarks_.push_back({text, std::move(arguments), table_.rows[row].line, static_cast<int>(row) + 1,
+                      OnOneLine(table_.header.cells[columns_.Of(quantity)])});
+}
+
+bool MeasuredTable::DropsRow(std::size_t row) {
+  if (options_.missing != Missing::DropRow) return false;
+  for (const Quantity quantity : kConcentrations) {
+    if (!IsGap(Trimmed(CellOf(table_.rows[row], columns_.Of(quantity))))) continue;
+    TellAt(row, quantity, TextId::RowDropped, {});
+    return true;
+  }
+  return false;
+}
+
+double MeasuredTable::FilledValue(const Gap& gap) {
+  Experiment& experiment = experiments_[gap.experiment];
+  const auto value = Interpolated(experiment.time, SeriesOf(experiment, gap.quantity), gap.point);
+  if (!value) FailAt(gap.row, columns_.Of(gap.quantity), TextId::CellNotBetween);
+  TellAt(gap.row, gap.quantity, TextId::ValueInterpolated, {ShortestText(*value)});
+  return *value;
+}
+
+/// A value filled in is none to interpolate from: all are told, then all are set.
+void MeasuredTable::FillGaps() {
+  std::vector<double> values;
+  for (const Gap& gap : gaps_) values.push_back(FilledValue(gap));
+  for (std::size_t i = 0; i < gaps_.size(); ++i)
+    SeriesOf(experiments_[gaps_[i].experiment], gaps_[i].quantity)[gaps_[i].point] = values[i];
 }
 
 Experiment& MeasuredTable::ExperimentLabelled(const std::string& label) {
@@ -333,9 +402,11 @@ ExperimentLists MeasuredTable::Experiments() {
     const std::string label = Label(row);
     if (!only.empty() && std::find(only.begin(), only.end(), label) == only.end()) continue;
     CheckWidth(row);
+    if (DropsRow(row)) continue;
     AddPoint(row, ExperimentLabelled(label));
   }
   if (experiments_.empty()) throw TableFault{TextId::NoRows, {}};
+  FillGaps();
 
   ExperimentLists lists;
   const std::vector<std::int16_t> numbers = NumbersOf(experiments_);

@@ -23,10 +23,11 @@ struct TableRead {
 /// and colours in turn. Columns are found by their headers, others are ignored; without an
 /// experiment column all rows are one experiment. An experiment's number is the whole number that
 /// its label ends in, where all labels end in different ones, else its place; its final time is its
-/// largest. Units are those of the headers, of
-/// a row below them or of `options`, else h and g/L. Lines behind the last row of data that begin
-/// with no number are left out and told. A cell that is empty, no number, negative or of two
-/// readings is a fault; a label that `options.only` names and the table lacks is one too
+/// largest. A missing value is refused, its row
+/// dropped, or it is interpolated in time, as `options.missing` says, and told. Units are those of
+/// the headers, of a row below them or of `options`, else h and g/L. Lines behind the last row of
+/// data that begin with no number are left out and told. A cell that is empty, no number, negative
+/// or of two readings is a fault; a label that `options.only` names and the table lacks is one too
 /// (`LabelMissing`, with the label and all that there are as its arguments).
 TableRead ReadTable(std::string_view bytes, const TableOptions& options);
 

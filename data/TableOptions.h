@@ -27,10 +27,14 @@ constexpr std::string_view NameOf(Quantity quantity) {
   return kQuantityNames[IndexOf(quantity)];
 }
 
+/// What becomes of a row whose Cs, Cx or Cp is missing.
+enum class Missing { Refuse, DropRow, Interpolate };
+
 struct TableOptions {
   std::vector<std::string> only = {};  // labels to keep; empty: all
   std::optional<char> decimal = {};    // '.' or ','
   std::optional<Thousands> thousands = {};
+  Missing missing = Missing::Refuse;
   // Each in place of what the headers say.
   ByQuantity<std::optional<std::string>> columns = {};  // the header, or the column's place from 1
   ByQuantity<std::optional<std::string>> units = {};

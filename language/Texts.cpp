@@ -496,6 +496,12 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::DecideMissingColumn, ", or name it with --columns {1}=HEADER", " ou indique-a com --columns {1}=CABEÇALHO"},
     {TextId::DecideUnit, "; or name another with --unit {2}=UNIT", "; ou indique outra com --unit {2}=UNIDADE"},
     {TextId::DecideMolarMass, "; give --molar-mass {1}=VALUE in g/mol", "; dê --molar-mass {1}=VALOR em g/mol"},
+    {TextId::CellGap, "the cell is empty; fill it or remove the row", "a célula está vazia; preencha-a ou remova a linha"},
+    {TextId::CellNA, "\"{1}\" stands for no value; fill it or remove the row", "\"{1}\" indica falta de valor; preencha-o ou remova a linha"},
+    {TextId::CellNotBetween, "there is no value before it or none behind it to interpolate from; remove the row", "não há valor antes ou depois dele para interpolar; remova a linha"},
+    {TextId::RowDropped, "there is no value; the row was left out", "não há valor; a linha foi omitida"},
+    {TextId::ValueInterpolated, "there is no value; {1} was interpolated", "não há valor; {1} foi interpolado"},
+    {TextId::DecideMissing, ", or choose --missing drop-row or --missing interpolate", ", ou escolha --missing drop-row ou --missing interpolate"},
 
     // What the commands print.
     {TextId::ModelHeading, "Model", "Modelo"},

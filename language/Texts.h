@@ -369,6 +369,12 @@ enum class TextId : std::int16_t {
   DecideMissingColumn,
   DecideUnit,
   DecideMolarMass,
+  CellGap,
+  CellNA,
+  CellNotBetween,
+  RowDropped,
+  ValueInterpolated,
+  DecideMissing,
 
   // What the commands print.
   ModelHeading,

@@ -126,6 +126,17 @@ TEST_F(Import, TakesColumnsAndUnitsGiven) {
     EXPECT_EQ(ImportText(table, wrong).code, 2) << wrong;
 }
 
+TEST_F(Import, TakesWhatBecomesOfGaps) {
+  const std::string table = "t,Cs,Cx,Cp\n0,1,2,3\n1,,2,3\n2,3,2,3\n";
+  EXPECT_NE(ImportText(table).err.find("or choose --missing drop-row"), std::string::npos);
+  const Ran ran = ImportText(table, " --missing interpolate");
+  EXPECT_NE(ran.out.find(":3: row 2, column Cs: there is no value; 2 was interpolated"),
+            std::string::npos);
+  EXPECT_NE(BytesOf(File()).find("|1|2|2|3|"), std::string::npos);
+  ImportText(table, " --missing drop-row");
+  EXPECT_NE(BytesOf(File()).find("|0|1|2|3|\r\n|2|3|2|3|"), std::string::npos);
+}
+
 TEST_F(Import, RefusesMorePointsThanItsFileCounts) {
   std::string table = "t,Cs,Cx,Cp\n";
   for (int point = 0; point < 32768; ++point) table += "0,1,2,3\n";

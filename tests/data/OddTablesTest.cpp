@@ -189,6 +189,41 @@ INSTANTIATE_TEST_SUITE_P(
                  "1: there is no column \"9\" for Cs; the table has t, Cs, Cx, Cp", "",
                  Columns("t", "9", "Cx", "Cp")}));
 
+const char* const kGaps =
+    "exp,t,Cs,Cx,Cp\na,4,10,2,NA\na,0,20,1,0\na,1,,1,N/A\nb,2,5,5,5\na,8,6,3,8\n";
+
+// At 1 h of 0 h and 4 h: Cs = 20 - 10/4 = 17.5, Cp = 0 + 8/8 = 1; Cp at 4 h = 8 * 4/8 = 4.
+INSTANTIATE_TEST_SUITE_P(
+    Gaps, OddTables,
+    testing::Values(OddTable{"NA", kGaps, "2: row 1, column Cp: \"NA\" stands for no value"},
+                    OddTable{"an empty cell", "t,Cs,Cx,Cp\n0,1,,3\n",
+                             "2: row 1, column Cx: the cell is empty"},
+                    OddTable{"rows dropped",
+                             kGaps,
+                             "a: 0 20 1 0 | 8 6 3 8; b: 2 5 5 5",
+                             "2 4 ",
+                             {.missing = Missing::DropRow}},
+                    OddTable{"values interpolated",
+                             kGaps,
+                             "a: 4 10 2 4 | 0 20 1 0 | 1 17.5 1 1 | 8 6 3 8; b: 2 5 5 5",
+                             "2 4 4 ",
+                             {.missing = Missing::Interpolate}},
+                    OddTable{"nothing behind the gap",
+                             "t,Cs,Cx,Cp\n0,1,2,3\n1,-,2,3\n",
+                             "3: row 2, column Cs: there is no value before it or none behind it",
+                             "",
+                             {.missing = Missing::Interpolate}},
+                    OddTable{"a time that is missing",
+                             "t,Cs,Cx,Cp\n0,1,2,3\nNA,1,2,3\n",
+                             "3: row 2, column t: \"NA\" is not a number",
+                             "",
+                             {.missing = Missing::DropRow}},
+                    OddTable{"what was not detected",
+                             "t,Cs,Cx,Cp\n0,n.d.,2,3\n",
+                             "\"n.d.\" is not a number",
+                             "",
+                             {.missing = Missing::DropRow}}));
+
 // Excerpts of published tables: Zentou et al. 2019, Biomolecules 9(8):308, digitised, as saved with
 // decimal commas; Zahoor et al. 2020, Biotechnol Biofuels, doi:10.1186/s13068-020-01822-9, Fig. 2;
 // ten batches of S. cerevisiae ITD-00185, data10E of 2026-03-26.
