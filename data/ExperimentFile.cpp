@@ -120,6 +120,12 @@ ExperimentsRead ReadExperimentBytes(std::string_view bytes, const std::string& p
   return read;
 }
 
+bool HoldsConditions(const std::string& path) {
+  ExperimentLists lists;
+  const auto fault = ReadExperiments(path, lists).fault;
+  return fault && fault->reason == FileReason::HoldsConditions;
+}
+
 std::string ExperimentText(const ExperimentLists& lists) {
   std::string text;
   AppendLine(text, kFirstTitle);

@@ -26,6 +26,9 @@ ExperimentsRead ReadExperiments(const std::string& path, ExperimentLists& lists)
 ExperimentsRead ReadExperimentBytes(std::string_view bytes, const std::string& path,
                                     ExperimentLists& lists);
 
+/// Whether the file holds cultivation conditions in place of experiments.
+bool HoldsConditions(const std::string& path);
+
 /// The file's text for the lists, UTF-8, lines ended by CR LF.
 std::string ExperimentText(const ExperimentLists& lists);
 

@@ -249,7 +249,7 @@ constexpr auto kTable = std::to_array<Entry>({
     {512, "Lower bound of ", "Limite inferior de "},
     {513, "Estimated variables: ", "Variáveis ajustadas: "},
     {514, "Sum of squared errors: ", "Soma do quadrado dos erros: "},
-    {515, "Version 1.0", "Versão 1.0"},
+    {515, "Version " VELMORA_VERSION, "Versão " VELMORA_VERSION},
     {516, "**********Estimated parameters with deviation**********", "**********Parâmetros estimados com desvio**********"},
 
     // Why a file cannot be read or written, in the order of FileReason; {1} is the detail.
@@ -431,6 +431,7 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::NoPrinter, "No printer is set up on this computer.", "Nenhuma impressora está instalada neste computador."},
     {TextId::PrinterRefused, "The chosen printer cannot be reached.", "A impressora escolhida não pode ser acessada."},
     {TextId::AskToSavePdf, "Save the page as a PDF file instead?", "Deseja salvar a página em um arquivo PDF?"},
+    {TextId::ExperimentsFirst, "The file holds cultivation conditions. Choose the file with the experiments that they belong to.", "O arquivo contém condições de cultivo. Escolha o arquivo com os experimentos a que pertencem."},
 
     // The command line.
     {TextId::NotANumber, "{1}: \"{2}\" is not a number; write it with a decimal point, such as 0.8", "{1}: \"{2}\" não é um número; escreva-o com ponto decimal, como 0.8"},

@@ -304,6 +304,7 @@ enum class TextId : std::int16_t {
   NoPrinter,
   PrinterRefused,
   AskToSavePdf,
+  ExperimentsFirst,
 
   // The command line.
   NotANumber,

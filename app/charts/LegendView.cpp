@@ -1,6 +1,5 @@
 #include "app/charts/LegendView.h"
 
-#include <QCoreApplication>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMouseEvent>
@@ -24,10 +23,6 @@ QString LatinText(std::string_view text) {
 }
 
 }  // namespace
-
-QString ProgramFolder() {
-  return QCoreApplication::applicationDirPath();
-}
 
 LegendView::LegendView(QString imageFolder, QWidget* parent)
     : QFrame(parent), imageFolder_(std::move(imageFolder)) {

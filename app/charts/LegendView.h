@@ -53,7 +53,4 @@ class LegendView : public QFrame {
   QPoint grabbedAt_;
 };
 
-/// The folder of the running program, in which the build puts the legend's pictures.
-QString ProgramFolder();
-
 }  // namespace velmora

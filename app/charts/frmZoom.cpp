@@ -16,6 +16,7 @@
 #include "app/charts/dlgTituloGrafico.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
+#include "app/widgets/ProgramFolder.h"
 #include "language/Numbers.h"
 #include "session/Operations.h"
 

@@ -2,6 +2,7 @@
 
 #include "app/charts/LegendView.h"
 #include "app/widgets/PanelParts.h"
+#include "app/widgets/ProgramFolder.h"
 
 namespace velmora {
 

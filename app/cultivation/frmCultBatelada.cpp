@@ -277,7 +277,10 @@ void frmCultBatelada::SalvarArqCondBat() {
 
 void frmCultBatelada::AbrirCondBat() {
   const QString file = dialogs_.OpenFile(this, kOpenFilter);
-  if (file.isEmpty()) return;
+  if (!file.isEmpty()) Open(file);
+}
+
+void frmCultBatelada::Open(const QString& file) {
   const bool first = session_.conditions.SavedCount() == 0;
   const ConditionsOpened opened = OpenConditions(session_, LocalPath(file));
   if (opened.fault) return dialogs_.TellFault(this, *opened.fault);

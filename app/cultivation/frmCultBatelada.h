@@ -31,6 +31,8 @@ class frmCultBatelada : public QWidget {
   /// Opens a conditions file that the user chooses; only then are stored conditions cleared, and
   /// the boxes emptied where none are stored.
   void AbrirCondBat();
+  /// As `AbrirCondBat`, of the file `file`.
+  void Open(const QString& file);
   /// Clears the stored conditions of the experiment at `place`.
   void LimpaVet(int place);
   /// Empties every box.

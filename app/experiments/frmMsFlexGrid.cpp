@@ -13,6 +13,7 @@
 #include "app/experiments/ExperimentGridView.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
+#include "app/widgets/ProgramFolder.h"
 #include "data/ExperimentFile.h"
 #include "session/Session.h"
 
@@ -240,7 +241,10 @@ void frmMsFlexGrid::OkSub() {
 bool frmMsFlexGrid::cmdAbrirOkSub() {
   if (!MayLeave()) return false;
   const QString file = dialogs_.OpenFile(this, kOpenFilter);
-  if (file.isEmpty()) return false;
+  return !file.isEmpty() && Open(file);
+}
+
+bool frmMsFlexGrid::Open(const QString& file) {
   const ExperimentsOpened read = OpenExperiments(session_, LocalPath(file));
   if (read.opened) {
     ResetNextDisplays();

@@ -28,6 +28,8 @@ class frmMsFlexGrid : public QWidget {
   /// removed. False where the user cancels, or where the file gives no experiment because of a
   /// fault: then everything stays.
   bool cmdAbrirOkSub();
+  /// As `cmdAbrirOkSub`, of the file `file`.
+  bool Open(const QString& file);
   /// Shows the legend, or hides it.
   void LegendaSub();
   /// Redraws the three plots; where no experiment is visible, says so.

@@ -18,6 +18,8 @@
 #include "app/shell/MainMenu.h"
 #include "app/shell/frmSobre.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/ProgramFolder.h"
+#include "data/ExperimentFile.h"
 #include "session/Session.h"
 
 namespace velmora {
@@ -156,11 +158,37 @@ void MDIForm1::ShowCultivation() {
   Bring(cultivationFrame_, experimentsFrame_);
 }
 
-void MDIForm1::OpenExperiments() {
+bool MDIForm1::MayOpenExperiments() {
   const auto question = AskBeforeOpeningExperiments(session_);
-  if ((question && !Confirmed(*question)) || !experiments_->cmdAbrirOkSub()) return;
+  return !question || Confirmed(*question);
+}
+
+void MDIForm1::OpenExperiments() {
+  if (MayOpenExperiments() && experiments_->cmdAbrirOkSub()) ShowOpenedExperiments();
+}
+
+void MDIForm1::ShowOpenedExperiments() {
   if (!session_.lists.Empty()) experiments_->GraficoSub();
   ShowExperiments();
+}
+
+void MDIForm1::OpenFiles(const QStringList& files) {
+  QStringList conditions;
+  for (const QString& file : files) {
+    if (HoldsConditions(LocalPath(file)))
+      conditions.append(file);
+    else if (MayOpenExperiments() && experiments_->Open(file))
+      ShowOpenedExperiments();
+  }
+  for (const QString& file : conditions) {
+    if (session_.lists.Empty()) {
+      dialogs_.Show(this, Attention({TextId::ExperimentsFirst}));
+      OpenExperiments();
+    }
+    if (session_.lists.Empty()) return;
+    cultivation_->Open(file);
+    ShowCultivation();
+  }
 }
 
 void MDIForm1::OpenConditions() {
@@ -235,7 +263,7 @@ void MDIForm1::ShowAbout() {
 }
 
 void MDIForm1::ShowHelp() {
-  OpenHelpDocument(QCoreApplication::applicationDirPath(), session_.language);
+  OpenHelpDocument(ProgramFolder(), session_.language);
 }
 
 void MDIForm1::SwitchLanguage(Language language) {

@@ -27,6 +27,11 @@ class MDIForm1 : public QMainWindow {
  public:
   MDIForm1(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
 
+  /// Opens the files that the program was started with, each in the window that its content belongs
+  /// to: experiments first, then conditions, for which the user is asked to choose the experiments
+  /// where there are none.
+  void OpenFiles(const QStringList& files);
+
  protected:
   void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
@@ -46,7 +51,9 @@ class MDIForm1 : public QMainWindow {
 
   void ShowExperiments();
   void ShowCultivation();
+  bool MayOpenExperiments();
   void OpenExperiments();
+  void ShowOpenedExperiments();
   void OpenConditions();
   void SaveExperiments();
   void SaveConditions();

@@ -16,7 +16,14 @@
 
 namespace {
 
-constexpr int kNoDisplay = 2;  // the exit status
+constexpr int kUsage = 2;  // the exit status of a wrong command line, and without a display
+
+constexpr const char* kHelp =
+    "Use: velmora [FILE.abr...]\n"
+    "Opens each file in the window that its content belongs to.\n"
+    "  --help      this text\n"
+    "  --version   the version\n"
+    "velmora-cli does the same work without a window.\n";
 
 bool IsSet(const char* variable) {
   const char* const value = std::getenv(variable);
@@ -31,7 +38,7 @@ bool HasDisplay(int argc, char** argv) {
 
 [[noreturn]] void LeaveWithoutDisplay() {
   std::fputs("velmora: no display can be opened; velmora-cli runs without one\n", stderr);
-  std::_Exit(kNoDisplay);
+  std::_Exit(kUsage);
 }
 
 /// While the application object is made, the one fatal message is that of a display out of reach.
@@ -39,9 +46,31 @@ void OnMessageAtStart(QtMsgType type, const QMessageLogContext&, const QString&)
   if (type == QtFatalMsg) LeaveWithoutDisplay();
 }
 
+/// Answers --help and --version, which need no display.
+bool OnlyTells(int argc, char** argv) {
+  if (argc != 2) return false;
+  const std::string_view word(argv[1]);
+  if (word == "--version") std::puts("velmora " VELMORA_VERSION);
+  if (word == "--help") std::fputs(kHelp, stdout);
+  return word == "--version" || word == "--help";
+}
+
+/// The files of the command line; the toolkit has taken its own options from it.
+QStringList FilesToOpen() {
+  const QStringList files = QCoreApplication::arguments().mid(1);
+  for (const QString& file : files) {
+    if (!file.startsWith(QLatin1Char('-'))) continue;
+    std::fprintf(stderr, "velmora: no option \"%s\"; velmora --help tells the use\n",
+                 qPrintable(file));
+    std::exit(kUsage);
+  }
+  return files;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (OnlyTells(argc, argv)) return 0;
   if (!HasDisplay(argc, argv)) LeaveWithoutDisplay();
   const QtMessageHandler usual = qInstallMessageHandler(OnMessageAtStart);
   const QApplication application(argc, argv);
@@ -49,6 +78,8 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName(QStringLiteral("velmora"));
   QApplication::setDesktopFileName(QStringLiteral("velmora"));
   QApplication::setWindowIcon(velmora::GrowthCurveIcon());
+
+  const QStringList files = FilesToOpen();
 
   velmora::Session session;
   session.separator = QLocale::system().decimalPoint() == QLatin1StringView(".") ? '.' : ',';
@@ -58,6 +89,7 @@ int main(int argc, char** argv) {
   QObject::connect(&start, &velmora::frmSplash::Confirmed, &start, [&] {
     frame = std::make_unique<velmora::MDIForm1>(session, dialogs);
     frame->show();
+    frame->OpenFiles(files);
   });
   start.show();
   return QApplication::exec();

@@ -14,6 +14,7 @@
 #include "app/shell/MDIForm1.h"
 #include "app/shell/frmSplash.h"
 #include "app/widgets/Idiomas.h"
+#include "app/widgets/ProgramFolder.h"
 #include "data/ExperimentFile.h"
 #include "tests/data/FileTesting.h"
 #include "tests/support/Windows.h"
@@ -337,6 +338,44 @@ TEST(Dialogs, WordTheirButtonsAndTakeEscapeAsTheCautiousAnswer) {
     const Message question{{TextId::AskToStop, " <b>"}, TextId::Attention, Icon::Question};
     EXPECT_EQ(dialogs.Show(nullptr, question, Buttons::YesNo, QStringLiteral("line 3")), answer);
   }
+}
+
+TEST_F(Shell, OpensTheFilesOfItsStartEachInItsWindow) {
+  const auto example = [](const char* name) {
+    return QStringLiteral(VELMORA_SOURCE_FOLDER "/examples/") + QLatin1StringView(name);
+  };
+  Start(Language::English);
+  frame->OpenFiles({example("molasses-conditions.abr"), example("molasses.abr")});
+  EXPECT_EQ(session.lists.Count(), 1);
+  EXPECT_EQ(session.conditions.SavedCount(), 1);
+  EXPECT_TRUE(Cultivation().isVisible());
+  EXPECT_EQ(dialogs.LastText(),
+            "Cultivation conditions of the experiment 1 successfully inserted.");
+
+  dialogs.answers = {Answer::No};
+  frame->OpenFiles({example("yeast-nine.abr")});
+  EXPECT_EQ(session.lists.Count(), 1) << "the experiments of before are asked for first";
+
+  Start(Language::English);
+  dialogs.shown.clear();
+  dialogs.files = {example("molasses.abr")};
+  frame->OpenFiles({example("molasses-conditions.abr")});
+  EXPECT_EQ(Worded(dialogs.shown.at(0).first, session.language),
+            "The file holds cultivation conditions. Choose the file with the experiments that they "
+            "belong to.");
+  EXPECT_EQ(session.conditions.SavedCount(), 1);
+
+  Start(Language::English);
+  frame->OpenFiles({QString::fromStdString(folder / "none.abr")});
+  EXPECT_TRUE(dialogs.details.back().contains(QStringLiteral("cannot be opened")));
+}
+
+TEST(ProgramFolder, IsThatOfTheBuildOrTheSharedOneOfAnInstallation) {
+  const TemporaryFolder folder;
+  const QString program = QString::fromStdString(folder / "moved/bin");
+  EXPECT_EQ(FilesOfProgramIn(program), QString::fromStdString(folder / "moved/share/velmora"));
+  std::filesystem::create_directories(folder / "moved/bin/Imagens_Marcador");
+  EXPECT_EQ(FilesOfProgramIn(program), program);
 }
 
 TEST(HelpDocument, OpensTheGuideOfTheLanguageAndPassesOverAMissingOne) {

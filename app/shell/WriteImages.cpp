@@ -1,4 +1,5 @@
-// Writes the legend's pictures, DIR/Imagens_Marcador/*.bmp and DIR/Imagens_Cores/*.bmp.
+// Writes the legend's pictures, DIR/Imagens_Marcador/*.bmp and DIR/Imagens_Cores/*.bmp, and the
+// program's icon in the sizes of a desktop, DIR/icons/hicolor/*/apps/velmora.png.
 // Use: velmora-images DIR
 
 #include <QDir>
@@ -7,6 +8,7 @@
 #include <cstdio>
 
 #include "app/charts/Markers.h"
+#include "app/shell/GrowthCurveView.h"
 #include "data/Experiment.h"
 
 namespace {
@@ -32,6 +34,18 @@ bool WriteAll(const QDir& folder) {
   return written;
 }
 
+bool WriteIcon(const QDir& folder) {
+  const QIcon icon = velmora::GrowthCurveIcon();
+  bool written = true;
+  for (const QSize& size : icon.availableSizes()) {
+    const QString place =
+        QStringLiteral("icons/hicolor/%1x%1/apps").arg(QString::number(size.width()));
+    folder.mkpath(place);
+    written &= icon.pixmap(size).save(folder.filePath(place + QStringLiteral("/velmora.png")));
+  }
+  return written;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -41,7 +55,8 @@ int main(int argc, char** argv) {
     std::fputs("use: velmora-images DIR\n", stderr);
     return 2;
   }
-  if (WriteAll(QDir(QString::fromLocal8Bit(argv[1])))) return 0;
+  const QDir folder(QString::fromLocal8Bit(argv[1]));
+  if (WriteAll(folder) && WriteIcon(folder)) return 0;
   std::fprintf(stderr, "velmora-images: cannot write into %s\n", argv[1]);
   return 3;
 }
