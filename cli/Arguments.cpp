@@ -6,6 +6,7 @@
 #include <CLI/Formatter.hpp>
 
 #include "cli/Assignments.h"
+#include "cli/Description.h"
 
 namespace velmora::cli {
 namespace {
@@ -266,6 +267,9 @@ void AddAll(CLI::App& app, Options& options) {
   app.fallthrough();
   app.footer(kFooter);
   app.set_version_flag("--version", "velmora-cli " VELMORA_VERSION);
+  // Hidden: what the manual pages and the completions are made from.
+  app.add_flag_callback("--describe", [&app] { throw CLI::CallForVersion(DescriptionOf(app), 0); })
+      ->group("");
   app.add_option("--language", options.language, "language of texts and messages")
       ->check(CLI::IsMember({"en", "pt"}).description(""))
       ->type_name("en|pt");

@@ -22,7 +22,8 @@ constexpr auto kFloors = std::to_array<std::string_view>(
      "app/shell"});
 constexpr std::string_view kCommandLine = "cli";  // stands on `session`, as app does
 // These stand beside the floors and may include any of them.
-constexpr auto kBeside = std::to_array<std::string_view>({"bench", "fuzz", "help", "tests"});
+constexpr auto kBeside =
+    std::to_array<std::string_view>({"bench", "fuzz", "help", "packaging", "tests"});
 
 bool IsOneOf(std::string_view folder, const auto& folders) {
   return std::find(folders.begin(), folders.end(), folder) != folders.end();
