@@ -57,6 +57,8 @@ inline constexpr std::array<Colour, 6> kColours = {{{"Azul", 0xFF0000},
                                                     {"Pink", 0xFF00FF},
                                                     {"Preto", 0x000000}}};
 
+inline constexpr std::int16_t kLineStyles = 3;
+
 /// The marker's number 1..8, or 0 for a name that is none of them.
 constexpr int MarkerNumber(std::string_view name) {
   const auto at = std::find(kMarkers.begin(), kMarkers.end(), name);

@@ -98,7 +98,11 @@ EntryRead ReadEntry(const ExperimentHeader& header, std::span<const GridRow> row
   else if (grid.badCell)
     read.refusal = BadCell(*grid.badCell, rows);
   read.experiment.number = number.value_or(0);
-  read.experiment.finalTime = finalTime.value_or(0);
+  const std::vector<double>& times = read.experiment.time;
+  const bool blank = header.finalTime.find_first_not_of(' ') == std::string::npos;
+  read.experiment.finalTime = blank && !times.empty()
+                                  ? *std::max_element(times.begin(), times.end())
+                                  : finalTime.value_or(0);
   read.experiment.description = header.description;
   read.experiment.verified = true;
   return read;
@@ -127,6 +131,29 @@ DisplayEntry UsualDisplay(int place) {
   display.marker = kMarkers[index % kMarkers.size()];
   display.colour = static_cast<std::int32_t>(index % kColours.size()) + 1;
   return display;
+}
+
+std::optional<Message> ReplaceUnknownDisplays(ExperimentLists& lists) {
+  std::string replaced;
+  for (int place = 1; place <= lists.Count(); ++place) {
+    DisplayEntry& display = lists.Display(place);
+    const DisplayEntry usual = UsualDisplay(place);
+    std::string unknown;
+    const auto replace = [&unknown](bool known, auto& value, const auto& instead,
+                                    const std::string& found) {
+      if (known) return;
+      unknown += (unknown.empty() ? "\"" : ", \"") + found + "\"";
+      value = instead;
+    };
+    replace(MarkerNumber(display.marker) != 0, display.marker, usual.marker, display.marker);
+    replace(display.colour >= 1 && display.colour <= static_cast<int>(kColours.size()),
+            display.colour, usual.colour, std::to_string(display.colour));
+    replace(display.line >= 1 && display.line <= kLineStyles, display.line, usual.line,
+            std::to_string(display.line));
+    if (!unknown.empty()) replaced += "\n" + std::to_string(place) + ": " + unknown;
+  }
+  if (replaced.empty()) return std::nullopt;
+  return Attention({TextId::DisplaysReplaced, replaced});
 }
 
 std::optional<Message> RefuseBlock(const GridBlock& block, GridCell at) {

@@ -34,7 +34,8 @@ struct EntryRead {
   std::optional<Refusal> refusal;
 };
 
-/// Reads the boxes with the locale's `separator`. The number is 1..32767; an empty final time is 0.
+/// Reads the boxes with the locale's `separator`. The number is 1..32767; where
+/// the final time is left blank, it is the last sample's.
 EntryRead ReadEntry(const ExperimentHeader& header, std::span<const GridRow> rows, char separator);
 
 /// The boxes that show an experiment.
@@ -46,6 +47,10 @@ int NextFreeNumber(const ExperimentLists& lists);
 
 /// How an experiment is drawn until the user chooses: places differ in marker and colour.
 DisplayEntry UsualDisplay(int place);
+
+/// Gives each experiment whose marker, colour or line style is none of the known ones the usual one
+/// of its place. What to tell then: the experiments, and what was replaced.
+std::optional<Message> ReplaceUnknownDisplays(ExperimentLists& lists);
 
 /// The refusal of a block that, pasted from `at` on, would run past the last column or the most
 /// points that a record can hold. Empty cells past the last column do not count.

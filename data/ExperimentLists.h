@@ -37,6 +37,8 @@ class ExperimentLists {
   std::optional<Message> Delete(int place);
   void Clear();
 
+  friend bool operator==(const ExperimentLists&, const ExperimentLists&) = default;
+
  private:
   std::vector<Experiment> experiments_;
   std::vector<DisplayEntry> displays_;

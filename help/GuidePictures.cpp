@@ -27,7 +27,8 @@ class Agreeing : public Dialogs {
   std::deque<QString> files;
 
   Answer Show(QWidget*, const Message&, Buttons buttons, const QString&) override {
-    return buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
+    const bool accepts = buttons == Buttons::Ok || buttons == Buttons::OkCancel;
+    return accepts ? Answer::Ok : Answer::Yes;
   }
   QString OpenFile(QWidget*, const QString&) override {
     if (files.empty()) return {};
@@ -35,7 +36,7 @@ class Agreeing : public Dialogs {
     files.pop_front();
     return file;
   }
-  QString SaveFile(QWidget*, const QString&, const QString&) override { return {}; }
+  QString SaveFile(QWidget*, const QString&, const QString&, const QString&) override { return {}; }
 };
 
 QImage Picture(QWidget& window) {

@@ -1,6 +1,7 @@
 #include "session/Operations.h"
 
 #include <algorithm>
+#include <memory>
 #include <utility>
 
 #include "cultivation/ConditionsFile.h"
@@ -30,6 +31,9 @@ Change Replace(Session& session, ExperimentLists lists) {
   session.conditions.Clear();
   session.curves = {};
   session.lastRun.reset();
+  session.draft = {};
+  session.experimentsFile.clear();
+  session.conditionsFile.clear();
   Change change;
   change.lists = change.conditions = change.curves = change.results = change.replaced = true;
   return change;
@@ -150,16 +154,39 @@ std::optional<Message> AskBeforeOpeningExperiments(const Session& session) {
                       TextId::AskToReplaceExperiments);
 }
 
-ExperimentsOpened OpenExperiments(Session& session, const std::string& path) {
-  ExperimentLists lists;
-  const ExperimentsRead read = ReadExperiments(path, lists);
-  ExperimentsOpened opened;
-  opened.fault = read.fault;
-  opened.opened = !read.fault || read.appended > 0;
-  if (!opened.opened) return opened;
-  opened.remark = TellRepeatedNumbers(lists);
-  opened.change = Replace(session, std::move(lists));
-  return opened;
+ExperimentsFile ReadExperimentsFile(const Session& session, const std::string& path) {
+  ExperimentsFile file{path, {}, std::nullopt};
+  file.fault = ReadExperiments(path, file.lists).fault;
+  if (!file.fault && file.lists.Empty()) file.remarks = {Attention({TextId::FileHoldsNone})};
+  if (!file.Usable()) return file;
+  for (auto remark : {ReplaceUnknownDisplays(file.lists), TellRepeatedNumbers(file.lists),
+                      TellMoreThanNine(file.lists)})
+    if (remark) file.remarks.push_back(std::move(*remark));
+  const std::string count = std::to_string(file.lists.Count());
+  if (file.fault && !session.lists.Empty())
+    file.question = Attention({{TextId::AskToTakeDamaged, {count}}}, Icon::Question);
+  return file;
+}
+
+Change TakeExperiments(Session& session, ExperimentsFile file) {
+  const Change change = Replace(session, std::move(file.lists));
+  // A damaged file is not what would be written in its place.
+  if (file.fault) return change;
+  session.experimentsFile = file.path;
+  session.files.experiments[file.path] = session.lists;
+  return change;
+}
+
+std::optional<FileFault> WriteExperimentsFile(Session& session, const std::string& path) {
+  if (auto fault = WriteExperiments(session.lists, path)) return fault;
+  session.experimentsFile = path;
+  session.files.experiments[path] = session.lists;
+  return std::nullopt;
+}
+
+std::optional<Message> TellMoreThanNine(const ExperimentLists& lists) {
+  if (lists.Count() <= kMostExperiments) return std::nullopt;
+  return Attention({{TextId::MoreThanNine, {std::to_string(lists.Count())}}});
 }
 
 Change ClearAll(Session& session) {
@@ -197,6 +224,8 @@ ConditionsOpened OpenConditions(Session& session, const std::string& path) {
   if (opened.refusal) return {std::nullopt, std::move(opened.refusal), {}, {}};
   session.conditions = opened.conditions;
   session.curves = {};
+  session.conditionsFile = path;
+  session.files.conditions[path] = session.conditions;
   ConditionsOpened done{std::nullopt, std::nullopt, std::move(opened.messages), {}};
   done.change.conditions = done.change.curves = true;
   return done;
@@ -208,9 +237,13 @@ std::optional<Message> RefuseConditionsFile(const Session& session) {
   return RefuseMissing(session.lists.Experiments(), session.conditions);
 }
 
-std::optional<FileFault> WriteConditionsFile(const Session& session, const std::string& path) {
-  return WriteConditions(session.conditions, session.lists.Count(),
-                         session.activeWindow == kCultivationWindow, path);
+std::optional<FileFault> WriteConditionsFile(Session& session, const std::string& path) {
+  if (auto fault = WriteConditions(session.conditions, session.lists.Count(),
+                                   session.activeWindow == kCultivationWindow, path))
+    return fault;
+  session.conditionsFile = path;
+  session.files.conditions[path] = session.conditions;
+  return std::nullopt;
 }
 
 std::optional<Refusal> RefuseStart(const Session& session, const CultivationForm& form, int place) {
@@ -243,7 +276,8 @@ FitProblem StartSearch(Session& session, const CultivationForm& form) {
 Change EndSearch(Session& session, SearchOutcome outcome) {
   if (!outcome.result.HasResult()) return {};
   const Change change = ShowCurves(session, outcome.curves);
-  session.lastRun = {std::move(outcome), session.lists, session.conditions};
+  session.lastRun = std::make_shared<const FinishedRun>(
+      FinishedRun{std::move(outcome), session.lists, session.conditions});
   return change;
 }
 

@@ -23,6 +23,7 @@ struct Change {
   bool results = false;  // of the last run: they are forgotten
   bool gridLines = false;
   bool replaced = false;  // all experiments, with all that belonged to them, are others
+  bool restored = false;  // by undo, redo or recovery: what was entered is another as well
   int deleted = 0;        // the place that went; later ones moved down by one. 0: none
   int remeasured = 0;     // the place whose experiment has other data. 0: none
 };
@@ -62,18 +63,31 @@ Change TakeDisplays(Session& session, std::span<const DisplayEntry> displays);
 /// nothing where there are none.
 std::optional<Message> AskBeforeOpeningExperiments(const Session& session);
 
-/// What opening a file of experiments came to. A fault may come after experiments that were read;
-/// where there are none, nothing is opened and nothing changed.
-struct ExperimentsOpened {
-  bool opened = false;
+/// A file of experiments, before anything of it is taken over. A fault may come after experiments
+/// that were read.
+struct ExperimentsFile {
+  std::string path;
+  ExperimentLists lists;
   std::optional<FileFault> fault;
-  std::optional<Message> remark;  // to be told once
-  Change change;
+  std::vector<Message> remarks{};  // to be told once
+  /// What is asked, yes or no, before `lists` is taken over: it is not the whole file, and there
+  /// are experiments that would go for it.
+  std::optional<Message> question{};
+
+  /// Whether there is anything to take over.
+  bool Usable() const { return !lists.Empty(); }
 };
+ExperimentsFile ReadExperimentsFile(const Session& session, const std::string& path);
 
 /// Puts the experiments of a file in place of the session's, whose conditions, curves and results
 /// go.
-ExperimentsOpened OpenExperiments(Session& session, const std::string& path);
+Change TakeExperiments(Session& session, ExperimentsFile file);
+
+/// Writes all experiments to a file, which is then theirs.
+std::optional<FileFault> WriteExperimentsFile(Session& session, const std::string& path);
+
+/// What to tell where there are more experiments than a cultivation takes; nothing where not.
+std::optional<Message> TellMoreThanNine(const ExperimentLists& lists);
 
 /// Removes all experiments, with conditions, curves and results.
 Change ClearAll(Session& session);
@@ -110,8 +124,8 @@ ConditionsOpened OpenConditions(Session& session, const std::string& path);
 
 /// What writing the conditions file is refused for, before a file is asked for.
 std::optional<Message> RefuseConditionsFile(const Session& session);
-/// Writes the conditions file.
-std::optional<FileFault> WriteConditionsFile(const Session& session, const std::string& path);
+/// Writes the conditions to a file, which is then theirs.
+std::optional<FileFault> WriteConditionsFile(Session& session, const std::string& path);
 
 // Runs.
 

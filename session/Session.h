@@ -2,10 +2,13 @@
 // does to it are the operations of session/Operations.h.
 #pragma once
 
-#include <optional>
+#include <map>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include "cultivation/CultivationConditions.h"
+#include "data/ExperimentEntry.h"
 #include "data/ExperimentLists.h"
 #include "estimation/Deviations.h"
 #include "estimation/EstimationSettings.h"
@@ -30,18 +33,42 @@ struct FinishedRun {
   CultivationConditions conditions;
 };
 
+/// The experiment that is being entered, as it stands in the boxes and the grid.
+struct ExperimentDraft {
+  ExperimentHeader header;
+  std::vector<GridRow> rows;
+  int shown = 0;        // the place whose experiment it was; 0 for a new one
+  bool edited = false;  // by the user, since it was shown
+
+  /// Whether something would be lost with it.
+  bool Unsaved() const;
+
+  friend bool operator==(const ExperimentDraft&, const ExperimentDraft&) = default;
+};
+
+/// What files hold, by their names, as they were last read or written here.
+struct KnownFiles {
+  std::map<std::string, ExperimentLists> experiments;
+  std::map<std::string, CultivationConditions> conditions;
+};
+
 struct Session {
   Language language = Language::Portuguese;
   char separator = '.';  // the locale's decimal separator, '.' or ','
 
   ExperimentLists lists;
   CultivationConditions conditions;
+  ExperimentDraft draft;
   EstimationSettings settings;
   std::string inputFile = "C:\\hougen.txt";  // no routine reads the two names
   std::string outputFile = "C:SAIDA.TXT";
 
-  ModelCurves curves{};                // by place
-  std::optional<FinishedRun> lastRun;  // the last search that had a result
+  std::string experimentsFile;  // last opened or written; empty where there was none
+  std::string conditionsFile;
+  KnownFiles files;
+
+  ModelCurves curves{};                        // by place
+  std::shared_ptr<const FinishedRun> lastRun;  // the last search that had a result
 
   bool gridLines = true;
   std::string activeWindow;  // kExperimentsWindow or kCultivationWindow

@@ -77,10 +77,11 @@ void RunDisplay::Clear() {
   score_->Clear();
 }
 
-void RunDisplay::Forget() {
+void RunDisplay::ShowLast() {
   Clear();
   FormShowsStored();
-  results_->SetAvailable(false);
+  results_->SetAvailable(session_.lastRun != nullptr);
+  if (session_.lastRun) ShowResult(session_.lastRun->outcome);
 }
 
 void RunDisplay::Simulate() {
@@ -180,7 +181,7 @@ void RunDisplay::Relatorio() {
 
 void RunDisplay::AskToStop() {
   const Message question = Attention({TextId::AskToStop}, Icon::Question);
-  if (dialogs_.Show(Window(), question, Buttons::YesNo) == Answer::Yes) run_->Stop();
+  if (dialogs_.Show(Window(), question, Buttons::NoYes) == Answer::Yes) run_->Stop();
 }
 
 }  // namespace velmora

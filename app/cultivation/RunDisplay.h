@@ -40,8 +40,8 @@ class RunDisplay : public QObject {
   void StopQuietly();
   /// The form shows what is stored, and no estimated values.
   void FormShowsStored();
-  /// There is no last run any more.
-  void Forget();
+  /// The last run is another, or none.
+  void ShowLast();
   void SetLanguage(Language language);
 
  signals:

@@ -82,6 +82,7 @@ void frmCultBatelada::Wire() {
   connect(experiment_, &ExperimentPanel::StepAsked, this, &frmCultBatelada::Step);
   connect(experiment_, &ExperimentPanel::BackAsked, this, &frmCultBatelada::BackToExperiments);
   connect(entry_, &FormEntry::Edited, this, &frmCultBatelada::ShowStanding);
+  connect(entry_, &FormEntry::Edited, this, &frmCultBatelada::Edited);
   connect(&run_->Panel(), &RunPanel::SaveAsked, this, &frmCultBatelada::SalvarCondCult);
   connect(&run_->Panel(), &RunPanel::StartAsked, this, &frmCultBatelada::Ajustar);
   connect(run_, &RunDisplay::RunningChanged, experiment_, &QWidget::setDisabled);
@@ -148,14 +149,16 @@ void frmCultBatelada::Announce(const Change& change) {
 }
 
 void frmCultBatelada::Show(const Change& change) {
-  if (change.results) run_->Forget();
-  if (change.lists) ShowPlaceAfter(change);
+  if (change.results) run_->ShowLast();
+  if (change.lists || change.restored) ShowPlaceAfter(change);
   ShowStanding();
   if (change.lists || change.curves || change.gridLines) GraficoSub();
 }
 
 void frmCultBatelada::ShowPlaceAfter(const Change& change) {
-  if (change.replaced || place_ == change.deleted)
+  if (change.restored && !change.conditions && place_ > 0 && place_ <= NumExperimentos()) return;
+  if (change.restored && place_ > 0 && place_ <= NumExperimentos()) return MostrarCondCult(place_);
+  if (change.restored || change.replaced || place_ == change.deleted)
     return MostrarCondCult(session_.lists.Empty() ? 0 : 1);
   if (change.deleted != 0 && change.deleted < place_) --place_;
   const bool first = place_ == 0 && !session_.lists.Empty();
@@ -237,6 +240,10 @@ void frmCultBatelada::Ajustar() {
     run_->Estimate();
 }
 
+bool frmCultBatelada::EntryChanged() const {
+  return entry_->Changed();
+}
+
 bool frmCultBatelada::Running() const {
   return run_->Running();
 }
@@ -269,10 +276,12 @@ void frmCultBatelada::SalvarArqCondBat() {
   }
   const Message question = UnsavedQuestion();
   if (entry_->Changed() && Tell(question, Buttons::YesNo) != Answer::Yes) return;
-  const QString file = dialogs_.SaveFile(this, kSaveFilter, kSuffix);
+  const QString file =
+      dialogs_.SaveFile(this, kSaveFilter, kSuffix, ShownPath(session_.conditionsFile));
   if (file.isEmpty()) return;
   if (const auto fault = WriteConditionsFile(session_, LocalPath(file)))
     dialogs_.TellFault(this, *fault);
+  emit Edited();
 }
 
 void frmCultBatelada::AbrirCondBat() {

@@ -47,10 +47,15 @@ class frmCultBatelada : public QWidget {
 
   /// Whether a search is running; StopRun ends it at its next generation without a question.
   bool Running() const;
+  /// Whether the boxes hold what is not stored, and storing it, with what is to be said.
+  bool EntryChanged() const;
+  void SalvarCondCult();
   void StopRun();
 
  signals:
   void Changed(const velmora::Change& change);
+  /// The user has entered something, or written the conditions to a file.
+  void Edited();
   /// A search has begun, or ended.
   void RunningChanged(bool running);
   /// The user goes back to the experiments window.
@@ -87,7 +92,6 @@ class frmCultBatelada : public QWidget {
   void ShowSuggested();
   void ShowStanding();
   void Step(int step);
-  void SalvarCondCult();
 
   // The run.
   void Ajustar();

@@ -6,7 +6,9 @@
 #include <QRadioButton>
 #include <QToolButton>
 #include <limits>
+#include <utility>
 
+#include "app/widgets/Idiomas.h"
 #include "app/widgets/NumberEntry.h"
 #include "app/widgets/PanelParts.h"
 
@@ -16,8 +18,8 @@ namespace {
 using enum ExperimentAction;
 
 constexpr QSize kNextStepIcon(32, 24);  // px
-constexpr int kPlaceDigits = 5;
-constexpr int kGroupSpacing = 18;  // px, between groups of buttons
+constexpr int kPlaceDigits = 8;         // or as many letters of its hint
+constexpr int kGroupSpacing = 18;       // px, between groups of buttons
 
 struct ButtonRow {
   ExperimentAction action;
@@ -99,6 +101,7 @@ void ActionsPanel::Wire() {
     connect(&Button(row.action), &QToolButton::clicked, this,
             [this, action = row.action] { emit Wanted(action); });
   connect(place_, &QLineEdit::returnPressed, this, [this] { emit Wanted(Delete); });
+  connect(place_, &QLineEdit::textChanged, this, &ActionsPanel::ExplainPlace);
   for (QRadioButton* const option : deleting_)
     connect(option, &QRadioButton::clicked, this, &ActionsPanel::ShowDeleting);
 }
@@ -108,6 +111,29 @@ void ActionsPanel::ShowDeleting() {
   place_->setEnabled(wanted);
   Button(Delete).setEnabled(wanted);
   if (wanted) GoToPlace();
+}
+
+void ActionsPanel::SetExperiments(std::vector<std::int16_t> numbers) {
+  numbers_ = std::move(numbers);
+  ExplainPlace();
+}
+
+void ActionsPanel::SetLanguage(Language language) {
+  language_ = language;
+  place_->setPlaceholderText(Caption(TextId::PlaceHint, language));
+  ExplainPlace();
+}
+
+void ActionsPanel::ExplainPlace() {
+  const auto count = static_cast<int>(numbers_.size());
+  const int place = PlaceToDelete();
+  const bool known = place >= 1 && place <= count;
+  const int told = known ? numbers_[static_cast<std::size_t>(place) - 1] : count;
+  const TextId text = known ? TextId::DeletesExperiment : TextId::PlaceWanted;
+  place_->setToolTip(QString::fromStdString(Filled(text, language_, {std::to_string(told)})));
+  place_->setAccessibleName(place_->toolTip());
+  Button(Delete).setText(known ? QString::number(told) : QString());
+  Button(Delete).setToolButtonStyle(known ? Qt::ToolButtonTextBesideIcon : Qt::ToolButtonIconOnly);
 }
 
 void ActionsPanel::SetShown(bool gridLines, bool legend) {
@@ -126,6 +152,7 @@ void ActionsPanel::GoToPlace() {
 void ActionsPanel::EndDeleting() {
   deleting_[0]->setChecked(true);
   place_->clear();
+  ExplainPlace();
   ShowDeleting();
 }
 

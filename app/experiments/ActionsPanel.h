@@ -4,6 +4,9 @@
 #include <QWidget>
 #include <array>
 #include <cstdint>
+#include <vector>
+
+#include "language/Texts.h"
 
 class QBoxLayout;
 class QLineEdit;
@@ -31,6 +34,9 @@ class ActionsPanel : public QWidget {
 
   /// Shows whether the plots have grid lines and whether the legend is shown.
   void SetShown(bool gridLines, bool legend);
+  /// The experiments' numbers by place, by which the place to be deleted is explained.
+  void SetExperiments(std::vector<std::int16_t> numbers);
+  void SetLanguage(Language language);
   /// The typed place; 0 where the box holds no number.
   int PlaceToDelete() const;
   void GoToPlace();
@@ -47,10 +53,14 @@ class ActionsPanel : public QWidget {
   QBoxLayout* DeletionRow();
   QToolButton& Button(ExperimentAction action) const;
   void ShowDeleting();
+  /// Says which experiment stands at the typed place.
+  void ExplainPlace();
 
   std::array<QToolButton*, 8> buttons_{};
   std::array<QRadioButton*, 2> deleting_{};  // Option1: no, yes
   QLineEdit* place_;
+  std::vector<std::int16_t> numbers_;
+  Language language_ = Language::English;
 };
 
 }  // namespace velmora

@@ -18,7 +18,6 @@ constexpr int kSample = 16;  // px, height of what a chooser shows
 constexpr QSize kLineSample(34, kSample);
 constexpr int kCaptionWidth = 64;  // px; longer captions take two lines
 constexpr int kNumberWidth = 88;   // px, of the first column with the place
-constexpr std::int16_t kLineStyles = 3;
 enum Column { kPlace, kNumber, kMarker, kColour, kLine, kVisible };
 
 /// An empty chooser of pictures.
@@ -45,12 +44,14 @@ QLabel* CaptionLabel(const QString& name, QWidget* parent) {
 
 DisplayPanel::DisplayPanel(QWidget* parent)
     : QWidget(parent),
+      others_(Named<QComboBox>("cmbOutros", this)),
       numberCaption_(CaptionLabel(QStringLiteral("lblExperimentos"), this)),
       markerCaption_(CaptionLabel(QStringLiteral("lblMarcador"), this)) {
   for (int place = 1; place <= kRows; ++place) BuildRow(place);
   LayOut();
   Wire();
   for (int place = 1; place <= kRows; ++place) SetDisplay(place, UsualDisplay(place));
+  others_->hide();
 }
 
 void DisplayPanel::BuildRow(int place) {
@@ -76,6 +77,7 @@ void DisplayPanel::LayOut() {
   layout->setContentsMargins({});
   layout->setVerticalSpacing(3);
   LayOutCaptions(*layout);
+  layout->addWidget(others_, kRows + 1, kPlace, 1, 3);
   for (int place = 1; place <= kRows; ++place) {
     const Row& row = At(place);
     row.number->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -110,6 +112,8 @@ void DisplayPanel::LayOutCaptions(QGridLayout& layout) {
 }
 
 void DisplayPanel::Wire() {
+  connect(others_, &QComboBox::activated, this,
+          [this](int index) { emit ShowWanted(kRows + 1 + index); });
   for (int place = 1; place <= kRows; ++place) {
     Row& row = At(place);
     connect(row.number, &QToolButton::clicked, this, [this, place] { emit ShowWanted(place); });
@@ -148,6 +152,8 @@ void DisplayPanel::NameControls() {
     name(row.line, labelled("Label9"));
     name(row.visible, labelled("Label11"));
   }
+  others_->setAccessibleName(numberCaption_->text());
+  others_->setToolTip(numberCaption_->text());
 }
 
 void DisplayPanel::SetExperiments(const std::vector<std::int16_t>& numbers, int shown) {
@@ -163,6 +169,12 @@ void DisplayPanel::SetExperiments(const std::vector<std::int16_t>& numbers, int 
          std::initializer_list<QWidget*>{row.marker, row.colour, row.line, row.visible})
       chooser->setEnabled(place <= count + 1);
   }
+  others_->clear();
+  for (int place = kRows + 1; place <= count; ++place)
+    others_->addItem(
+        QStringLiteral("%1.  %2").arg(place).arg(numbers[static_cast<std::size_t>(place) - 1]));
+  others_->setCurrentIndex(shown - kRows - 1);
+  others_->setVisible(count > kRows);
 }
 
 void DisplayPanel::SetDisplay(int place, const DisplayEntry& display) {

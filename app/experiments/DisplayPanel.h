@@ -26,7 +26,8 @@ class DisplayPanel : public QWidget {
   /// Names the choosers for screen readers by their captions.
   void NameControls();
   /// Shows the experiments' numbers, place by place, and marks the one at `shown` (0: none). The
-  /// rows behind them but for the next one, which is for a new experiment, cannot be used.
+  /// rows behind them but for the next one, which is for a new experiment, cannot be used. Places
+  /// for which there is no row are chosen from a list.
   void SetExperiments(const std::vector<std::int16_t>& numbers, int shown);
   /// Sets the choosers at `place`, 1..kRows. A value that no chooser offers is kept as it is.
   void SetDisplay(int place, const DisplayEntry& display);
@@ -55,6 +56,7 @@ class DisplayPanel : public QWidget {
   const Row& At(int place) const { return rows_[static_cast<std::size_t>(place) - 1]; }
 
   std::array<Row, static_cast<std::size_t>(kRows)> rows_;
+  QComboBox* others_;  // the places behind the rows
   QLabel* numberCaption_;
   QLabel* markerCaption_;
 };

@@ -1,7 +1,6 @@
 #include "app/experiments/EntryPanel.h"
 
 #include <QVBoxLayout>
-#include <algorithm>
 #include <utility>
 
 #include "app/experiments/ExperimentGridView.h"
@@ -29,19 +28,24 @@ EntryPanel::EntryPanel(char separator, QWidget* parent)
 }
 
 void EntryPanel::Wire() {
-  connect(header_, &HeaderPanel::Edited, this, [this] { edited_ = true; });
+  connect(header_, &HeaderPanel::Edited, this, &EntryPanel::Note);
   connect(header_, &HeaderPanel::PointsEdited, this, &EntryPanel::PointsEdited);
   connect(header_, &HeaderPanel::PointsLeft, this, &EntryPanel::ShowPoints);
-  connect(grid_, &ExperimentGridView::Edited, this, [this] {
-    edited_ = true;
+  connect(grid_, &ExperimentGridView::Edited, this, [this](int cell) {
     ShowPoints();
+    Note(cell);
   });
   connect(grid_, &ExperimentGridView::Refused, this, &EntryPanel::Refused);
 }
 
-void EntryPanel::PointsEdited() {
+void EntryPanel::Note(int place) {
   edited_ = true;
+  emit Edited(place);
+}
+
+void EntryPanel::PointsEdited(int box) {
   if (const std::optional<int> points = header_->Points()) grid_->SetRowCount(*points);
+  Note(box);
 }
 
 void EntryPanel::ShowPoints() {
@@ -65,10 +69,17 @@ EntryRead EntryPanel::Entry() const {
   return ReadEntry(header_->Header(), grid_->Rows(), separator_);
 }
 
-bool EntryPanel::Unsaved() const {
+void EntryPanel::SetDraft(const ExperimentDraft& draft) {
+  const QModelIndex current = grid_->currentIndex();
+  SetEntry(draft.header, draft.rows);
+  if (current.row() < static_cast<int>(draft.rows.size()))
+    grid_->setCurrentIndex(grid_->model()->index(current.row(), current.column()));
+  edited_ = draft.edited;
+}
+
+ExperimentDraft EntryPanel::Draft() const {
   const auto rows = grid_->Rows();
-  return edited_ && (!std::all_of(rows.begin(), rows.end(), IsEmpty) ||
-                     !header_->Header().description.empty());
+  return {header_->Header(), {rows.begin(), rows.end()}, 0, edited_};
 }
 
 void EntryPanel::GoTo(const EntryRead::Refusal& refusal) {

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "data/ExperimentEntry.h"
+#include "session/Session.h"
 
 namespace velmora {
 
@@ -20,22 +21,28 @@ class EntryPanel : public QGroupBox {
 
   /// Shows what is saved or empty; the user has changed nothing of it yet.
   void SetEntry(const ExperimentHeader& header, std::vector<GridRow> rows);
+  /// Shows what was being entered.
+  void SetDraft(const ExperimentDraft& draft);
+  /// What is being entered; the place it belongs to is the window's to know.
+  ExperimentDraft Draft() const;
   /// Empties the boxes and the grid.
   void Clear();
   EntryRead Entry() const;
-  /// Whether the user has changed what `SetEntry` showed, and something stands there.
-  bool Unsaved() const;
   /// Gives the box or cell that was refused the focus.
   void GoTo(const EntryRead::Refusal& refusal);
   ExperimentGridView& Grid() { return *grid_; }
 
  signals:
+  /// The user has changed something; steps in a row with one `place`, not 0, type into one cell or
+  /// box.
+  void Edited(int place);
   /// A pasted block was refused; nothing changed.
   void Refused(const velmora::Message& message);
 
  private:
   void Wire();
-  void PointsEdited();
+  void Note(int place);
+  void PointsEdited(int box);
   void ShowPoints();
 
   char separator_;

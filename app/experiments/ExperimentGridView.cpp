@@ -118,13 +118,13 @@ void ExperimentGridView::Colar() {
   if (block.empty()) return;
   model_.Paste(block, at);
   if (!current.isValid()) setCurrentIndex(model_.index(at.row, at.column));
-  emit Edited();
+  emit Edited(0);
 }
 
 void ExperimentGridView::Apagar() {
   EndEditing();
   model_.Clear(Selected());
-  emit Edited();
+  emit Edited(0);
 }
 
 bool ExperimentGridView::Editing() const {
@@ -152,7 +152,7 @@ void ExperimentGridView::EndEditing() {
 void ExperimentGridView::GiveBackText() {
   model_.SetText(currentIndex(), oldText_);
   EndEditing();
-  emit Edited();
+  emit Edited(0);
 }
 
 void ExperimentGridView::PlaceEditor() {
@@ -167,7 +167,7 @@ void ExperimentGridView::TakeText(const QString& text) {
     editor_->setCursorPosition(cursor + 1);
   }
   model_.SetText(currentIndex(), editor_->text());
-  emit Edited();
+  emit Edited(currentIndex().row() * kGridColumns + currentIndex().column() + 1);
 }
 
 bool ExperimentGridView::event(QEvent* event) {
@@ -277,7 +277,7 @@ void ExperimentGridView::Enter() {
   if (currentIndex().row() == rows - 1) {
     if (rows == kMostPoints) return QApplication::beep();
     model_.SetRowCount(rows + 1);
-    emit Edited();
+    emit Edited(0);
   }
   Move(1, 0);
 }

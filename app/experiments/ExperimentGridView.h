@@ -32,8 +32,9 @@ class ExperimentGridView : public QTableView {
   void Apagar();
 
  signals:
-  /// The user changed cells or the number of rows.
-  void Edited();
+  /// The user changed cells or the number of rows; `cell`, from 1, where one is being typed, else
+  /// 0.
+  void Edited(int cell);
   /// A pasted block was refused; nothing changed.
   void Refused(const velmora::Message& message);
 

@@ -13,6 +13,8 @@
 namespace velmora {
 namespace {
 
+constexpr int kFirstBox = -2;
+
 /// Changes the box's text into one that fits.
 class FittingValidator : public QValidator {
  public:
@@ -85,9 +87,10 @@ void HeaderPanel::Wire() {
   LimitToWholeNumbers(*number_, 0, kMostPoints);
   LimitToWholeNumbers(*points_, 0, kMostPoints);
   entry_.Watch(*finalTime_);
+  int number = kFirstBox;
   for (const QLineEdit* const box : {number_, finalTime_, description_})
-    connect(box, &QLineEdit::textEdited, this, &HeaderPanel::Edited);
-  connect(points_, &QLineEdit::textEdited, this, &HeaderPanel::PointsEdited);
+    connect(box, &QLineEdit::textEdited, this, [this, box = number--] { emit Edited(box); });
+  connect(points_, &QLineEdit::textEdited, this, [this, number] { emit PointsEdited(number); });
   connect(points_, &QLineEdit::editingFinished, this, &HeaderPanel::PointsLeft);
 }
 

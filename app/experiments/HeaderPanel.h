@@ -30,8 +30,9 @@ class HeaderPanel : public QWidget {
   void GoTo(EntryBox box);
 
  signals:
-  void Edited();
-  void PointsEdited();
+  /// `box`, below -1, is a number of the box in which something was typed.
+  void Edited(int box);
+  void PointsEdited(int box);
   /// The user is done with the box of the number of points.
   void PointsLeft();
 

@@ -14,8 +14,8 @@
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
 #include "app/widgets/ProgramFolder.h"
-#include "data/ExperimentFile.h"
 #include "session/Session.h"
+#include "session/Unsaved.h"
 
 namespace velmora {
 namespace {
@@ -71,6 +71,10 @@ void frmMsFlexGrid::Wire() {
   connect(actions_, &ActionsPanel::Wanted, this, &frmMsFlexGrid::Do);
   connect(entry_, &EntryPanel::Refused, this,
           [this](const Message& refusal) { dialogs_.Show(this, refusal); });
+  connect(entry_, &EntryPanel::Edited, this, [this](int place) {
+    NoteDraft();
+    emit Edited(place);
+  });
   connect(displays_, &DisplayPanel::Edited, this, [this] { Announce(Verficar_Valores()); });
   connect(displays_, &DisplayPanel::ShowWanted, this, &frmMsFlexGrid::ShowPlace);
   connect(plots_, &PlotsPanel::Activated, this, &frmMsFlexGrid::TellEmptyPlots);
@@ -90,6 +94,7 @@ void frmMsFlexGrid::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() != QEvent::LanguageChange) return;
   displays_->NameControls();
+  actions_->SetLanguage(session_.language);
 }
 
 void frmMsFlexGrid::Do(ExperimentAction action) {
@@ -114,7 +119,7 @@ void frmMsFlexGrid::Do(ExperimentAction action) {
 }
 
 void frmMsFlexGrid::Insert() {
-  if (MayLeave()) ShowNew();
+  ShowPlace(0);
 }
 
 void frmMsFlexGrid::Save() {
@@ -135,9 +140,10 @@ void frmMsFlexGrid::Save() {
 }
 
 void frmMsFlexGrid::Inserir_Experimento(Experiment experiment) {
-  DisplayEntry display = DisplayAt(PlaceToSave(session_.lists, experiment.number, shown_));
+  const int before = session_.lists.Count();
+  DisplayEntry display = DisplayAt(PlaceToSave(session_.lists, experiment.number, Shown()));
   const ExperimentSaved saved =
-      SaveExperiment(session_, std::move(experiment), std::move(display), shown_);
+      SaveExperiment(session_, std::move(experiment), std::move(display), Shown());
   if (saved.place == 0) {
     dialogs_.Show(this, RefuseFullLists());
     return;
@@ -145,6 +151,8 @@ void frmMsFlexGrid::Inserir_Experimento(Experiment experiment) {
   Verficar_Valores();
   Mostrar(saved.place);
   Announce(saved.change);
+  if (session_.lists.Count() == before) return;
+  if (const auto remark = TellMoreThanNine(session_.lists)) dialogs_.Show(this, *remark);
 }
 
 DisplayEntry frmMsFlexGrid::DisplayAt(int place) const {
@@ -166,13 +174,19 @@ void frmMsFlexGrid::ResetNextDisplays() {
 
 void frmMsFlexGrid::Clear() {
   entry_->Clear();
-  shown_ = 0;
+  session_.draft.shown = 0;
+  NoteDraft();
   ShowLists();
+  emit Edited(0);
   dialogs_.Show(this, {{TextId::ClickDelete}, TextId::Information, Icon::Information});
 }
 
 void frmMsFlexGrid::Delete() {
   const int place = actions_->PlaceToDelete();
+  if (place >= 1 && place <= session_.lists.Count()) {
+    const auto question = AskBeforeDeleting(session_, place);
+    if (question && dialogs_.Show(this, *question, Buttons::NoYes) != Answer::Yes) return;
+  }
   const ExperimentDeleted deleted = DeleteExperiment(session_, place);
   if (deleted.refusal) {
     dialogs_.Show(this, *deleted.refusal);
@@ -186,20 +200,21 @@ void frmMsFlexGrid::Delete() {
 }
 
 void frmMsFlexGrid::ShowAfterDeleting(int place) {
-  const bool wasShown = shown_ == place;
-  if (shown_ > place) --shown_;
-  if (entry_->Unsaved() && !wasShown) return;
+  const bool wasShown = Shown() == place;
+  if (Shown() > place) --session_.draft.shown;
+  if (session_.draft.Unsaved() && !wasShown) return;
   if (session_.lists.Empty())
     ShowNew();
   else
-    Mostrar(wasShown || shown_ == 0 ? std::min(place, session_.lists.Count()) : shown_);
+    Mostrar(wasShown || Shown() == 0 ? std::min(place, session_.lists.Count()) : Shown());
 }
 
 void frmMsFlexGrid::Mostrar(int place) {
   const Experiment& experiment = session_.lists.At(place);
   entry_->SetEntry(HeaderOf(experiment, session_.separator),
                    RowsOf(experiment, session_.separator));
-  shown_ = place;
+  session_.draft.shown = place;
+  NoteDraft();
   ShowLists();
 }
 
@@ -208,21 +223,34 @@ void frmMsFlexGrid::ShowNew() {
   if (const int number = NextFreeNumber(session_.lists); number != 0)
     header.number = std::to_string(number);
   entry_->SetEntry(header, std::vector<GridRow>(1));
-  shown_ = 0;
+  session_.draft.shown = 0;
+  NoteDraft();
   ShowLists();
 }
 
+void frmMsFlexGrid::NoteDraft() {
+  const int shown = Shown();
+  session_.draft = entry_->Draft();
+  session_.draft.shown = shown;
+}
+
 void frmMsFlexGrid::ShowPlace(int place) {
-  if (MayLeave())
-    Mostrar(place);
+  const bool unsaved = session_.draft.Unsaved();
+  if (!MayLeave()) return ShowLists();
+  if (place == 0)
+    ShowNew();
   else
-    ShowLists();
+    Mostrar(place);
+  if (unsaved)
+    emit Edited(0);
+  else
+    emit Moved();
 }
 
 bool frmMsFlexGrid::MayLeave() {
-  if (!entry_->Unsaved()) return true;
+  if (!session_.draft.Unsaved()) return true;
   return dialogs_.Show(this, {{TextId::AskToGiveUp}, TextId::ExperimentNotSaved, Icon::Question},
-                       Buttons::YesNo) == Answer::Yes;
+                       Buttons::NoYes) == Answer::Yes;
 }
 
 void frmMsFlexGrid::OkSub() {
@@ -231,11 +259,14 @@ void frmMsFlexGrid::OkSub() {
     return;
   }
   const Message question = UnsavedQuestion();
-  if (entry_->Unsaved() && dialogs_.Show(this, question, Buttons::YesNo) != Answer::Yes) return;
-  const QString file = dialogs_.SaveFile(this, kSaveFilter, kSuffix);
+  if (session_.draft.Unsaved() && dialogs_.Show(this, question, Buttons::YesNo) != Answer::Yes)
+    return;
+  const QString file =
+      dialogs_.SaveFile(this, kSaveFilter, kSuffix, ShownPath(session_.experimentsFile));
   if (file.isEmpty()) return;
-  if (const auto fault = WriteExperiments(session_.lists, LocalPath(file)))
+  if (const auto fault = WriteExperimentsFile(session_, LocalPath(file)))
     dialogs_.TellFault(this, *fault);
+  emit Moved();
 }
 
 bool frmMsFlexGrid::cmdAbrirOkSub() {
@@ -245,18 +276,23 @@ bool frmMsFlexGrid::cmdAbrirOkSub() {
 }
 
 bool frmMsFlexGrid::Open(const QString& file) {
-  const ExperimentsOpened read = OpenExperiments(session_, LocalPath(file));
-  if (read.opened) {
+  return TakeFile(ReadExperimentsFile(session_, LocalPath(file)));
+}
+
+bool frmMsFlexGrid::TakeFile(ExperimentsFile file) {
+  if (file.fault) dialogs_.TellFault(this, *file.fault);
+  const bool wanted =
+      file.Usable() &&
+      (!file.question || dialogs_.Show(this, *file.question, Buttons::NoYes) == Answer::Yes);
+  const std::vector<Message> remarks = file.remarks;
+  if (wanted) {
+    const Change change = TakeExperiments(session_, std::move(file));
     ResetNextDisplays();
-    if (session_.lists.Empty())
-      ShowNew();
-    else
-      Mostrar(1);
-    Announce(read.change);
+    Mostrar(1);
+    Announce(change);
   }
-  if (read.fault) dialogs_.TellFault(this, *read.fault);
-  if (read.remark) dialogs_.Show(this, *read.remark);
-  return read.opened;
+  for (const Message& remark : remarks) dialogs_.Show(this, remark);
+  return wanted;
 }
 
 void frmMsFlexGrid::GraficoSub() {
@@ -291,11 +327,19 @@ void frmMsFlexGrid::Show(const Change& change) {
   if (change.lists || change.curves || change.gridLines) Redraw();
 }
 
+void frmMsFlexGrid::ShowRestored() {
+  entry_->SetDraft(session_.draft);
+  ResetNextDisplays();
+  ShowLists();
+  Redraw();
+}
+
 void frmMsFlexGrid::ShowLists() {
   std::vector<std::int16_t> numbers;
   for (const Experiment& experiment : session_.lists.Experiments())
     numbers.push_back(experiment.number);
-  displays_->SetExperiments(numbers, shown_);
+  displays_->SetExperiments(numbers, Shown());
+  actions_->SetExperiments(numbers);
   const int rows = std::min(session_.lists.Count(), DisplayPanel::kRows);
   for (int place = 1; place <= rows; ++place)
     displays_->SetDisplay(place, session_.lists.Display(place));

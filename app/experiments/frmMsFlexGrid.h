@@ -8,6 +8,7 @@
 #include "app/experiments/ActionsPanel.h"
 #include "app/widgets/Dialogs.h"
 #include "session/Operations.h"
+#include "session/Session.h"
 
 namespace velmora {
 
@@ -25,17 +26,21 @@ class frmMsFlexGrid : public QWidget {
   /// Saves the experiments to a file that the user chooses.
   void OkSub();
   /// Opens a file that the user chooses; only then are the experiments and conditions in the lists
-  /// removed. False where the user cancels, or where the file gives no experiment because of a
-  /// fault: then everything stays.
+  /// removed. False where the user cancels, or where the file gives no experiment: then everything
+  /// stays.
   bool cmdAbrirOkSub();
   /// As `cmdAbrirOkSub`, of the file `file`.
   bool Open(const QString& file);
+  /// Saves the experiment shown to the list, after its questions.
+  void Save();
   /// Shows the legend, or hides it.
   void LegendaSub();
   /// Redraws the three plots; where no experiment is visible, says so.
   void GraficoSub();
   /// Shows what was changed elsewhere.
   void Show(const Change& change);
+  /// Shows a state that was restored, with what was being entered.
+  void ShowRestored();
 
   void Sub_Copiar();
   void Sub_Recortar();
@@ -44,6 +49,10 @@ class frmMsFlexGrid : public QWidget {
 
  signals:
   void Changed(const velmora::Change& change);
+  /// What is being entered has changed; steps in a row with one `place`, not 0, are one.
+  void Edited(int place);
+  /// Another experiment is shown, in whose place nothing was lost.
+  void Moved();
   /// The user goes on to the cultivation window.
   void NextStep();
   /// The plot `chart` ("picCx", "picCs", "picCp") was right-clicked.
@@ -63,7 +72,6 @@ class frmMsFlexGrid : public QWidget {
   void Do(ExperimentAction action);
   /// Shows a new, empty experiment with the next free number.
   void Insert();
-  void Save();
   void Clear();
   void Delete();
   void ToggleGridLines();
@@ -79,11 +87,16 @@ class frmMsFlexGrid : public QWidget {
   /// Shows the experiment at `place`.
   void Mostrar(int place);
   void ShowNew();
+  /// Has the session know what is being entered.
+  void NoteDraft();
   /// After a deletion: what is being entered stays, unless it is what was deleted.
   void ShowAfterDeleting(int place);
 
-  /// The user wants the experiment at `place` shown.
+  /// The user wants the experiment at `place` shown, 0: a new one.
   void ShowPlace(int place);
+  int Shown() const { return session_.draft.shown; }
+  /// Takes a file over as the user wants it; whether it was taken.
+  bool TakeFile(ExperimentsFile file);
   void TellEmptyPlots();
   /// Whether nothing unsaved is shown, or the user gives it up.
   bool MayLeave();
@@ -100,7 +113,6 @@ class frmMsFlexGrid : public QWidget {
   ActionsPanel* actions_ = nullptr;
   PlotsPanel* plots_ = nullptr;
   LegendView* legend_ = nullptr;
-  int shown_ = 0;  // the place that is shown; 0 for a new experiment
 };
 
 }  // namespace velmora

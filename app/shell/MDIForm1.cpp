@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QCloseEvent>
+#include <QFileInfo>
 #include <QLibraryInfo>
 #include <QMdiArea>
 #include <QMdiSubWindow>
@@ -15,7 +16,9 @@
 #include "app/settings/frmParametros.h"
 #include "app/shell/ChildFrame.h"
 #include "app/shell/HelpDocument.h"
+#include "app/shell/History.h"
 #include "app/shell/MainMenu.h"
+#include "app/shell/RecoveryKeeper.h"
 #include "app/shell/frmSobre.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/ProgramFolder.h"
@@ -46,7 +49,6 @@ void ShowSmallWindow(QPointer<Window>& window, Arguments&&... arguments) {
 MDIForm1::MDIForm1(Session& session, Dialogs& dialogs, QWidget* parent)
     : QMainWindow(parent), session_(session), dialogs_(dialogs) {
   setObjectName(QStringLiteral("MDIForm1"));
-  setWindowTitle(QLatin1StringView(kProgramName));
   BuildPanels();
   LayOut();
   Wire();
@@ -58,6 +60,7 @@ void MDIForm1::BuildPanels() {
   area_->setObjectName(QStringLiteral("mdiArea"));
   area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
   menu_ = new MainMenu(*this);
+  history_ = new History(session_, this);
 }
 
 void MDIForm1::LayOut() {
@@ -80,6 +83,8 @@ void MDIForm1::Wire() {
                                    {"mnuSalvarExp", &MDIForm1::SaveExperiments},
                                    {"mnuSCondBat", &MDIForm1::SaveConditions},
                                    {"mnuExcluir", &MDIForm1::ClearAll},
+                                   {"mnuVoltar", &MDIForm1::Undo},
+                                   {"mnuRefazer", &MDIForm1::Redo},
                                    {"mnuExportarDados", &MDIForm1::ExportCurves},
                                    {"mnuZoom", &MDIForm1::OpenZoom},
                                    {"mnuCopiar", &MDIForm1::CopyChart},
@@ -93,6 +98,15 @@ void MDIForm1::Wire() {
   for (const Command& command : kCommands)
     connect(&menu_->Item(command.item), &QAction::triggered, this,
             [this, run = command.run] { (this->*run)(); });
+  constexpr std::pair<const char*, void (frmMsFlexGrid::*)()> kCellCommands[] = {
+      {"mnuRecortar", &frmMsFlexGrid::Sub_Recortar},
+      {"mnuCopiarCelulas", &frmMsFlexGrid::Sub_Copiar},
+      {"mnuColar", &frmMsFlexGrid::Sub_Colar},
+      {"mnuLimpar", &frmMsFlexGrid::Sub_Limpar}};
+  for (const auto& [item, edit] : kCellCommands)
+    connect(&menu_->Item(item), &QAction::triggered, this,
+            [this, edit = edit] { EditCells(edit); });
+  connect(history_, &History::Restored, this, &MDIForm1::ShowRestored);
   connect(&menu_->Item("mnuSair"), &QAction::triggered, this, &MDIForm1::close);
   connect(&menu_->Item("mnuPort"), &QAction::triggered, this,
           [this] { SwitchLanguage(Language::Portuguese); });
@@ -120,6 +134,15 @@ void MDIForm1::LoadChildren() {
   connect(experiments_, &frmMsFlexGrid::Changed, this, &MDIForm1::Show);
   connect(experiments_, &frmMsFlexGrid::NextStep, this, &MDIForm1::ShowCultivation);
   connect(experiments_, &frmMsFlexGrid::ChartMenu, this, &MDIForm1::ShowChartMenu);
+  connect(experiments_, &frmMsFlexGrid::Edited, this, [this](int place) {
+    history_->Step(place);
+    RefreshMenus();
+  });
+  connect(experiments_, &frmMsFlexGrid::Moved, this, [this] {
+    history_->Amend();
+    RefreshMenus();
+  });
+  connect(cultivation_, &frmCultBatelada::Edited, this, &MDIForm1::RefreshMenus);
   connect(cultivation_, &frmCultBatelada::Changed, experiments_, &frmMsFlexGrid::Show);
   connect(cultivation_, &frmCultBatelada::Changed, this, &MDIForm1::Show);
   connect(cultivation_, &frmCultBatelada::RunningChanged, this, &MDIForm1::RefreshMenus);
@@ -160,7 +183,7 @@ void MDIForm1::ShowCultivation() {
 
 bool MDIForm1::MayOpenExperiments() {
   const auto question = AskBeforeOpeningExperiments(session_);
-  return !question || Confirmed(*question);
+  return !question || Confirmed(*question, WhatIsUnsaved().Any() ? Buttons::NoYes : Buttons::YesNo);
 }
 
 void MDIForm1::OpenExperiments() {
@@ -193,7 +216,10 @@ void MDIForm1::OpenFiles(const QStringList& files) {
 
 void MDIForm1::OpenConditions() {
   const auto question = AskBeforeOpeningConditions(session_);
-  if (!question || Confirmed(*question)) cultivation_->AbrirCondBat();
+  const Unsaved unsaved = WhatIsUnsaved();
+  const bool loses = unsaved.conditions || unsaved.form;
+  if (!question || Confirmed(*question, loses ? Buttons::NoYes : Buttons::YesNo))
+    cultivation_->AbrirCondBat();
 }
 
 void MDIForm1::SaveExperiments() {
@@ -207,6 +233,8 @@ void MDIForm1::SaveConditions() {
 void MDIForm1::ClearAll() {
   // The search that is going runs inside the window that would be unloaded.
   if (RunGoing()) return;
+  const auto question = AskBeforeClearing(WhatIsUnsaved());
+  if (question && !Confirmed(*question, Buttons::NoYes)) return;
   const Change change = velmora::ClearAll(session_);
   UnloadChildren();
   LoadChildren();
@@ -244,9 +272,52 @@ void MDIForm1::ToggleGridLines() {
 }
 
 void MDIForm1::Show(const Change& change) {
+  // Curves and results come of what is stored, and go and come back with it.
+  if (change.lists || change.conditions)
+    history_->Step();
+  else
+    history_->Amend();
   RefreshMenus();
   if (!change.lists) return;
   for (frmZoom* const enlarged : findChildren<frmZoom*>()) enlarged->WithdrawCurves(session_.lists);
+}
+
+void MDIForm1::ShowRestored(const Change& change) {
+  experiments_->ShowRestored();
+  cultivation_->Show(change);
+  RefreshMenus();
+  for (frmZoom* const enlarged : findChildren<frmZoom*>()) enlarged->WithdrawCurves(session_.lists);
+}
+
+void MDIForm1::Undo() {
+  history_->Undo();
+}
+
+void MDIForm1::Redo() {
+  history_->Redo();
+}
+
+void MDIForm1::EditCells(void (frmMsFlexGrid::*edit)()) {
+  if (!CultivationActive()) (experiments_->*edit)();
+}
+
+Unsaved MDIForm1::WhatIsUnsaved() const {
+  return UnsavedOf(session_, cultivation_->EntryChanged());
+}
+
+void MDIForm1::ShowUnsaved() {
+  const Unsaved unsaved = WhatIsUnsaved();
+  QStringList names;
+  for (const auto& [path, changed] :
+       {std::pair{session_.experimentsFile, unsaved.experiments > 0 || unsaved.entry},
+        {session_.conditionsFile, unsaved.conditions || unsaved.form}})
+    if (!path.empty())
+      names << QFileInfo(ShownPath(path)).fileName() + QLatin1StringView(changed ? "*" : "");
+  title_ = QLatin1StringView(kProgramName);
+  if (!names.isEmpty()) title_ = names.join(QStringLiteral(", ")) + QStringLiteral(" - ") + title_;
+  if (unsaved.Any() && !title_.contains(u'*')) title_ += u'*';
+  setWindowTitle(title_);
+  if (keeper_ != nullptr) keeper_->Note(unsaved.Any());
 }
 
 void MDIForm1::ShowChartMenu(const QString& chart, const QPoint& globalPosition) {
@@ -293,8 +364,8 @@ bool MDIForm1::RunGoing() const {
   return cultivation_->Running();
 }
 
-bool MDIForm1::Confirmed(const Message& question) {
-  return dialogs_.Show(this, question, Buttons::YesNo) == Answer::Yes;
+bool MDIForm1::Confirmed(const Message& question, Buttons buttons) {
+  return dialogs_.Show(this, question, buttons) == Answer::Yes;
 }
 
 void MDIForm1::RefreshMenus() {
@@ -309,19 +380,22 @@ void MDIForm1::RefreshMenus() {
       {"mnuSalvarCond", conditions},
       {"mnuExcluir", (experiments || conditions) && idle},
       {"mnuExportarDados", session_.CurvesPresent()},
+      {"mnuVoltar", history_->CanUndo() && idle},
+      {"mnuRefazer", history_->CanRedo() && idle},
       {"mnuEditar", experiments}};
   for (const auto& [item, on] : enabled) menu_->Item(item).setEnabled(on);
   experiments_->setEnabled(idle);
   menu_->Item("mnuLinhaGrade").setChecked(session_.gridLines);
   menu_->Item("mnuPort").setChecked(session_.language == Language::Portuguese);
   menu_->Item("mnuIngles").setChecked(session_.language == Language::English);
+  ShowUnsaved();
 }
 
 void MDIForm1::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   // A maximised child would write its own title behind the program's.
   if (event->type() == QEvent::LanguageChange) menu_->SetLanguage(session_.language);
-  if (event->type() == QEvent::WindowTitleChange) setWindowTitle(QLatin1StringView(kProgramName));
+  if (event->type() == QEvent::WindowTitleChange) setWindowTitle(title_);
 }
 
 void MDIForm1::showEvent(QShowEvent* event) {
@@ -333,12 +407,48 @@ void MDIForm1::showEvent(QShowEvent* event) {
 }
 
 void MDIForm1::closeEvent(QCloseEvent* event) {
-  if (!Confirmed({{TextId::AskToQuit}, kProgramName, Icon::Question})) {
+  const Unsaved unsaved = WhatIsUnsaved();
+  const Answer answer = dialogs_.Show(this, AskBeforeQuitting(unsaved),
+                                      unsaved.Any() ? Buttons::SaveYesNo : Buttons::YesNo);
+  if (answer != Answer::Yes && (answer != Answer::Save || !SaveAll())) {
     event->ignore();
     return;
   }
   if (RunGoing()) cultivation_->StopRun();
+  if (keeper_ != nullptr) keeper_->End();
   event->accept();
+}
+
+bool MDIForm1::SaveAll() {
+  if (WhatIsUnsaved().entry) experiments_->Save();
+  if (WhatIsUnsaved().form) cultivation_->SalvarCondCult();
+  const Unsaved unsaved = WhatIsUnsaved();
+  if (unsaved.entry || unsaved.form) return false;
+  if (unsaved.experiments > 0) experiments_->OkSub();
+  if (unsaved.conditions) {
+    // Only from their own window are they written so that they can be read again.
+    ShowCultivation();
+    cultivation_->SalvarArqCondBat();
+  }
+  return !WhatIsUnsaved().Any();
+}
+
+void MDIForm1::KeepRecovery(RecoveryFile& file) {
+  OfferRecovery(file);
+  keeper_ = new RecoveryKeeper(session_, file, this);
+  connect(keeper_, &RecoveryKeeper::Failed, this,
+          [this](const FileFault& fault) { dialogs_.TellFault(this, fault); });
+  ShowUnsaved();
+}
+
+void MDIForm1::OfferRecovery(RecoveryFile& file) {
+  const std::optional<std::string> left = file.Left();
+  if (!left) return;
+  const bool wanted = Confirmed(Attention({TextId::AskToRecover}, Icon::Question));
+  const std::optional<Change> change = wanted ? Recover(session_, *left) : std::nullopt;
+  if (!change) return file.SetAside();
+  history_->Step();
+  ShowRestored(*change);
 }
 
 }  // namespace velmora

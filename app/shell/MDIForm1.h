@@ -7,13 +7,17 @@
 
 #include "app/widgets/Dialogs.h"
 #include "session/Operations.h"
+#include "session/Unsaved.h"
 
 class QMdiArea;
 
 namespace velmora {
 
 class ChildFrame;
+class History;
 class MainMenu;
+class RecoveryFile;
+class RecoveryKeeper;
 class frmCultBatelada;
 class frmMsFlexGrid;
 class frmParametros;
@@ -31,11 +35,14 @@ class MDIForm1 : public QMainWindow {
   /// to: experiments first, then conditions, for which the user is asked to choose the experiments
   /// where there are none.
   void OpenFiles(const QStringList& files);
+  /// From now on keeps the recovery file, which must outlive the frame. What was left behind in it
+  /// is offered.
+  void KeepRecovery(RecoveryFile& file);
 
  protected:
   void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
-  /// Asks before the program ends; a run that is going is stopped.
+  /// Asks before the program ends, naming what is unsaved; a run that is going is stopped.
   void closeEvent(QCloseEvent* event) override;
 
  private:
@@ -59,6 +66,11 @@ class MDIForm1 : public QMainWindow {
   void SaveConditions();
   void ClearAll();
   void ExportCurves();
+  /// Saves all that no file holds, as far as the user goes along; whether nothing is left.
+  bool SaveAll();
+  void OfferRecovery(RecoveryFile& file);
+  /// Has the cells selected in the grid cut, copied, pasted or cleared.
+  void EditCells(void (frmMsFlexGrid::*edit)());
 
   void OpenZoom();
   void CopyChart();
@@ -76,10 +88,16 @@ class MDIForm1 : public QMainWindow {
 
   /// Shows in all windows what one of them changed.
   void Show(const Change& change);
+  void ShowRestored(const Change& change);
+  void Undo();
+  void Redo();
+  /// What is unsaved, in title and recovery file.
+  void ShowUnsaved();
+  Unsaved WhatIsUnsaved() const;
 
   bool CultivationActive() const;
   bool RunGoing() const;
-  bool Confirmed(const Message& question);
+  bool Confirmed(const Message& question, Buttons buttons = Buttons::YesNo);
   /// Enables and checks the items by what there is to save, delete and export; while a search is
   /// going, nothing that it fits can be changed.
   void RefreshMenus();
@@ -88,6 +106,8 @@ class MDIForm1 : public QMainWindow {
   Dialogs& dialogs_;
   QMdiArea* area_ = nullptr;
   MainMenu* menu_ = nullptr;
+  History* history_ = nullptr;
+  RecoveryKeeper* keeper_ = nullptr;
   frmMsFlexGrid* experiments_ = nullptr;
   frmCultBatelada* cultivation_ = nullptr;
   ChildFrame* experimentsFrame_ = nullptr;
@@ -95,6 +115,7 @@ class MDIForm1 : public QMainWindow {
   QPointer<frmParametros> settingsWindow_;
   QPointer<frmSobre> aboutWindow_;
   QTranslator toolkitTexts_;
+  QString title_;
 };
 
 }  // namespace velmora

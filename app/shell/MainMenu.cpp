@@ -22,6 +22,13 @@ namespace {
 
 using enum ItemState;
 
+constexpr std::int16_t NumberOf(TextId id) {
+  return static_cast<std::int16_t>(id);
+}
+constexpr std::int16_t kEditMenu = NumberOf(TextId::EditMenu), kUndo = NumberOf(TextId::Undo),
+                       kRedo = NumberOf(TextId::Redo), kCut = NumberOf(TextId::Cut),
+                       kPaste = NumberOf(TextId::Paste), kClear = NumberOf(TextId::ClearCells);
+
 // The fed-batch items, the text menu and `mnuCopiarFig` have no routine: they stay hidden.
 // clang-format off
 constexpr auto kMenu = std::to_array<MenuItem>({
@@ -48,6 +55,14 @@ constexpr auto kMenu = std::to_array<MenuItem>({
     {"mnuLegenda",       "mnuPopup",       152, "",            Enabled,   nullptr},
     {"mnuEditarTexto",   nullptr,            0, "&Editar",     Hidden,    nullptr},
     {"mnuDesfazer",      "mnuEditarTexto",   0, "Desfazer",    Enabled,   "Ctrl+Z"},
+    {"mnuEdicao",        nullptr,    kEditMenu, "",            Enabled,   nullptr},
+    {"mnuVoltar",        "mnuEdicao",    kUndo, "",            Disabled,  "Ctrl+Z"},
+    {"mnuRefazer",       "mnuEdicao",    kRedo, "",            Disabled,  "Ctrl+Y"},
+    {"mnuEspacoEdicao",  "mnuEdicao",        0, "-",           Enabled,   nullptr},
+    {"mnuRecortar",      "mnuEdicao",     kCut, "",            Enabled,   nullptr},
+    {"mnuCopiarCelulas", "mnuEdicao",      123, "",            Enabled,   nullptr},
+    {"mnuColar",         "mnuEdicao",   kPaste, "",            Enabled,   nullptr},
+    {"mnuLimpar",        "mnuEdicao",   kClear, "",            Enabled,   nullptr},
     {"mnuEditar",        nullptr,          138, "",            Disabled,  nullptr},
     {"mnuCopiarFig",     "mnuEditar",      123, "",            Hidden,    "Ctrl+C"},
     {"mnuLeg",           "mnuEditar",      152, "",            Enabled,   "Ctrl+L"},
@@ -79,6 +94,13 @@ bool HoldsText(const QObject* receiver) {
          qobject_cast<const QPlainTextEdit*>(receiver) != nullptr ||
          qobject_cast<const QAbstractSpinBox*>(receiver) != nullptr ||
          qobject_cast<const QAbstractItemView*>(receiver) != nullptr;
+}
+
+bool TakesBackInside(const QKeyEvent& key, const QObject* receiver) {
+  const auto* const box = qobject_cast<const QLineEdit*>(receiver);
+  if (box == nullptr) return false;
+  return (key.matches(QKeySequence::Undo) && box->isUndoAvailable()) ||
+         (key.matches(QKeySequence::Redo) && box->isRedoAvailable());
 }
 
 }  // namespace
@@ -145,6 +167,11 @@ bool MainMenu::IsTableShortcut(const QKeySequence& keys) const {
 bool MainMenu::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != QEvent::ShortcutOverride || !HoldsText(watched)) return false;
   auto* const key = static_cast<QKeyEvent*>(event);
+  // A box takes back what was typed into it before the menu takes back anything else.
+  if (TakesBackInside(*key, watched)) {
+    key->accept();
+    return true;
+  }
   // An accepted override gives the key to the box, an ignored one to the menu. Left to themselves,
   // boxes that cannot be edited give Ctrl+X away, and all take Ctrl+D and Ctrl+E.
   if (key->matches(QKeySequence::Cut)) {

@@ -12,6 +12,7 @@
 #include "app/shell/MDIForm1.h"
 #include "app/shell/frmSplash.h"
 #include "app/widgets/Dialogs.h"
+#include "session/Recovery.h"
 #include "session/Session.h"
 
 namespace {
@@ -84,11 +85,13 @@ int main(int argc, char** argv) {
   velmora::Session session;
   session.separator = QLocale::system().decimalPoint() == QLatin1StringView(".") ? '.' : ',';
   velmora::Dialogs dialogs(session);
+  velmora::RecoveryFile recovery(velmora::StateFolder());
   std::unique_ptr<velmora::MDIForm1> frame;
   velmora::frmSplash start(session);
   QObject::connect(&start, &velmora::frmSplash::Confirmed, &start, [&] {
     frame = std::make_unique<velmora::MDIForm1>(session, dialogs);
     frame->show();
+    frame->KeepRecovery(recovery);
     frame->OpenFiles(files);
   });
   start.show();

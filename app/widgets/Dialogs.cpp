@@ -2,8 +2,10 @@
 
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QShortcut>
 #include <array>
 #include <optional>
 
@@ -17,9 +19,10 @@ struct AnswerButton {
   Answer answer;
   std::optional<TextId> caption;  // none for "OK", the same in both languages
 };
-constexpr std::array<AnswerButton, 4> kAnswers = {
+constexpr std::array<AnswerButton, 5> kAnswers = {
     {{QMessageBox::Ok, Answer::Ok, std::nullopt},
      {QMessageBox::Cancel, Answer::Cancel, TextId::Cancel},
+     {QMessageBox::Save, Answer::Save, TextId::SaveButton},
      {QMessageBox::Yes, Answer::Yes, TextId::Yes},
      {QMessageBox::No, Answer::No, TextId::No}}};
 
@@ -27,6 +30,9 @@ QMessageBox::StandardButtons ButtonsOf(Buttons buttons) {
   switch (buttons) {
     case Buttons::OkCancel:
       return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::SaveYesNo:
+      return QMessageBox::Save | QMessageBox::Yes | QMessageBox::No;
+    case Buttons::NoYes:
     case Buttons::YesNo:
       return QMessageBox::Yes | QMessageBox::No;
     case Buttons::Ok:
@@ -80,6 +86,12 @@ Answer Dialogs::Show(QWidget* owner, const Message& message, Buttons buttons,
                   ButtonsOf(buttons), owner);
   box.setTextFormat(Qt::PlainText);
   WordButtons(box, language);
+  if (buttons == Buttons::NoYes || buttons == Buttons::SaveYesNo)
+    box.setDefaultButton(QMessageBox::No);
+  // The key that ends the program, pressed once more, saves.
+  if (QAbstractButton* const save = box.button(QMessageBox::Save))
+    QObject::connect(new QShortcut(QKeySequence::Save, &box), &QShortcut::activated, save,
+                     [save] { save->click(); });
   const int pressed = box.exec();
   for (const AnswerButton& each : kAnswers)
     if (pressed == each.button) return each.answer;
@@ -92,17 +104,26 @@ QString Dialogs::OpenFile(QWidget* owner, const QString& filter) {
   return ChosenFile(dialog, session_.language, TextId::Open);
 }
 
-QString Dialogs::SaveFile(QWidget* owner, const QString& filter, const QString& suffix) {
+QString Dialogs::SaveFile(QWidget* owner, const QString& filter, const QString& suffix,
+                          const QString& offered) {
   QFileDialog dialog(owner, QString(), QString(), filter);
   dialog.setAcceptMode(QFileDialog::AcceptSave);
   dialog.setFileMode(QFileDialog::AnyFile);
   dialog.setDefaultSuffix(suffix);
+  if (!offered.isEmpty()) {
+    dialog.setDirectory(QFileInfo(offered).path());
+    dialog.selectFile(offered);
+  }
   return ChosenFile(dialog, session_.language, TextId::Save);
 }
 
 void Dialogs::TellFault(QWidget* owner, const FileFault& fault) {
   Show(owner, {{TextId::FileError}, TextId::Error, Icon::Critical}, Buttons::Ok,
        QString::fromStdString(FaultDetail(fault, session_.language)));
+}
+
+QString ShownPath(const std::string& path) {
+  return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
 std::string LocalPath(const QString& file) {

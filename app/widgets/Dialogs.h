@@ -17,8 +17,10 @@ inline const QString kOpenFilter = QStringLiteral("ABR abr(*.abr)");
 inline const QString kSaveFilter = QStringLiteral("Arquivos Textos (*.abr)");
 inline const QString kSuffix = QStringLiteral("abr");
 
-enum class Buttons { Ok, OkCancel, YesNo };
-enum class Answer { Ok, Cancel, Yes, No };
+/// Of Yes and No the first is the default, but in `NoYes` and `SaveYesNo`, where Yes loses
+/// something.
+enum class Buttons { Ok, OkCancel, YesNo, NoYes, SaveYesNo };
+enum class Answer { Ok, Cancel, Yes, No, Save };
 
 /// Shows dialogs in the session's language. A test hands the windows a derived class that answers
 /// beforehand and records what was asked.
@@ -37,8 +39,9 @@ class Dialogs {
   virtual QString OpenFile(QWidget* owner, const QString& filter);
 
   /// As `OpenFile`; `suffix` ("abr") is added where the user types none, and an existing file is
-  /// asked about.
-  virtual QString SaveFile(QWidget* owner, const QString& filter, const QString& suffix);
+  /// asked about. `offered` is the name that stands there at first.
+  virtual QString SaveFile(QWidget* owner, const QString& filter, const QString& suffix,
+                           const QString& offered = {});
 
   /// Tells that a file could not be read or written, and why.
   void TellFault(QWidget* owner, const FileFault& fault);
@@ -47,6 +50,8 @@ class Dialogs {
   const Session& session_;
 };
 
+/// A file's name as windows show it.
+QString ShownPath(const std::string& path);
 /// A chosen file's name in the bytes of the file system.
 std::string LocalPath(const QString& file);
 

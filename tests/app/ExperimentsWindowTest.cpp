@@ -208,6 +208,12 @@ TEST_F(ExperimentsWindow, DeletesByPlace) {
   }
   EXPECT_EQ(session_.lists.Count(), 2);
   Fill("txtExcluir", "1");
+  EXPECT_EQ(The("txtExcluir").toolTip(), QStringLiteral("Deletes experiment 4"));
+  dialogs_.answers = {Answer::No, Answer::Yes};
+  Click("cmdExcluir");
+  EXPECT_EQ(dialogs_.LastText(),
+            "This deletes experiment 4 (place 1) with its conditions and its curve. Delete it?");
+  ASSERT_EQ(session_.lists.Count(), 2);
   Click("cmdExcluir");
   ASSERT_EQ(session_.lists.Count(), 1);
   EXPECT_EQ(Text("txtExp"), "2");
@@ -233,6 +239,23 @@ TEST_F(ExperimentsWindow, KeepsTheRowsBehindALowerNumberUntilSaving) {
   EXPECT_EQ(session_.lists.At(1).Points(), 1);
   Fill("txtNumPontos", "2");
   EXPECT_TRUE(Cell(1, 0).isEmpty());
+}
+
+TEST_F(ExperimentsWindow, TellsOfMoreThanNineAndShowsThemAll) {
+  for (std::int16_t number = 1; number <= 9; ++number)
+    session_.lists.Append(Measured(number, 1), {});
+  Open();
+  EXPECT_FALSE(The("cmbOutros").isVisible());
+  Click("cmdInserir");
+  GoTo(0, 0);
+  Paste("0\t9\t1\t0\r\n4\t5\t2\t1\r\n");
+  Save({Answer::Ok});
+  EXPECT_NE(dialogs_.LastText().find("There are 10 experiments."), std::string::npos);
+  EXPECT_EQ(session_.lists.At(10).finalTime, 4) << "left blank, it is the last sample's";
+  Click("cmdMostrar(1)");
+  The("cmbOutros").setFocus();
+  Key(Qt::Key_Down);
+  EXPECT_EQ(Text("txtExp"), "10");
 }
 
 TEST_F(ExperimentsWindow, AsksBeforeUnsavedDataGo) {
@@ -271,11 +294,11 @@ TEST_F(ExperimentsWindow, OpensAndSavesTheSameBytes) {
   const TemporaryFolder folder;
   ExperimentLists saved;
   saved.Append(Measured(4, 0.5), {"Triang3", 6, 3, false});
-  saved.Append(Measured(2, 1.0 / 3), {"odd", 9, 8, true});
+  saved.Append(Measured(2, 1.0 / 3), {"QuadCheio", 2, 1, true});
   ASSERT_FALSE(WriteExperiments(saved, folder / "a.abr"));
   const std::string bytes = BytesOf(folder / "a.abr");
   ASSERT_FALSE(SafeSave(folder / "cut.abr", bytes.substr(0, bytes.size() - 6)));
-  for (const char* name : {"", "none.abr", "a.abr", "b.abr", "cut.abr"})
+  for (const char* name : {"", "none.abr", "a.abr", "b.abr"})
     dialogs_.files.push_back(*name == 0 ? QString() : QString::fromStdString(folder / name));
   OpenOver({Measured(7, 0.1)});
   EXPECT_FALSE(window_->cmdAbrirOkSub());
@@ -289,9 +312,14 @@ TEST_F(ExperimentsWindow, OpensAndSavesTheSameBytes) {
   EXPECT_EQ(The<QComboBox>("IcmbEstiloLinha(1)").currentIndex(), 6);
   window_->OkSub();
   EXPECT_EQ(BytesOf(folder / "b.abr"), bytes);
-  EXPECT_TRUE(window_->cmdAbrirOkSub());
-  EXPECT_EQ(session_.lists.Count(), 1) << "what stands before the fault stays";
-  EXPECT_TRUE(dialogs_.details.back().contains(QStringLiteral("Line 23")));
+  for (const Answer answer : {Answer::No, Answer::Yes}) {
+    dialogs_.files = {QString::fromStdString(folder / "cut.abr")};
+    dialogs_.answers = {answer};
+    EXPECT_EQ(window_->cmdAbrirOkSub(), answer == Answer::Yes);
+    EXPECT_TRUE(
+        dialogs_.details.at(dialogs_.details.size() - 2).contains(QStringLiteral("Line 23")));
+    EXPECT_EQ(session_.lists.Count(), answer == Answer::Yes ? 1 : 2);
+  }
 }
 
 TEST_F(ExperimentsWindow, TellsWhatAnEmptyListCannotDo) {

@@ -16,6 +16,7 @@
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/ProgramFolder.h"
 #include "data/ExperimentFile.h"
+#include "session/Recovery.h"
 #include "tests/data/FileTesting.h"
 #include "tests/support/Windows.h"
 
@@ -104,6 +105,7 @@ TEST_F(Shell, StartsWithItsMenusInBothLanguages) {
         "Save{ Experiment&s- Cultivati&on conditions-{ Batch Fed batch# } } Delete-Ctrl+X "
         "Export{ Data (Clipboard)-Ctrl+D } --- ExitCtrl+S } "
         "Popup Menu#{ Zoom Copy Legend } &Editar#{ DesfazerCtrl+Z } "
+        "&Edit{ &Undo-Ctrl+Z &Redo-Ctrl+Y --- Cu&t Copy &Paste C&lear } "
         "Edit &graphic-{ Copy#Ctrl+C LegendCtrl+L Grid linesxCtrl+G } "
         "Choo&se cultivation{ BatchCtrl+B Fed batch#Ctrl+A } Fitting &method{ EstimateCtrl+M } "
         "Language{ PortugueseoCtrl+P EnglishxCtrl+E } &Help{ About ... Help Topics } ");
@@ -209,6 +211,14 @@ TEST_F(Shell, GivesCtrlXToABoxAndElseClearsAll) {
   QPushButton elsewhere(frame.get());
   elsewhere.show();
   elsewhere.setFocus();
+  dialogs.answers = {Answer::No};
+  QTest::keyClick(&elsewhere, Qt::Key_X, Qt::ControlModifier);
+  EXPECT_EQ(session.lists.Count(), 2);
+  EXPECT_EQ(dialogs.LastText(),
+            "Isto exclui todos os experimentos, condições de cultivo e curvas. Deseja "
+            "excluí-los?\n\nNão gravado em arquivo:\n  - as condições de cultivo");
+  EXPECT_EQ(dialogs.shown.back().second, Buttons::NoYes);
+  dialogs.answers = {Answer::Yes};
   QTest::keyClick(&elsewhere, Qt::Key_X, Qt::ControlModifier);
   EXPECT_TRUE(session.lists.Empty() && session.conditions.SavedCount() == 0);
   EXPECT_FALSE(session.CurvesPresent());
@@ -216,6 +226,10 @@ TEST_F(Shell, GivesCtrlXToABoxAndElseClearsAll) {
   EXPECT_TRUE(Experiments().isVisible());
   for (const char* item : {"mnuExcluir", "mnuSalvarExp", "mnuEditar", "mnuAbrirCond"})
     EXPECT_FALSE(Item(item).isEnabled()) << item;
+  QTest::keyClick(frame.get(), Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(session.lists.Count(), 2);
+  EXPECT_TRUE(session.CurvesPresent() && session.conditions.SavedCount() == 1);
+  EXPECT_EQ(test::TextOf(Experiments(), "txtExp"), "1");
 }
 
 TEST_F(Shell, AsksBeforeOpeningOverExistingData) {
@@ -233,7 +247,7 @@ TEST_F(Shell, AsksBeforeOpeningOverExistingData) {
             "To open another set of experiments is necessary to delete the 3 experiments already "
             "added. Would you like to replace them?");
   EXPECT_EQ(dialogs.LastTitle(), "Attention");
-  EXPECT_EQ(dialogs.shown.back().second, Buttons::YesNo);
+  EXPECT_EQ(dialogs.shown.back().second, Buttons::NoYes) << "conditions would be lost";
   dialogs.answers = {Answer::Yes};
   dialogs.files = {QString()};  // no file is chosen after all
   Item("mnuAbrirExp").trigger();
@@ -318,6 +332,82 @@ TEST_F(Shell, AsksBeforeItEnds) {
   Press(Qt::Key_S);
   EXPECT_FALSE(frame->isVisible());
   EXPECT_EQ(dialogs.shown.size(), 3U);
+}
+
+TEST_F(Shell, NamesItsFileAndSavesBeforeItEnds) {
+  Start(Language::English);
+  Open(2);
+  EXPECT_EQ(frame->windowTitle(), QStringLiteral("some.abr - Velmora"));
+  auto* const description = Child<QLineEdit>(Experiments(), "txtComentario");
+  QTest::keyClicks(description, QStringLiteral("new"));
+  EXPECT_EQ(frame->windowTitle(), QStringLiteral("some.abr* - Velmora"));
+  dialogs.answers = {Answer::No};
+  EXPECT_FALSE(frame->close());
+  EXPECT_EQ(dialogs.shown.back().second, Buttons::SaveYesNo);
+  // It is saved to the list, as always after two questions, and the list to its file.
+  dialogs.answers = {Answer::Save, Answer::Yes, Answer::Ok};
+  dialogs.files = {QString::fromStdString(folder / "some.abr")};
+  EXPECT_TRUE(frame->close());
+  EXPECT_EQ(dialogs.offered.back(), QString::fromStdString(folder / "some.abr"));
+  ExperimentLists written;
+  EXPECT_FALSE(ReadExperiments(folder / "some.abr", written).fault);
+  EXPECT_EQ(written.At(1).description, "new");
+}
+
+TEST_F(Shell, TakesStepsBackAndForth) {
+  Start(Language::English);
+  Open(1);
+  const auto back = [&] { QTest::keyClick(frame.get(), Qt::Key_Z, Qt::ControlModifier); };
+  const auto forth = [&] { QTest::keyClick(frame.get(), Qt::Key_Y, Qt::ControlModifier); };
+  auto* const grid = Child<QWidget>(Experiments(), "MSFlexGrid1");
+  const auto cells = [&] { return session.draft.rows; };
+  const auto opened = cells();
+  grid->setFocus();
+  QTest::keyClicks(grid, QStringLiteral("7"));
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("5"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+  QTest::keyClicks(grid, QStringLiteral("8"));
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Up);
+  const auto typed = cells();
+  ASSERT_EQ(typed[0][0] + typed[1][0], "758");
+  back();
+  EXPECT_EQ(cells()[1], opened[1]) << "a cell's typing is one step";
+  EXPECT_EQ(cells()[0][0], "75");
+  back();
+  EXPECT_EQ(cells(), opened);
+  EXPECT_EQ(frame->windowTitle(), QStringLiteral("some.abr - Velmora"));
+  forth();
+  forth();
+  EXPECT_EQ(cells(), typed);
+  dialogs.answers = {Answer::Yes, Answer::Ok};
+  test::Click(Experiments(), "cmdSalvar");
+  EXPECT_EQ(session.lists.At(1).time[0], 75);
+  back();
+  EXPECT_EQ(session.lists.At(1).time[0], 0);
+  EXPECT_EQ(cells(), typed) << "what was typed is there again, unsaved";
+  EXPECT_TRUE(session.draft.Unsaved());
+  for (int i = 0; i < 3; ++i) back();
+  EXPECT_TRUE(session.lists.Empty()) << "before the file was opened";
+  EXPECT_FALSE(Item("mnuVoltar").isEnabled());
+}
+
+TEST_F(Shell, OffersWhatABrokenEndLeftBehind) {
+  const std::string state = folder / "state";
+  Session broken;
+  broken.lists.Append({5, "", {0, 5}, {1, 2}, {9, 3}, {0, 1}, 5, true}, {});
+  broken.draft = {{"5", "half typed", ""}, {{"1", "2", "", ""}}, 1, true};
+  ASSERT_FALSE(RecoveryFile(state).Write(RecoveryText(broken)));
+  Start(Language::English);
+  RecoveryFile file(state);
+  dialogs.answers = {Answer::Yes};
+  frame->KeepRecovery(file);
+  EXPECT_EQ(session.lists, broken.lists);
+  EXPECT_EQ(test::TextOf(Experiments(), "txtComentario"), "half typed");
+  EXPECT_TRUE(Item("mnuExcluir").isEnabled());
+  EXPECT_TRUE(file.Left()) << "until something is written";
+  dialogs.answers = {Answer::Yes};
+  EXPECT_TRUE(frame->close());
+  EXPECT_FALSE(file.Left()) << "a normal end leaves none";
 }
 
 TEST(Dialogs, WordTheirButtonsAndTakeEscapeAsTheCautiousAnswer) {

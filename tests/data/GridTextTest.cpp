@@ -67,6 +67,10 @@ TEST(ExperimentEntry, ReadsTheBoxes) {
   EXPECT_FALSE(read.refusal);
   EXPECT_EQ(read.experiment, (Experiment{7, "Lote 3", {}, {}, {}, {}, 24.5, true}));
   EXPECT_EQ(ReadEntry({"32767", "", ""}, {}, '.').experiment.finalTime, 0);
+  const std::vector<GridRow> unsorted = {
+      {"0", "9", "1", "0"}, {"6", "3", "2", "1"}, {"4", "5", "2", "1"}};
+  EXPECT_EQ(ReadEntry({"1", "", " "}, unsorted, '.').experiment.finalTime, 6)
+      << "the last sample's";
   for (const char* number : {"", "0", "-1", "32768", "1.5", "1x"})
     EXPECT_EQ(ReadEntry({number, "", ""}, {}, '.').refusal.value().box, EntryBox::Number) << number;
   EXPECT_EQ(ReadEntry({"1", "", "."}, {}, '.').refusal.value().box, EntryBox::FinalTime);

@@ -1,9 +1,12 @@
 // What the user's operations change in the state, and what they leave as it is.
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "data/ExperimentFile.h"
 #include "data/SafeSave.h"
 #include "session/Operations.h"
+#include "session/Unsaved.h"
 #include "tests/data/FileTesting.h"
 #include "tests/support/Forms.h"
 
@@ -30,11 +33,11 @@ Session Cultivation(int experiments) {
 
 const Message kUnsaved = Attention({TextId::SaveConditionsOf, "2", TextId::BeforeRun});
 
-FinishedRun RunWith(double estimatedKs) {
+std::shared_ptr<const FinishedRun> RunWith(double estimatedKs) {
   FinishedRun run;
   run.outcome.problem.variables = {{At::muMax, 0.05, 1, 0.2}, {At::Ks, 1, 30, 10}};
   run.outcome.result.best = {0.3, estimatedKs};
-  return run;
+  return std::make_shared<const FinishedRun>(std::move(run));
 }
 
 TEST(DeleteExperiment, TakesConditionsAndCurveAlongAndMovesTheLaterOnes) {
@@ -83,19 +86,52 @@ TEST(OpenExperiments, ReplacesAllOrNothing) {
   Session session = Cultivation(2);
   session.lastRun = RunWith(12);
   ASSERT_FALSE(SafeSave(folder / "bad.abr", "one\r\ntwo\r\nthree\r\n"));
-  const ExperimentsOpened bad = OpenExperiments(session, folder / "bad.abr");
-  EXPECT_TRUE(bad.fault && !bad.opened && !bad.change.lists);
-  EXPECT_EQ(session.lists.Count(), 2);
-  EXPECT_TRUE(session.lastRun && session.CurvesPresent());
+  const ExperimentsFile bad = ReadExperimentsFile(session, folder / "bad.abr");
+  EXPECT_TRUE(bad.fault && !bad.Usable() && !bad.question);
 
   ExperimentLists twice;
   for (const double first : {0.5, 0.6}) twice.Append(Measured(4, first), {});
   ASSERT_FALSE(WriteExperiments(twice, folder / "twice.abr"));
-  const ExperimentsOpened opened = OpenExperiments(session, folder / "twice.abr");
-  EXPECT_TRUE(opened.opened && opened.remark && opened.change.replaced);
+  ExperimentsFile file = ReadExperimentsFile(session, folder / "twice.abr");
+  EXPECT_TRUE(file.Usable() && file.remarks.size() == 1 && !file.question);
+  EXPECT_TRUE(session.lists.Count() == 2 && session.lastRun && session.CurvesPresent());
+  EXPECT_TRUE(TakeExperiments(session, std::move(file)).replaced);
   EXPECT_EQ(session.lists.At(2).Cx[0], 0.6);
   EXPECT_EQ(session.conditions, CultivationConditions());
   EXPECT_FALSE(session.lastRun || session.CurvesPresent());
+}
+
+TEST(OpenExperiments, AsksBeforeADamagedFileTakesTheOldOnesAway) {
+  const TemporaryFolder folder;
+  Session session = Cultivation(1);
+  ASSERT_FALSE(WriteExperiments(test::Lists({7, 8}), folder / "whole.abr"));
+  const std::string bytes = BytesOf(folder / "whole.abr");
+  ASSERT_FALSE(SafeSave(folder / "cut.abr", bytes.substr(0, bytes.size() - 6)));
+  const ExperimentsFile cut = ReadExperimentsFile(session, folder / "cut.abr");
+  EXPECT_TRUE(cut.fault && cut.lists.Count() == 1 && cut.question);
+  EXPECT_FALSE(ReadExperimentsFile(Session(), folder / "cut.abr").question) << "nothing would go";
+  TakeExperiments(session, cut);
+  EXPECT_EQ(session.experimentsFile, "") << "one that is damaged is not written over unasked";
+  EXPECT_EQ(UnsavedOf(session, false).experiments, 1);
+
+  ASSERT_FALSE(SafeSave(folder / "none.abr", "one\r\ntwo\r\n$0\r\n"));
+  const ExperimentsFile none = ReadExperimentsFile(session, folder / "none.abr");
+  EXPECT_TRUE(!none.fault && !none.Usable() && none.remarks.size() == 1);
+}
+
+TEST(OpenExperiments, ReplacesHowNobodyCanDraw) {
+  const TemporaryFolder folder;
+  ExperimentLists lists;
+  for (const DisplayEntry& display : {DisplayEntry{"Triang3", 6, 3, false}, {"odd", 9, 8, true}})
+    lists.Append(Measured(static_cast<std::int16_t>(lists.Count() + 1)), display);
+  ASSERT_FALSE(WriteExperiments(lists, folder / "odd.abr"));
+  const ExperimentsFile file = ReadExperimentsFile(Session(), folder / "odd.abr");
+  ASSERT_EQ(file.remarks.size(), 1U);
+  const std::string told = Worded(file.remarks[0], Language::English);
+  EXPECT_NE(told.find("2: \"odd\", \"9\", \"8\""), std::string::npos) << told;
+  EXPECT_EQ(told.find("1: "), std::string::npos) << told;
+  EXPECT_EQ(file.lists.Display(1), lists.Display(1));
+  EXPECT_EQ(file.lists.Display(2), (DisplayEntry{"CircVazio", 2, 1, true}));
 }
 
 TEST(OpenConditions, ChangesNothingUnlessTheyBelongToTheExperiments) {
@@ -231,7 +267,7 @@ TEST(StartSearch, StoresItsStartValuesForAllExperiments) {
 
 TEST(EndSearch, KeepsTheLastRunWithAResultAsItWas) {
   Session session = Cultivation(2);
-  SearchOutcome outcome = RunWith(12).outcome;
+  SearchOutcome outcome = RunWith(12)->outcome;
   outcome.curves[1].points = 100;
   EXPECT_TRUE(EndSearch(session, outcome).curves);
   DeleteExperiment(session, 1);

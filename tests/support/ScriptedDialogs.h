@@ -22,6 +22,7 @@ class ScriptedDialogs : public Dialogs {
   std::vector<std::pair<Message, Buttons>> shown;
   std::vector<QString> details;  // one for each message shown
   std::vector<QString> filters;  // one for each file asked for
+  std::vector<QString> offered;  // one for each file to be saved
 
   /// The text and title of the last message shown, in the session's language.
   std::string LastText() const {
@@ -38,10 +39,11 @@ class ScriptedDialogs : public Dialogs {
     if (buttons == Buttons::Ok && (!queued || answers.front() != Answer::Ok)) return Answer::Ok;
     if (queued) return Taken(answers);
     ADD_FAILURE() << "no answer to: " << Worded(message, session_.language);
-    return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+    return buttons == Buttons::OkCancel ? Answer::Cancel : Answer::No;
   }
   QString OpenFile(QWidget*, const QString& filter) override { return File(filter); }
-  QString SaveFile(QWidget*, const QString& filter, const QString&) override {
+  QString SaveFile(QWidget*, const QString& filter, const QString&, const QString& name) override {
+    offered.push_back(name);
     return File(filter);
   }
 
