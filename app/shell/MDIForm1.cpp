@@ -47,7 +47,10 @@ void ShowSmallWindow(QPointer<Window>& window, Arguments&&... arguments) {
 }  // namespace
 
 MDIForm1::MDIForm1(Session& session, Dialogs& dialogs, QWidget* parent)
-    : QMainWindow(parent), session_(session), dialogs_(dialogs) {
+    : QMainWindow(parent),
+      session_(session),
+      dialogs_(dialogs),
+      title_(QLatin1StringView(kProgramName)) {
   setObjectName(QStringLiteral("MDIForm1"));
   BuildPanels();
   LayOut();
@@ -235,6 +238,7 @@ void MDIForm1::ClearAll() {
   if (RunGoing()) return;
   const auto question = AskBeforeClearing(WhatIsUnsaved());
   if (question && !Confirmed(*question, Buttons::NoYes)) return;
+  history_->Amend();
   const Change change = velmora::ClearAll(session_);
   UnloadChildren();
   LoadChildren();
@@ -291,10 +295,12 @@ void MDIForm1::ShowRestored(const Change& change) {
 
 void MDIForm1::Undo() {
   history_->Undo();
+  RefreshMenus();
 }
 
 void MDIForm1::Redo() {
   history_->Redo();
+  RefreshMenus();
 }
 
 void MDIForm1::EditCells(void (frmMsFlexGrid::*edit)()) {
@@ -395,7 +401,7 @@ void MDIForm1::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   // A maximised child would write its own title behind the program's.
   if (event->type() == QEvent::LanguageChange) menu_->SetLanguage(session_.language);
-  if (event->type() == QEvent::WindowTitleChange) setWindowTitle(title_);
+  if (event->type() == QEvent::WindowTitleChange && windowTitle() != title_) setWindowTitle(title_);
 }
 
 void MDIForm1::showEvent(QShowEvent* event) {

@@ -20,7 +20,8 @@ namespace {
 /// Two experiments, the second with conditions, and a third that is being typed.
 Session Working() {
   Session session;
-  for (const std::int16_t number : {4, 2}) session.lists.Append(test::Measured(number), {});
+  session.lists.Append(test::Measured(4), {});
+  session.lists.Append(test::Measured(2), {});
   EXPECT_FALSE(SaveConditions(session, test::Filled(), 2).refusal);
   session.draft = {{"7", "lote 3; \u03B1", "1."}, {{"0", "5,", "", "x"}, {}}, 2, true};
   return session;
