@@ -136,7 +136,7 @@ TEST_F(CultivationWindow, StopsBetweenGenerationsAndRunsAgain) {
   OpenSaved();
   session.settings.EPS = 0;  // no generation converges
   session.settings.ITER = 1e6;
-  QTimer::singleShot(200, window.get(), [this] {
+  QTimer::singleShot(600, window.get(), [this] {
     EXPECT_TRUE(window->Running());
     for (const char* name : {"cmdAjustar", "cdmSalvar", "txtKs", "cdmBackExp", "cmdLimpar"})
       EXPECT_FALSE(Enabled(name)) << name;
@@ -145,7 +145,7 @@ TEST_F(CultivationWindow, StopsBetweenGenerationsAndRunsAgain) {
     dialogs.answers = {Answer::No};
     Click("Command1");
   });
-  QTimer::singleShot(500, window.get(), [this] {
+  QTimer::singleShot(900, window.get(), [this] {
     ASSERT_TRUE(window->Running());  // the answer was No
     EXPECT_EQ(Find<QPlainTextEdit>("txtResultados")->verticalScrollBar()->value(), 3);
     dialogs.answers = {Answer::Yes};
