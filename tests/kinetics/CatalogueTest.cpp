@@ -39,8 +39,8 @@ TEST(Catalogue, GivesKsAndKipTheUnitOfTheirTerm) {
   EXPECT_EQ(unit(At::u, "Moser"), "");
 }
 
-/// The model's line of the table in README.md.
-std::string ReadmeLine(const Model& model) {
+/// The model's line of the table in docs/models.md.
+std::string DocumentLine(const Model& model) {
   std::string parameters, equation;
   for (const Parameter& parameter : kFittable)
     if (Uses(model, parameter.position))
@@ -49,11 +49,11 @@ std::string ReadmeLine(const Model& model) {
   return "| " + std::string(model.name) + " | " + parameters + " | " + equation + " |";
 }
 
-TEST(Catalogue, StandsInTheReadmeWithItsEquations) {
-  std::ifstream readme(VELMORA_SOURCE_FOLDER "/README.md");
+TEST(Catalogue, StandsInTheDocumentsWithItsEquations) {
+  std::ifstream table(VELMORA_SOURCE_FOLDER "/docs/models.md");
   std::set<std::string> lines;
-  for (std::string line; std::getline(readme, line);) lines.insert(line);
-  for (const Model& model : kModels) EXPECT_TRUE(lines.contains(ReadmeLine(model))) << model.name;
+  for (std::string line; std::getline(table, line);) lines.insert(line);
+  for (const Model& model : kModels) EXPECT_TRUE(lines.contains(DocumentLine(model))) << model.name;
 }
 
 }  // namespace
