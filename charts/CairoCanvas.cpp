@@ -1,10 +1,16 @@
 #include "charts/CairoCanvas.h"
 
+#include <cairo-pdf.h>
+#include <cairo-svg.h>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
 #include <stdexcept>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "charts/MarkerFigures.h"
 
@@ -18,25 +24,79 @@ void ThrowOnFailure(cairo_status_t status) {
   if (status != CAIRO_STATUS_SUCCESS) throw std::runtime_error(cairo_status_to_string(status));
 }
 
+constexpr double kPointsPerInch = 72;
+
+// The first chunk of a PNG file, with the size of the picture, ends here.
+constexpr std::size_t kHeaderEnd = 33;
+
 cairo_status_t Append(void* bytes, const unsigned char* data, unsigned int length) {
   static_cast<std::string*>(bytes)->append(reinterpret_cast<const char*>(data), length);
   return CAIRO_STATUS_SUCCESS;
 }
 
+cairo_surface_t* NewSurface(PictureFormat format, int width, int height, double dpi,
+                            std::string& bytes) {
+  const double wide = width * kPointsPerInch / dpi, high = height * kPointsPerInch / dpi;
+  switch (format) {
+    case PictureFormat::Svg:
+      return cairo_svg_surface_create_for_stream(Append, &bytes, wide, high);
+    case PictureFormat::Pdf:
+      return cairo_pdf_surface_create_for_stream(Append, &bytes, wide, high);
+    case PictureFormat::Png:
+      break;
+  }
+  return cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height);
+}
+
+std::string BigEndian(std::uint32_t value) {
+  std::string bytes;
+  for (const unsigned shift : {24U, 16U, 8U, 0U})
+    bytes += static_cast<char>(static_cast<unsigned char>(value >> shift));
+  return bytes;
+}
+
+/// The check sum of a PNG chunk (ISO 3309).
+std::uint32_t CheckSum(std::string_view bytes) {
+  std::uint32_t sum = 0xFFFFFFFFU;
+  for (const char c : bytes) {
+    sum ^= static_cast<unsigned char>(c);
+    for (int bit = 0; bit < 8; ++bit) sum = sum >> 1U ^ ((sum & 1U) != 0 ? 0xEDB88320U : 0U);
+  }
+  return ~sum;
+}
+
+/// The PNG file with its resolution (chunk pHYs, pixels a metre), which cairo does not write.
+std::string WithResolution(std::string png, double dpi) {
+  constexpr double kInchesPerMetre = 1 / 0.0254;
+  const auto perMetre = static_cast<std::uint32_t>(std::lround(dpi * kInchesPerMetre));
+  const std::string chunk = "pHYs" + BigEndian(perMetre) + BigEndian(perMetre) + '\1';
+  constexpr std::uint32_t kLength = 9;
+  png.insert(kHeaderEnd, BigEndian(kLength) + chunk + BigEndian(CheckSum(chunk)));
+  return png;
+}
+
 }  // namespace
 
-CairoCanvas::CairoCanvas(int width, int height)
-    : surface_(cairo_image_surface_create(CAIRO_FORMAT_RGB24, width, height)),
+CairoCanvas::CairoCanvas(int width, int height, PictureFormat format, double dpi)
+    : format_(format),
+      dpi_(dpi),
+      surface_(NewSurface(format, width, height, dpi, bytes_)),
       pen_(cairo_create(surface_.get())) {
+  if (format != PictureFormat::Png)
+    cairo_scale(pen_.get(), kPointsPerInch / dpi, kPointsPerInch / dpi);
   cairo_set_source_rgb(pen_.get(), 1, 1, 1);
   cairo_paint(pen_.get());
 }
 
-std::string CairoCanvas::Png() {
+std::string CairoCanvas::Bytes() {
   ThrowOnFailure(cairo_status(pen_.get()));
-  std::string bytes;
-  ThrowOnFailure(cairo_surface_write_to_png_stream(surface_.get(), Append, &bytes));
-  return bytes;
+  if (format_ == PictureFormat::Png) {
+    ThrowOnFailure(cairo_surface_write_to_png_stream(surface_.get(), Append, &bytes_));
+    return WithResolution(bytes_, dpi_);
+  }
+  cairo_surface_finish(surface_.get());
+  ThrowOnFailure(cairo_surface_status(surface_.get()));
+  return bytes_;
 }
 
 void CairoCanvas::OpenPaper(const PaperArea& area) {
@@ -107,10 +167,10 @@ void CairoCanvas::SetStroke(const Stroke& stroke) {
   SetInk(stroke.ink);
   cairo_set_line_width(pen_.get(), stroke.width);
   cairo_set_line_join(pen_.get(), CAIRO_LINE_JOIN_MITER);
-  const double on = stroke.kind == LineKind::Dashed ? 4 * stroke.width : stroke.width;
-  const double lengths[] = {on, 2 * stroke.width};
   const bool solid = stroke.kind == LineKind::Solid;
-  cairo_set_dash(pen_.get(), lengths, solid ? 0 : 2, 0);
+  std::vector<double> lengths;
+  for (const double length : DashesOf(stroke.kind)) lengths.push_back(length * stroke.width);
+  cairo_set_dash(pen_.get(), lengths.data(), static_cast<int>(lengths.size()), 0);
   cairo_set_line_cap(pen_.get(), solid ? CAIRO_LINE_CAP_ROUND : CAIRO_LINE_CAP_BUTT);
 }
 
@@ -144,14 +204,14 @@ void CairoCanvas::DrawMarkers(std::string_view marker, std::span<const PaperPoin
     cairo_save(pen_.get());
     cairo_translate(pen_.get(), centre.x, centre.y);
     cairo_new_path(pen_.get());
-    switch (shape.figure) {
-      case Figure::Circle:
+    switch (shape.shape) {
+      case Shape::Circle:
         cairo_arc(pen_.get(), 0, 0, side / 2, 0, kWholeTurn);
         break;
-      case Figure::Square:
+      case Shape::Square:
         cairo_rectangle(pen_.get(), -side / 2, -side / 2, side, side);
         break;
-      case Figure::Triangle:
+      case Shape::Triangle:
         Trace(TriangleCorners(side, shape.turn));
         break;
     }

@@ -1,8 +1,9 @@
-// Charts as cairo draws them, into a picture in memory.
+// Charts as cairo draws them, into a picture or a vector file in memory.
 #pragma once
 
 #include <cairo.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -10,14 +11,18 @@
 
 namespace velmora {
 
+enum class PictureFormat : std::uint8_t { Png, Svg, Pdf };
+
 class CairoCanvas : public ChartCanvas {
  public:
-  /// Pixels.
-  CairoCanvas(int width, int height);
+  /// `width` by `height` pixels, `dpi` of which are an inch.
+  CairoCanvas(int width, int height, PictureFormat format = PictureFormat::Png, double dpi = 96);
+  CairoCanvas(const CairoCanvas&) = delete;
+  CairoCanvas& operator=(const CairoCanvas&) = delete;
 
-  /// The picture as a PNG file's bytes. Throws `std::runtime_error` where anything that was drawn
-  /// failed.
-  std::string Png();
+  /// The file's bytes; nothing can be drawn any more. Throws `std::runtime_error` where anything
+  /// that was drawn failed.
+  std::string Bytes();
 
   void OpenPaper(const PaperArea& area) override;
   void ClosePaper() override;
@@ -47,6 +52,9 @@ class CairoCanvas : public ChartCanvas {
   void Trace(std::span<const PaperPoint> points);
   cairo_font_extents_t FontExtents() const;
 
+  PictureFormat format_;
+  double dpi_;
+  std::string bytes_;  // that a vector surface has written
   std::unique_ptr<cairo_surface_t, Release> surface_;
   std::unique_ptr<cairo_t, Release> pen_;
   double fontHeight_ = 1;

@@ -39,7 +39,7 @@ struct Ink {
   std::uint8_t red = 0, green = 0, blue = 0;
 };
 
-enum class LineKind : std::uint8_t { Solid, Dotted, Dashed };
+enum class LineKind : std::uint8_t { Solid, Dotted, Dashed, DashDotted, DashDotDotted };
 
 struct Stroke {
   Ink ink;

@@ -66,8 +66,14 @@ std::vector<PlotPoint> Cut(const std::vector<PlotPoint>& curve, const TimeInterv
 
 PlottedExperiment Plotted(const Experiment& experiment, const DisplayEntry& display,
                           PlotVariable variable, const std::optional<TimeInterval>& interval) {
-  PlottedExperiment plotted{
-      experiment.number, display.visible, display.marker, display.colour, display.line, {}, {}};
+  PlottedExperiment plotted{experiment.number,
+                            experiment.description,
+                            display.visible,
+                            display.marker,
+                            display.colour,
+                            display.line,
+                            {},
+                            {}};
   if (!plotted.visible) return plotted;
   plotted.points =
       PointsOf(experiment.time, MeasuredSeries(experiment, variable), experiment.time.size());
@@ -85,7 +91,8 @@ ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
                        const ModelCurves* curves, bool gridLines, char separator,
                        const std::optional<TimeInterval>& interval) {
   const Extents extents = interval ? MaxMinZoom(lists, *interval) : MaxMin(lists);
-  ChartContent content{variable, Escala(extents, variable, separator), gridLines, {}, {}};
+  ChartContent content{variable, Escala(extents, variable, separator), gridLines, separator, {}, {},
+                       {}};
   for (int place = 1; place <= lists.Count(); ++place) {
     content.experiments.push_back(
         Plotted(lists.At(place), lists.Display(place), variable, interval));

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "charts/AxisScaling.h"
+#include "charts/Figure.h"
 #include "data/ExperimentLists.h"
 #include "kinetics/ModelCurves.h"
 #include "language/Message.h"
@@ -16,6 +17,7 @@ namespace velmora {
 /// One experiment on one plot.
 struct PlottedExperiment {
   std::int16_t number = 0;  // of the experiment
+  std::string description;  // UTF-8
   bool visible = true;
   std::string marker;
   std::int32_t colour = 1;
@@ -28,8 +30,10 @@ struct ChartContent {
   PlotVariable variable = PlotVariable::Cs;
   PlotScale scale;
   bool gridLines = true;
+  char separator = '.';                        // of the decimals
   std::vector<PlottedExperiment> experiments;  // by place
   std::string title;                           // above the plot, UTF-8; empty for none
+  std::optional<Figure> figure;                // drawn in place of the plot; or none
 };
 
 /// The plot of `variable`. `curves` is null where there are none; they are drawn for the first nine
@@ -46,6 +50,7 @@ struct LegendRow {
   std::int16_t number = 0;
   std::string marker;
   std::int32_t colour = 1;
+  std::optional<Ink> ink{};  // in place of the colour's
 };
 
 /// One row for each visible experiment, in list order.

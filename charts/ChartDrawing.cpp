@@ -5,9 +5,10 @@
 #include <string>
 #include <vector>
 
+#include "charts/ChartLetters.h"
+#include "charts/FigureLayout.h"
 #include "charts/MarkerFigures.h"
 #include "data/Experiment.h"
-#include "data/Windows1252.h"
 
 namespace velmora {
 namespace {
@@ -22,6 +23,7 @@ constexpr double kMarkerWidth = 10;
 constexpr double kSameDot = 0.5;    // a dot nearer to the one before adds nothing
 constexpr double kLabelToAxis = 4;  // between a concentration label and its axis
 constexpr double kLeastFontHeight = 6;
+constexpr std::size_t kTitleLines = 2;
 constexpr double kTickToTick = 4;  // nearer to each other ticks and grid lines run together
 
 /// The least of 1, 2, 5, 10, 20, ... that is at least `wanted` and a multiple of `unit`.
@@ -43,27 +45,13 @@ double WidestOf(const std::vector<PlotLabel>& labels, const ChartCanvas& canvas)
   return widest;
 }
 
-/// `text`, or as much of its beginning as has room, and "…".
-std::string Shortened(const std::string& text, double room, const ChartCanvas& canvas) {
-  if (canvas.WidthOf(text) <= room) return text;
-  std::string shown;
-  for (std::string_view rest = text; !rest.empty();) {
-    const std::size_t letter = std::max<std::size_t>(1, LetterLength(rest));
-    const std::string longer = shown + std::string(rest.substr(0, letter));
-    if (canvas.WidthOf(longer + "…") > room) break;
-    shown = longer;
-    rest.remove_prefix(letter);
-  }
-  return shown + "…";
-}
-
 /// The paper, the user coordinates on it, and the size of its letters.
 class Sheet {
  public:
   Sheet(ChartCanvas& canvas, const PaperArea& paper, const ChartContent& content,
         const ChartStyle& style)
       : canvas_(canvas), paper_(paper), content_(content), style_(style) {
-    canvas_.SetFontHeight(LabelHeight());
+    canvas_.SetFontHeight(LetterHeight(paper, style));
   }
 
   void Draw() {
@@ -83,12 +71,10 @@ class Sheet {
   PaperPoint At(const PlotPoint& point) const { return ToPaper(Scale(), paper_, point); }
   PaperPoint Origin() const { return At({Scale().origin, 0}); }
 
-  double LabelHeight() const {
-    if (style_.fontHeight > 0) return Units(style_.fontHeight);
-    const double suited = std::min(paper_.height * 0.055, paper_.width * 0.036);
-    return std::clamp(suited, Units(9), Units(17));
-  }
   double LineHeight() const { return canvas_.Ascent() + canvas_.Descent(); }
+
+  /// Nothing is on the chart: numbers would stand about without an axis.
+  bool HasNoAxes() const { return !HasWidth(Scale()) && !HasHeight(Scale()); }
 
   double TimeDistance() const { return At({Scale().origin + Scale().tickX, 0}).x - Origin().x; }
   double ConcentrationDistance() const {
@@ -122,7 +108,7 @@ class Sheet {
   /// others are centred. Where all would touch each other, every second, fifth, ... is left.
   void WriteTimeLabels() {
     const std::vector<PlotLabel>& labels = Scale().timeLabels;
-    if (labels.empty()) return WriteTimeTitle(Origin().y);
+    if (labels.empty() || HasNoAxes()) return WriteTimeTitle(Origin().y);
     const double first = canvas_.WidthOf(labels.front().text);
     const double widest = WidestOf(labels, canvas_);
     const double gap = canvas_.WidthOf("0") / 2;
@@ -149,6 +135,7 @@ class Sheet {
   /// Labels end left of the axis, also where they are wider than their place, and stand beside
   /// their tick. The plot's own title keeps its room: long labels are written smaller.
   void WriteConcentrationLabels() {
+    if (HasNoAxes()) return WriteVariable(paper_.Right());
     const double usual = canvas_.FontHeight();
     const double axis = Origin().x - Units(kLabelToAxis);
     const double titleWidth = LineHeight() + Units(3);
@@ -188,16 +175,25 @@ class Sheet {
     canvas_.WriteUpwards({left + canvas_.Ascent(), at.y}, PlotTitle(content_.variable));
   }
 
-  /// The user's title, in the middle of the room above the axes.
+  /// The user's title, in the middle of the room above the axes; a long one is broken, and its
+  /// lines are smaller where they need more room than there is.
   void WriteTitle() {
     if (content_.title.empty()) return;
     const double usual = canvas_.FontHeight();
-    canvas_.SetTitleFontHeight(usual * 1.25);
-    const double axisTop = At({Scale().origin, HasHeight(Scale()) ? Scale().Ymax : 1}).y;
-    const double baseLine =
-        paper_.top + (axisTop - paper_.top + canvas_.Ascent() - canvas_.Descent()) / 2;
-    const std::string text = Shortened(content_.title, paper_.width - Units(8), canvas_);
-    canvas_.Write({paper_.Centre().x - canvas_.WidthOf(text) / 2, baseLine}, text);
+    const PaperPoint axisTop = At({Scale().origin, HasHeight(Scale()) ? Scale().Ymax : 1});
+    const double height = axisTop.y - paper_.top, width = paper_.Right() - axisTop.x;
+    std::vector<std::string> lines;
+    for (const double size : {1.25, 1.0, 0.8}) {
+      canvas_.SetTitleFontHeight(usual * size);
+      lines = Wrapped(content_.title, width - Units(8), kTitleLines, canvas_);
+      if (static_cast<double>(lines.size()) * LineHeight() <= height) break;
+    }
+    double base = paper_.top + (height - static_cast<double>(lines.size()) * LineHeight()) / 2 +
+                  canvas_.Ascent();
+    for (const std::string& line : lines) {
+      canvas_.Write({axisTop.x + (width - canvas_.WidthOf(line)) / 2, base}, line);
+      base += LineHeight();
+    }
     canvas_.SetFontHeight(usual);
   }
 
@@ -262,6 +258,7 @@ class Sheet {
 
 void DrawChart(ChartCanvas& canvas, const PaperArea& paper, const ChartContent& content,
                const ChartStyle& style) {
+  if (content.figure) return DrawFigure(canvas, paper, *content.figure, style);
   Sheet(canvas, paper, content, style).Draw();
 }
 

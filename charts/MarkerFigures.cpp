@@ -6,10 +6,10 @@ namespace velmora {
 namespace {
 
 /// By marker number 1..8.
-constexpr MarkerFigure kFigures[] = {{Figure::Circle, true, 0},   {Figure::Circle, false, 0},
-                                     {Figure::Square, true, 0},   {Figure::Square, false, 0},
-                                     {Figure::Triangle, true, 0}, {Figure::Triangle, true, 1},
-                                     {Figure::Triangle, true, 2}, {Figure::Triangle, true, 3}};
+constexpr MarkerFigure kFigures[] = {{Shape::Circle, true, 0},   {Shape::Circle, false, 0},
+                                     {Shape::Square, true, 0},   {Shape::Square, false, 0},
+                                     {Shape::Triangle, true, 0}, {Shape::Triangle, true, 1},
+                                     {Shape::Triangle, true, 2}, {Shape::Triangle, true, 3}};
 
 PaperPoint TurnedRight(const PaperPoint& point) {
   return {-point.y, point.x};
@@ -40,6 +40,26 @@ Ink InkOf(std::int32_t colour) {
 LineKind LineKindOf(std::int16_t line) {
   if (line == 2) return LineKind::Dotted;
   return line == 3 ? LineKind::Dashed : LineKind::Solid;
+}
+
+std::span<const double> DashesOf(LineKind kind) {
+  static constexpr double kDotted[] = {1, 2};
+  static constexpr double kDashed[] = {4, 2};
+  static constexpr double kDashDotted[] = {4, 2, 1, 2};
+  static constexpr double kDashDotDotted[] = {4, 2, 1, 2, 1, 2};
+  switch (kind) {
+    case LineKind::Dotted:
+      return kDotted;
+    case LineKind::Dashed:
+      return kDashed;
+    case LineKind::DashDotted:
+      return kDashDotted;
+    case LineKind::DashDotDotted:
+      return kDashDotDotted;
+    case LineKind::Solid:
+      break;
+  }
+  return {};
 }
 
 }  // namespace velmora

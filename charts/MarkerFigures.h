@@ -3,16 +3,17 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 #include "charts/ChartCanvas.h"
 
 namespace velmora {
 
-enum class Figure : std::uint8_t { Circle, Square, Triangle };
+enum class Shape : std::uint8_t { Circle, Square, Triangle };
 
 struct MarkerFigure {
-  Figure figure = Figure::Circle;
+  Shape shape = Shape::Circle;
   bool filled = true;
   int turn = 0;  // of a triangle, quarters of a circle clockwise from pointing up
 };
@@ -28,5 +29,9 @@ Ink InkOf(std::int32_t colour);
 
 /// The kind of a line number: 1 solid, 2 dotted, 3 dashed; solid for any other.
 LineKind LineKindOf(std::int16_t line);
+
+/// The lengths of the pieces of a line that are drawn and left out by turns, in widths of the line;
+/// none for a solid one.
+std::span<const double> DashesOf(LineKind kind);
 
 }  // namespace velmora

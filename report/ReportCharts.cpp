@@ -5,7 +5,7 @@
 
 #include "charts/CairoCanvas.h"
 #include "charts/ChartDrawing.h"
-#include "charts/MarkerFigures.h"
+#include "charts/LegendStrip.h"
 
 namespace velmora {
 namespace {
@@ -14,10 +14,6 @@ namespace {
 constexpr double kUnit = 2;
 constexpr double kFontHeight = 15;  // units
 constexpr double kLegendHeight = 60;
-constexpr double kLegendFontHeight = 26;
-constexpr double kMarkerWidth = 20;
-constexpr double kToWord = 10;  // from a marker to its words
-constexpr double kToNext = 34;  // from those to the next marker
 
 struct Plot {
   PlotVariable variable;
@@ -26,31 +22,6 @@ struct Plot {
 constexpr Plot kPlots[] = {{PlotVariable::Cx, TextId::CxVersusTime},
                            {PlotVariable::Cs, TextId::CsVersusTime},
                            {PlotVariable::Cp, TextId::CpVersusTime}};
-
-/// "Exp." is short for the word in both languages.
-std::string WordsOf(const LegendRow& row) {
-  return "Exp. " + std::to_string(row.number);
-}
-
-/// A marker in its colour and the experiment's number, side by side in the middle of the strip.
-void DrawLegend(ChartCanvas& canvas, const PaperArea& strip, const std::vector<LegendRow>& rows) {
-  canvas.OpenPaper(strip);
-  canvas.SetFontHeight(kLegendFontHeight);
-  const auto widthOf = [&](const LegendRow& row) {
-    return kMarkerWidth + kToWord + canvas.WidthOf(WordsOf(row));
-  };
-  double whole = -kToNext;
-  for (const LegendRow& row : rows) whole += widthOf(row) + kToNext;
-  const double baseLine = strip.Centre().y + (canvas.Ascent() - canvas.Descent()) / 2;
-  double x = strip.Centre().x - whole / 2;
-  for (const LegendRow& row : rows) {
-    const PaperPoint marker[] = {{x + kMarkerWidth / 2, strip.Centre().y}};
-    canvas.DrawMarkers(row.marker, marker, kMarkerWidth, InkOf(row.colour), kUnit);
-    canvas.Write({x + kMarkerWidth + kToWord, baseLine}, WordsOf(row));
-    x += widthOf(row) + kToNext;
-  }
-  canvas.ClosePaper();
-}
 
 /// The paper of a chart that fills `height` pixels but for the room above the axis, which a plot's
 /// title takes elsewhere: in a report that stands outside the picture.
@@ -80,7 +51,7 @@ void DrawReportChart(ChartCanvas& canvas, const ChartContent& content,
   const double height = kReportChartHeight - kLegendHeight;
   DrawChart(canvas, PaperIn(height, content.scale), content,
             {PointStyle::Markers, kUnit, kFontHeight});
-  DrawLegend(canvas, {0, height, kReportChartWidth, kLegendHeight}, legend);
+  DrawLegendStrip(canvas, {0, height, kReportChartWidth, kLegendHeight}, legend, kUnit);
 }
 
 std::vector<ReportPicture> ChartPictures(const ExperimentLists& lists, const ModelCurves& curves) {
@@ -89,7 +60,7 @@ std::vector<ReportPicture> ChartPictures(const ExperimentLists& lists, const Mod
   for (const auto& [titleId, content] : ReportCharts(lists, curves, true, '.')) {
     CairoCanvas canvas(kReportChartWidth, kReportChartHeight);
     DrawReportChart(canvas, content, legend);
-    pictures.push_back({titleId, {canvas.Png(), kReportChartWidth, kReportChartHeight}});
+    pictures.push_back({titleId, {canvas.Bytes(), kReportChartWidth, kReportChartHeight}});
   }
   return pictures;
 }

@@ -62,8 +62,19 @@ QColor ColourOf(std::int32_t number) {
 }
 
 Qt::PenStyle PenStyleOf(LineKind kind) {
-  if (kind == LineKind::Dotted) return Qt::DotLine;
-  return kind == LineKind::Dashed ? Qt::DashLine : Qt::SolidLine;
+  switch (kind) {
+    case LineKind::Dotted:
+      return Qt::DotLine;
+    case LineKind::Dashed:
+      return Qt::DashLine;
+    case LineKind::DashDotted:
+      return Qt::DashDotLine;
+    case LineKind::DashDotDotted:
+      return Qt::DashDotDotLine;
+    case LineKind::Solid:
+      break;
+  }
+  return Qt::SolidLine;
 }
 
 std::string_view MarkerPictureName(std::string_view marker) {
@@ -81,14 +92,14 @@ void DrawMarker(QPainter& painter, std::string_view marker, const QPointF& centr
   painter.setBrush(shape.filled ? QBrush(colour) : QBrush(Qt::white));
   painter.translate(centre);
   const double side = size - lineWidth;
-  switch (shape.figure) {
-    case Figure::Circle:
+  switch (shape.shape) {
+    case Shape::Circle:
       painter.drawEllipse(QPointF(0, 0), side / 2, side / 2);
       break;
-    case Figure::Square:
+    case Shape::Square:
       painter.drawRect(QRectF(-side / 2, -side / 2, side, side));
       break;
-    case Figure::Triangle:
+    case Shape::Triangle:
       painter.drawPolygon(TriangleAt(side, shape.turn));
       break;
   }

@@ -1,0 +1,62 @@
+#include "charts/ZoomedChart.h"
+
+namespace velmora {
+namespace {
+
+bool Holds(const ValueRange& part, const ValueRange& whole) {
+  return part.from <= whole.from && part.to >= whole.to;
+}
+
+}  // namespace
+
+bool ZoomedChart::IsPlain() const {
+  return !published && !logarithmic && !residuals && !bounds.from && !bounds.to;
+}
+
+Figure ZoomedChart::FigureOf(const ChartContent& content, const FigureView& view) const {
+  return residuals ? ResidualFigure(content, view) : CourseFigure(content, view);
+}
+
+Figure ZoomedChart::Whole() const {
+  FigureView view;
+  view.logarithmic = logarithmic;
+  return FigureOf(velmora::ContentOf(variable, lists, &curves, gridLines, '.'), view);
+}
+
+ChartContent ZoomedChart::Content(Language language, char separator) const {
+  const bool plain = IsPlain();
+  ChartContent content = velmora::ContentOf(variable, lists, &curves, gridLines, separator,
+                                            plain ? interval : std::nullopt);
+  content.title = title;
+  if (plain) return content;
+  FigureView view;
+  view.language = language;
+  view.separator = separator;
+  view.palette = published ? Palette::Published : Palette::Stated;
+  view.legend = published && legend;
+  view.logarithmic = logarithmic;
+  if (interval && interval->from < interval->to)
+    view.times = ValueRange{interval->from, interval->to};
+  if (bounds.from || bounds.to) {
+    const ValueRange data = FigureOf(content, view).y.range;
+    const ValueRange wanted{bounds.from.value_or(data.from), bounds.to.value_or(data.to)};
+    if (wanted.from < wanted.to && (!logarithmic || wanted.from > 0)) view.values = wanted;
+  }
+  content.figure = FigureOf(content, view);
+  return content;
+}
+
+void ZoomedChart::ShowWhole() {
+  interval.reset();
+  bounds = {};
+}
+
+void ZoomedChart::ShowPart(const ValueRange& times, const ValueRange& values) {
+  const Figure whole = Whole();
+  if (Holds(times, whole.x.range) && Holds(values, whole.y.range)) return ShowWhole();
+  if (!(times.from < times.to) || !(values.from < values.to)) return;
+  interval = TimeInterval{times.from, times.to};
+  bounds = {values.from, values.to};
+}
+
+}  // namespace velmora
