@@ -44,6 +44,23 @@ apart. R² is of the scored values in g/L. Two threads or more share the models 
 machine has them; the result is the same. Ctrl-C, SIGTERM and SIGHUP stop it; what is done
 is printed all the same.)text";
 
+constexpr const char* kChartFooter = R"text(
+Draws Cx, Cs and Cp below each other, each with its own axes, as people publish them: the
+curves in the colours of their experiments, told apart in grey print and by colour-blind
+readers, with a legend. The end of the name tells the format: .svg, .pdf or .png.
+Without a conditions file the measured points stand alone. Where the conditions mark
+parameters as fitted they are fitted first, and the charts show the best values; with
+--as-given they show the values that stand in the file.
+curves      points and curves over time
+residuals   measured minus model, over time
+parity      model over measured values
+profile     of each fitted parameter: the sum of squared errors with the parameter held and
+            the others fitted again, and its 95 % interval
+
+Examples:
+  velmora-cli chart yeast.abr yeast-conditions.abr -o yeast.pdf
+  velmora-cli chart yeast.abr yeast-conditions.abr -o parity.png --kind parity --dpi 600)text";
+
 constexpr const char* kCheckFooter = R"text(
 Of experiments it also tells what looks odd, with experiment, row and value: falling Cx,
 rising Cs, product before growth, more cells and product than substrate used, times out of
@@ -105,6 +122,7 @@ struct Options {
   ScoreOptions score;
   FitOptions fit;
   CompareOptions compare;
+  ChartOptions chart;
   ExportOptions exported;
   CheckOptions check;
   ImportOptions import;
@@ -200,6 +218,33 @@ void AddCompare(CLI::App& app, CompareOptions& compare) {
   command.footer(kCompareFooter);
 }
 
+void AddChart(CLI::App& app, ChartOptions& chart) {
+  CLI::App& command = *app.add_subcommand("chart", "draw experiments and models for publication");
+  AddExperiments(command, chart.inputs.experiments);
+  command.add_option("CONDITIONS", chart.inputs.conditions, "conditions file")
+      ->type_name("FILE.abr");
+  command.add_option("-o,--output", chart.output, "file to write")
+      ->required()
+      ->type_name("FILE.svg|.pdf|.png");
+  command.add_option("--kind", chart.kind, "what is drawn (default curves)")
+      ->check(CLI::IsMember({kChartKinds[0], kChartKinds[1], kChartKinds[2], kChartKinds[3]})
+                  .description(""))
+      ->type_name("curves|residuals|parity|profile");
+  command.add_flag("--as-given", chart.asGiven, "draw the conditions' own values, without a fit");
+  command.add_flag("--log", chart.logarithmic, "logarithmic concentrations, of curves");
+  command.add_option("--title", chart.title, "title above the charts")->type_name("TEXT");
+  command.add_option("--width", chart.width, "width in mm (default 160)")
+      ->check(CLI::Range(20.0, 500.0).description(""))
+      ->type_name("NUMBER");
+  command.add_option("--height", chart.height, "height in mm (default: what the charts need)")
+      ->check(CLI::Range(20.0, 1000.0).description(""))
+      ->type_name("NUMBER");
+  command.add_option("--dpi", chart.dpi, "pixels an inch, of PNG (default 300)")
+      ->check(CLI::Range(50.0, 600.0).description(""))
+      ->type_name("NUMBER");
+  command.footer(kChartFooter);
+}
+
 void AddSimulations(CLI::App& app, Options& options) {
   AddJson(AddCommand(app, "simulate", "integrate every experiment", options.simulate.inputs),
           options.simulate.json);
@@ -277,6 +322,7 @@ void AddAll(CLI::App& app, Options& options) {
   AddSimulations(app, options);
   AddFit(app, options.fit);
   AddCompare(app, options.compare);
+  AddChart(app, options.chart);
   CLI::App* check = app.add_subcommand("check", "tell what a file is and what it holds");
   check->add_option("FILE", options.check.file, "experiment or conditions file")
       ->required()
@@ -293,6 +339,7 @@ Command Chosen(const CLI::App& app, Options& options) {
   if (name == "score") return options.score;
   if (name == "fit") return options.fit;
   if (name == "compare") return options.compare;
+  if (name == "chart") return options.chart;
   if (name == "export") return options.exported;
   if (name == "check") return options.check;
   if (name == "import") return options.import;

@@ -13,9 +13,9 @@ struct HelpOptions {
   std::string text;
 };
 
-using Command =
-    std::variant<HelpOptions, ModelsOptions, SimulateOptions, ScoreOptions, FitOptions,
-                 CompareOptions, ExportOptions, CheckOptions, ImportOptions, ConditionsOptions>;
+using Command = std::variant<HelpOptions, ModelsOptions, SimulateOptions, ScoreOptions, FitOptions,
+                             CompareOptions, ChartOptions, ExportOptions, CheckOptions,
+                             ImportOptions, ConditionsOptions>;
 
 struct Arguments {
   Language language = Language::English;

@@ -145,4 +145,23 @@ struct CompareOptions {
 /// printed all the same.
 ExitCode Run(const CompareOptions& options, const Console& console);
 
+/// The kinds of charts.
+inline constexpr std::array<const char*, 4> kChartKinds = {"curves", "residuals", "parity",
+                                                           "profile"};
+
+struct ChartOptions {
+  InputOptions inputs;  // without a conditions file only the measured points are drawn
+  std::string output;
+  std::string kind = kChartKinds[0];
+  bool asGiven = false;      // the conditions' own values, without a fit
+  bool logarithmic = false;  // concentrations
+  std::string title;
+  double width = 160;            // mm
+  std::optional<double> height;  // mm
+  double dpi = 300;
+};
+
+/// Draws the charts of Cx, Cs and Cp, or the profile of each fitted parameter, for publication.
+ExitCode Run(const ChartOptions& options, const Console& console);
+
 }  // namespace velmora::cli

@@ -1,0 +1,58 @@
+// velmora-cli chart: pictures of any kind and format, and why there is none.
+#include <gtest/gtest.h>
+
+#include "tests/cli/CommandLine.h"
+
+namespace velmora {
+namespace {
+
+/// Curves are drawn where there is a model; the size is 160 mm by 75 mm for each chart.
+TEST(Chart, DrawsEveryKindInEveryFormat) {
+  const TemporaryFolder folder;
+  const auto drawn = [&](const std::string& files, const std::string& name) {
+    const std::string path = folder / name;
+    const Ran ran = RunCli("chart " + files + "-o " + path);
+    EXPECT_EQ(ran.code, 0) << ran.err;
+    EXPECT_TRUE(ran.out.starts_with(path + ": ")) << ran.out;
+    return BytesOf(path);
+  };
+  const std::string points = drawn(kMolasses, "points.svg");
+  EXPECT_NE(points.find("<svg"), std::string::npos);
+  const std::string given = drawn(kMolasses + kConditions + "--as-given ", "given.svg");
+  const std::string fitted = drawn(kMolasses + kConditions, "fitted.svg");
+  EXPECT_GT(given.size(), points.size());
+  EXPECT_NE(given, fitted) << "the conditions' own values are not the best ones";
+  EXPECT_NE(drawn(kMolasses + kConditions + "--kind residuals ", "residuals.svg"), fitted);
+  EXPECT_TRUE(drawn(kMolasses + kConditions + "--kind profile ", "p.PDF").starts_with("%PDF"));
+  const std::string png =
+      drawn(kMolasses + kConditions + "--as-given --kind parity --height 100 --dpi 254 ", "p.png");
+  EXPECT_EQ(png.substr(16, 8), std::string("\0\0\x06\x40\0\0\x03\xE8", 8)) << "1600 by 1000";
+  const std::string portuguese =
+      drawn(kMolasses + kConditions + "--as-given --kind parity --language pt ", "pt.svg");
+  EXPECT_NE(portuguese, drawn(kMolasses + kConditions + "--as-given --kind parity ", "en.svg"));
+}
+
+TEST(Chart, RefusesBeforeItFits) {
+  const TemporaryFolder folder;
+  struct Row {
+    std::string arguments;
+    int code;
+    const char* says;
+  };
+  const std::string path = folder / "x";
+  for (const Row& row :
+       {Row{kMolasses + "-o " + path + ".gif", 2, "choose a name that ends in .svg, .pdf or .png"},
+        {kMolasses + "-o " + path + ".svg --kind parity", 2, "--kind parity needs a model"},
+        {kMolasses + kConditions + "-o " + path + "/no.svg", 3, "x/no.svg"},
+        {kMolasses + kConditions + "-o " + path + ".svg --kind profile --as-given", 1,
+         "a profile is drawn around the best values"},
+        {kMolasses + "-o " + path + ".svg --dpi 5000", 2, "--dpi"}}) {
+    const Ran ran = RunCli("chart " + row.arguments);
+    EXPECT_EQ(ran.code, row.code) << row.arguments;
+    EXPECT_NE(ran.err.find(row.says), std::string::npos) << ran.err;
+  }
+  EXPECT_EQ(folder.Entries(), 0);
+}
+
+}  // namespace
+}  // namespace velmora
