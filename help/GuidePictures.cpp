@@ -94,7 +94,7 @@ QMap<QString, QImage> TakePictures(Language language, const QString& examplesFol
   dlgTituloGrafico title(session);
   pictures[QStringLiteral("title")] = Picture(title);
   const TimeInterval measured = MeasuredTimes(session.lists);
-  dlgIntervalos interval(session, dialogs, measured, measured);
+  dlgIntervalos interval(session, dialogs, measured, measured, "Cx (g/L)", {});
   pictures[QStringLiteral("interval")] = Picture(interval);
 
   frmParametros settings(session, dialogs);

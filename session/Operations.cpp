@@ -288,6 +288,13 @@ Change ShowCurves(Session& session, const ModelCurves& curves) {
   return change;
 }
 
+Change TogglePublication(Session& session) {
+  session.forPublication = !session.forPublication;
+  Change change;
+  change.gridLines = true;
+  return change;
+}
+
 Change ToggleGridLines(Session& session) {
   session.gridLines = !session.gridLines;
   Change change;

@@ -20,12 +20,12 @@ struct Change {
   bool lists = false;       // the experiments, or how they are drawn
   bool conditions = false;  // what is stored of them
   bool curves = false;
-  bool results = false;  // of the last run: they are forgotten
-  bool gridLines = false;
-  bool replaced = false;  // all experiments, with all that belonged to them, are others
-  bool restored = false;  // by undo, redo or recovery: what was entered is another as well
-  int deleted = 0;        // the place that went; later ones moved down by one. 0: none
-  int remeasured = 0;     // the place whose experiment has other data. 0: none
+  bool results = false;    // of the last run: they are forgotten
+  bool gridLines = false;  // or how else charts are drawn
+  bool replaced = false;   // all experiments, with all that belonged to them, are others
+  bool restored = false;   // by undo, redo or recovery: what was entered is another as well
+  int deleted = 0;         // the place that went; later ones moved down by one. 0: none
+  int remeasured = 0;      // the place whose experiment has other data. 0: none
 };
 
 // Experiments.
@@ -155,5 +155,6 @@ Change EndSearch(Session& session, SearchOutcome outcome);
 
 Change ShowCurves(Session& session, const ModelCurves& curves);
 Change ToggleGridLines(Session& session);
+Change TogglePublication(Session& session);
 
 }  // namespace velmora

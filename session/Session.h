@@ -71,8 +71,9 @@ struct Session {
   std::shared_ptr<const FinishedRun> lastRun;  // the last search that had a result
 
   bool gridLines = true;
-  std::string activeWindow;  // kExperimentsWindow or kCultivationWindow
-  std::string clickedChart;  // "picCx", "picCs" or "picCp"
+  bool forPublication = false;  // charts are drawn to be published
+  std::string activeWindow;     // kExperimentsWindow or kCultivationWindow
+  std::string clickedChart;     // "picCx", "picCs" or "picCp"
 
   /// Whether there is a curve at any place.
   bool CurvesPresent() const;

@@ -2,13 +2,26 @@
 
 #include <QFileInfo>
 
+#include "app/charts/dlgTamanhoFigura.h"
 #include "data/SafeSave.h"
 
 namespace velmora {
 
-void ChartExport::Save(const QImage& picture) {
-  const QString file = FileToSave(QStringLiteral("Arquivos Textos (*.bmp)"), QStringLiteral("bmp"));
-  if (!file.isEmpty()) Write(file, BitmapOf(picture));
+void ChartExport::Save(const ChartPage& page, const QImage& picture, const Session& session) {
+  const QString file =
+      FileToSave(QStringLiteral("Arquivos Textos (*.bmp);;PNG (*.png);;SVG (*.svg);;PDF (*.pdf)"),
+                 QStringLiteral("bmp"));
+  if (file.isEmpty()) return;
+  if (file.endsWith(QStringLiteral(".bmp"), Qt::CaseInsensitive))
+    return Write(file, BitmapOf(picture));
+  const auto format = PictureFormatOf(file.toStdString());
+  if (!format) {
+    dialogs_.Show(owner_, Attention({TextId::UnknownPicture}, Icon::Exclamation));
+    return;
+  }
+  dlgTamanhoFigura size(session, owner_);
+  if (size.exec() == QDialog::Accepted)
+    Write(file, QByteArray::fromStdString(FileOf(page, *format, size.Width(), size.Resolution())));
 }
 
 void ChartExport::Print(const ChartPage& page) {

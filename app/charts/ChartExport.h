@@ -5,6 +5,7 @@
 
 #include "app/charts/ChartOutput.h"
 #include "app/widgets/Dialogs.h"
+#include "session/Session.h"
 
 namespace velmora {
 
@@ -13,8 +14,11 @@ class ChartExport {
   ChartExport(Dialogs& dialogs, std::unique_ptr<PrintDesk> printers, QWidget* owner)
       : dialogs_(dialogs), printers_(std::move(printers)), owner_(owner) {}
 
-  /// Writes the picture to a bitmap file that the user chooses.
-  void Save(const QImage& picture);
+  /// Writes the chart to a file that the user chooses: `picture` as a bitmap, or the page's chart
+  /// as PNG, SVG or PDF, in a size that the user states.
+  void Save(const ChartPage& page, const QImage& picture, const Session& session);
+  /// Shows the page as it would be printed.
+  void Preview(const ChartPage& page) { PreviewPage(page, *printers_, owner_); }
   /// Prints the page; where there is no printer for it, offers a PDF file in its place.
   void Print(const ChartPage& page);
 

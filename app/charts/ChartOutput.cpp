@@ -4,12 +4,14 @@
 #include <QClipboard>
 #include <QFontMetricsF>
 #include <QGuiApplication>
+#include <QMimeData>
 #include <QPageLayout>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QPixmap>
 #include <QPrintDialog>
+#include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
 #include <QWidget>
@@ -120,6 +122,12 @@ QPageLayout::Orientation OrientationOf(const ChartPage& page) {
   return page.proportion > 1 ? QPageLayout::Landscape : QPageLayout::Portrait;
 }
 
+void SetUp(QPrinter& printer, const ChartPage& page) {
+  printer.setDocName(DocumentName(page));
+  printer.setPageOrientation(OrientationOf(page));
+  printer.setPageMargins(kMargins, QPageLayout::Millimeter);
+}
+
 /// The largest size of the given proportion inside `room`.
 QSizeF Largest(const QSizeF& room, double proportion) {
   return room.width() / proportion <= room.height()
@@ -133,8 +141,11 @@ QImage PictureOf(QWidget& widget) {
   return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
-void CopyPicture(const QImage& picture) {
-  QGuiApplication::clipboard()->setImage(picture);
+void CopyPicture(const QImage& picture, const std::string& svg) {
+  auto* const data = new QMimeData;
+  data->setImageData(picture);
+  if (!svg.empty()) data->setData(QStringLiteral("image/svg+xml"), QByteArray::fromStdString(svg));
+  QGuiApplication::clipboard()->setMimeData(data);
 }
 
 QByteArray BitmapOf(const QImage& picture) {
@@ -184,12 +195,31 @@ bool PrintDesk::Choose(QPrinter& printer, QWidget* owner) {
   return QPrintDialog(&printer, owner).exec() == QDialog::Accepted;
 }
 
+void PrintDesk::Preview(QPrinter& printer, QWidget* owner,
+                        const std::function<void(QPrinter*)>& paint) {
+  QPrintPreviewDialog preview(&printer, owner);
+  QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, paint);
+  preview.exec();
+}
+
+void PreviewPage(const ChartPage& page, PrintDesk& desk, QWidget* owner) {
+  QPrinter printer(QPrinter::HighResolution);
+  SetUp(printer, page);
+  desk.Preview(printer, owner, [&page](QPrinter* paper) {
+    QPainter painter(paper);
+    if (painter.isActive()) PaintPage(painter, page);
+  });
+}
+
+std::string FileOf(const ChartPage& page, PictureFormat format, double width, double dpi) {
+  return PictureOf(std::span(&page.chart, 1), 1, page.legend, format,
+                   {width, width / page.proportion, dpi});
+}
+
 PrintOutcome PrintPage(const ChartPage& page, PrintDesk& desk, QWidget* owner) {
   if (!desk.HasPrinter()) return PrintOutcome::NoPrinter;
   QPrinter printer(QPrinter::HighResolution);
-  printer.setDocName(DocumentName(page));
-  printer.setPageOrientation(OrientationOf(page));
-  printer.setPageMargins(kMargins, QPageLayout::Millimeter);
+  SetUp(printer, page);
   if (!desk.Choose(printer, owner)) return PrintOutcome::Cancelled;
   QPainter painter;
   // Whether there is a printer behind the object, only beginning tells.

@@ -5,10 +5,13 @@
 #include <QImage>
 #include <QString>
 #include <cstdint>
+#include <functional>
+#include <string>
 #include <vector>
 
 #include "app/charts/LegendView.h"
 #include "charts/ChartContent.h"
+#include "charts/PictureFile.h"
 
 class QPainter;
 class QPrinter;
@@ -20,8 +23,9 @@ namespace velmora {
 /// times the display's scale.
 QImage PictureOf(QWidget& widget);
 
-/// Puts the picture on the clipboard, from which other programs take it as PNG or bitmap.
-void CopyPicture(const QImage& picture);
+/// Puts the picture on the clipboard, from which other programs take it as PNG or bitmap, or, where
+/// `svg` is not empty, as the drawing that these bytes hold.
+void CopyPicture(const QImage& picture, const std::string& svg = {});
 
 /// The picture as a bitmap file.
 QByteArray BitmapOf(const QImage& picture);
@@ -50,11 +54,20 @@ class PrintDesk {
   virtual bool HasPrinter() const;
   /// Shows the system's print dialog; false where the user cancels.
   virtual bool Choose(QPrinter& printer, QWidget* owner);
+  /// Shows what `paint` puts on the printer's pages until the user closes it or prints.
+  virtual void Preview(QPrinter& printer, QWidget* owner,
+                       const std::function<void(QPrinter*)>& paint);
 };
 
 enum class PrintOutcome : std::uint8_t { Sent, Cancelled, NoPrinter, Refused };
 
 /// Sends the page to the printer that the user chooses. Refused: the printer cannot be drawn on.
 PrintOutcome PrintPage(const ChartPage& page, PrintDesk& desk, QWidget* owner);
+
+/// Shows the page as it would be printed.
+void PreviewPage(const ChartPage& page, PrintDesk& desk, QWidget* owner);
+
+/// The page's chart with its legend as a PNG, SVG or PDF file of `width` mm.
+std::string FileOf(const ChartPage& page, PictureFormat format, double width, double dpi);
 
 }  // namespace velmora

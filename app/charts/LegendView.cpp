@@ -63,7 +63,7 @@ void LegendView::SetRows(const std::vector<LegendRow>& rows) {
       break;
     }
     add(0, "Image1")->setPixmap(MarkerPicture(rows[i].marker));
-    add(1, "Image2")->setPixmap(ColourSample(rows[i].colour));
+    add(1, "Image2")->setPixmap(ColourSample(rows[i]));
     if (!rowWord_.isEmpty()) add(2, "Label13")->setText(rowWord_);
     add(3, "Label7")->setText(QString::number(rows[i].number));
   }
@@ -90,7 +90,13 @@ QPixmap LegendView::MarkerPicture(const std::string& marker) const {
   return Sharp(picture.isNull() ? MarkerPixmap(marker, PictureSize()) : picture);
 }
 
-QPixmap LegendView::ColourSample(std::int32_t colour) const {
+QPixmap LegendView::ColourSample(const LegendRow& row) const {
+  if (row.ink) {
+    QPixmap sample(PictureSize(), PictureSize());
+    sample.fill(QColor(row.ink->red, row.ink->green, row.ink->blue));
+    return Sharp(sample);
+  }
+  const std::int32_t colour = row.colour;
   const std::size_t index = static_cast<std::size_t>(
       std::clamp(colour, 1, static_cast<std::int32_t>(kColours.size())) - 1);
   const QPixmap picture =

@@ -44,7 +44,7 @@ class LegendView : public QFrame {
   int PictureSize() const;
   QPixmap Sharp(QPixmap picture) const;
   QPixmap MarkerPicture(const std::string& marker) const;
-  QPixmap ColourSample(std::int32_t colour) const;
+  QPixmap ColourSample(const LegendRow& row) const;
 
   QString imageFolder_;
   QString rowWord_;

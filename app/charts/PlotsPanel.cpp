@@ -3,6 +3,7 @@
 #include <QVBoxLayout>
 
 #include "app/charts/ChartView.h"
+#include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
 
 namespace velmora {
@@ -18,14 +19,22 @@ PlotsPanel::PlotsPanel(const std::array<PlotName, 3>& order, QWidget* parent) : 
     connect(view, &ChartView::Activated, this, &PlotsPanel::Activated);
     connect(view, &ChartView::MenuRequested, this,
             [this, view](const QPoint& at) { emit MenuAsked(view->objectName(), at); });
+    connect(view, &ChartView::EnlargementAsked, this,
+            [this, view] { emit EnlargementAsked(view->objectName()); });
     plots_[i] = {order[i].variable, view};
   }
 }
 
-void PlotsPanel::SetContent(const ExperimentLists& lists, const ModelCurves& curves, bool gridLines,
-                            char separator) {
-  for (const Plot& plot : plots_)
-    plot.view->SetContent(ContentOf(plot.variable, lists, &curves, gridLines, separator));
+void PlotsPanel::SetContent(const ExperimentLists& lists, const ModelCurves& curves,
+                            const ChartLook& look) {
+  for (const Plot& plot : plots_) {
+    plot.view->SetContent(ContentOf(plot.variable, lists, curves, look));
+    plot.view->setToolTip(lists.Empty() ? QString() : Caption(TextId::ZoomHint, look.language));
+  }
+}
+
+ChartLook LookOf(const Session& session) {
+  return {session.language, session.separator, session.gridLines, session.forPublication};
 }
 
 }  // namespace velmora

@@ -4,7 +4,8 @@
 #include <QWidget>
 #include <array>
 
-#include "charts/ChartContent.h"
+#include "charts/PublishedChart.h"
+#include "session/Session.h"
 
 namespace velmora {
 
@@ -19,6 +20,9 @@ inline constexpr PlotName kPicCs = {"picCs", PlotVariable::Cs};
 inline constexpr PlotName kPicCx = {"picCx", PlotVariable::Cx};
 inline constexpr PlotName kPicCp = {"picCp", PlotVariable::Cp};
 
+/// How the session wants its charts drawn.
+ChartLook LookOf(const Session& session);
+
 /// Three plots one above the other: their time axes run alike.
 class PlotsPanel : public QWidget {
   Q_OBJECT
@@ -27,14 +31,15 @@ class PlotsPanel : public QWidget {
   PlotsPanel(const std::array<PlotName, 3>& order, QWidget* parent);
 
   /// As `ContentOf`, for all three plots.
-  void SetContent(const ExperimentLists& lists, const ModelCurves& curves, bool gridLines,
-                  char separator);
+  void SetContent(const ExperimentLists& lists, const ModelCurves& curves, const ChartLook& look);
 
  signals:
   /// A plot was clicked.
   void Activated();
   /// The menu of the plot with this name was asked for.
   void MenuAsked(const QString& chart, const QPoint& globalPosition);
+  /// The plot with this name is wanted enlarged.
+  void EnlargementAsked(const QString& chart);
 
  private:
   struct Plot {

@@ -17,15 +17,20 @@ struct ButtonRow {
   bool startsGroup;
 };
 // clang-format off
-constexpr std::array<ButtonRow, 8> kButtons = {{
-    {ZoomAction::Title,     "cmdInsTitulo",  Symbol::Title,    true,  false},
-    {ZoomAction::Legend,    "cmdInsLegenda", Symbol::Legend,   true,  false},
-    {ZoomAction::GridLines, "cmdInsLinhas",  Symbol::Grid,     true,  false},
-    {ZoomAction::Range,     "cmdInsInterv",  Symbol::Range,    false, false},
-    {ZoomAction::Copy,      "cmdCopiar",     Symbol::Copy,     false, true},
-    {ZoomAction::Save,      "cmdSalvar",     Symbol::Diskette, false, false},
-    {ZoomAction::Print,     "cmdImprimir",   Symbol::Printer,  false, false},
-    {ZoomAction::Close,     "cmdFechar",     Symbol::Close,    false, true},
+constexpr std::array<ButtonRow, 13> kButtons = {{
+    {ZoomAction::Title,       "cmdInsTitulo",  Symbol::Title,       true,  false},
+    {ZoomAction::Legend,      "cmdInsLegenda", Symbol::Legend,      true,  false},
+    {ZoomAction::GridLines,   "cmdInsLinhas",  Symbol::Grid,        true,  false},
+    {ZoomAction::Range,       "cmdInsInterv",  Symbol::Range,       false, false},
+    {ZoomAction::Copy,        "cmdCopiar",     Symbol::Copy,        false, true},
+    {ZoomAction::Save,        "cmdSalvar",     Symbol::Diskette,    false, false},
+    {ZoomAction::Print,       "cmdImprimir",   Symbol::Printer,     false, false},
+    {ZoomAction::Preview,     "cmdVisualizar", Symbol::Preview,     false, false},
+    {ZoomAction::Publication, "cmdPublicacao", Symbol::Publication, true,  true},
+    {ZoomAction::Logarithm,   "cmdLogaritmo",  Symbol::Logarithm,   true,  false},
+    {ZoomAction::Residuals,   "cmdResiduos",   Symbol::Residuals,   true,  false},
+    {ZoomAction::Whole,       "cmdTudo",       Symbol::WholeChart,  false, false},
+    {ZoomAction::Close,       "cmdFechar",     Symbol::Close,       false, true},
 }};
 // clang-format on
 
@@ -50,10 +55,12 @@ QToolButton& ZoomButtons::Button(ZoomAction action) const {
   return *buttons_[static_cast<std::size_t>(action)];
 }
 
-void ZoomButtons::SetShown(bool title, bool legend, bool gridLines) {
-  Button(ZoomAction::Title).setChecked(title);
-  Button(ZoomAction::Legend).setChecked(legend);
-  Button(ZoomAction::GridLines).setChecked(gridLines);
+void ZoomButtons::SetShown(ZoomAction action, bool shown) {
+  Button(action).setChecked(shown);
+}
+
+void ZoomButtons::SetUsable(ZoomAction action, bool usable) {
+  Button(action).setEnabled(usable);
 }
 
 }  // namespace velmora

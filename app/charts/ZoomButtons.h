@@ -9,7 +9,21 @@ class QToolButton;
 
 namespace velmora {
 
-enum class ZoomAction : std::uint8_t { Title, Legend, GridLines, Range, Copy, Save, Print, Close };
+enum class ZoomAction : std::uint8_t {
+  Title,
+  Legend,
+  GridLines,
+  Range,
+  Copy,
+  Save,
+  Print,
+  Preview,
+  Publication,
+  Logarithm,
+  Residuals,
+  Whole,
+  Close,
+};
 
 class ZoomButtons : public QWidget {
   Q_OBJECT
@@ -17,8 +31,9 @@ class ZoomButtons : public QWidget {
  public:
   explicit ZoomButtons(QWidget* parent);
 
-  /// Shows which of the three that can be removed again are on the chart.
-  void SetShown(bool title, bool legend, bool gridLines);
+  /// Shows whether what the action brings is on the chart.
+  void SetShown(ZoomAction action, bool shown);
+  void SetUsable(ZoomAction action, bool usable);
 
  signals:
   void Wanted(velmora::ZoomAction action);
@@ -26,7 +41,7 @@ class ZoomButtons : public QWidget {
  private:
   QToolButton& Button(ZoomAction action) const;
 
-  std::array<QToolButton*, 8> buttons_{};  // by action
+  std::array<QToolButton*, 13> buttons_{};  // by action
 };
 
 }  // namespace velmora

@@ -2,9 +2,12 @@
 #pragma once
 
 #include <QDialog>
+#include <optional>
+#include <string>
 
 #include "app/widgets/Dialogs.h"
 #include "charts/AxisScaling.h"
+#include "charts/ChartContent.h"
 #include "session/Session.h"
 
 class QLineEdit;
@@ -17,24 +20,33 @@ class dlgIntervalos : public QDialog {
   Q_OBJECT
 
  public:
-  /// `measured` bounds what can be typed.
+  /// `measured` bounds what times can be typed. `variable` is the name of the upright axis, whose
+  /// `bounds` may be left to the data.
   dlgIntervalos(const Session& session, Dialogs& dialogs, const TimeInterval& measured,
-                const TimeInterval& shown, QWidget* parent = nullptr);
+                const TimeInterval& shown, const std::string& variable, const TypedInterval& bounds,
+                QWidget* parent = nullptr);
 
   /// The confirmed range.
   const TimeInterval& Interval() const { return interval_; }
+  /// The confirmed bounds of the upright axis; nothing where a box is empty.
+  const TypedInterval& Bounds() const { return bounds_; }
 
  private:
-  void Build();
+  void Build(const std::string& variable);
   void ShowInterval();
   void Confirm();
+  /// The bounds as typed; nothing where they are refused, which is told.
+  std::optional<TypedInterval> ReadBounds();
 
   const Session& session_;
   Dialogs& dialogs_;
   TimeInterval measured_;
   TimeInterval interval_;
+  TypedInterval bounds_;
   QLineEdit* txtMinT_ = nullptr;
   QLineEdit* txtMaxT_ = nullptr;
+  QLineEdit* txtMinV_ = nullptr;
+  QLineEdit* txtMaxV_ = nullptr;
 };
 
 }  // namespace velmora

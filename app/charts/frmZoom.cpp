@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QResizeEvent>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
@@ -26,6 +27,10 @@ constexpr int kDecimals = 4;  // of the coordinates
 
 constexpr QSize kUsualSize(900, 600);
 constexpr int kMargin = 8, kLegendMargin = 12;  // px
+constexpr int kAside = 32;                      // px, about a title bar
+
+// Of what is copied as a drawing: mm and pixels an inch.
+constexpr double kCopiedWidth = 160, kCopiedDpi = 300;
 constexpr int kCoordinateLetters = 14;
 
 // "Exp." is short for the word in both languages.
@@ -33,6 +38,25 @@ const QString kRowWord = QStringLiteral("Exp.");
 
 constexpr const char* kCannotBeSized =
     "Erro ao dimensionar imagem. Abra novamente a janela de Zoom.";
+
+TextId NameOf(PlotVariable variable) {
+  if (variable == PlotVariable::Cx) return TextId::CxVersusTime;
+  return variable == PlotVariable::Cp ? TextId::CpVersusTime : TextId::CsVersusTime;
+}
+
+/// Moves the window to the right of the one opened last, or below it, where the screen has room;
+/// else a little aside.
+void PutBesideOthers(frmZoom& window, const QWidget& owner) {
+  const frmZoom* last = nullptr;
+  for (const frmZoom* const other : owner.findChildren<frmZoom*>())
+    if (other != &window && other->isVisible()) last = other;
+  if (last == nullptr) return;
+  const QRect screen = window.screen()->availableGeometry(), beside = last->frameGeometry();
+  const QPoint aside = beside.topLeft() + QPoint(kAside, kAside);
+  for (const QPoint at : {QPoint(beside.right() + 1, beside.top()),
+                          QPoint(beside.left(), beside.bottom() + 1), aside})
+    if (screen.contains(QRect(at, window.size() + QSize(0, kAside)))) return window.move(at);
+}
 
 /// Where a legend stands in a chart that was resized: at the same share of the room around it.
 int SameShare(int at, int roomBefore, int room) {
@@ -48,12 +72,10 @@ frmZoom::frmZoom(const Session& session, Dialogs& dialogs, PlotVariable variable
       session_(session),
       dialogs_(dialogs),
       output_(dialogs, std::move(printers), this),
-      variable_(variable),
-      lists_(session.lists),
-      curves_(session.curves),
-      gridLines_(session.gridLines) {
+      chart_{variable, session.lists, session.curves} {
+  chart_.gridLines = session.gridLines;
+  chart_.published = chart_.legend = session.forPublication;
   setObjectName(QStringLiteral("frmZoom"));
-  setWindowTitle(QStringLiteral("Zoom"));
   BuildPanels();
   LayOut();
   Wire();
@@ -65,8 +87,9 @@ frmZoom::~frmZoom() = default;
 void frmZoom::BuildPanels() {
   buttons_ = new ZoomButtons(this);
   picZoom_ = Named<ChartView>("picZoom", this);
-  picZoom_->setAccessibleName(QString::fromStdString(PlotTitle(variable_)));
+  picZoom_->setAccessibleName(QString::fromStdString(PlotTitle(chart_.variable)));
   picZoom_->SetStyle({PointStyle::Markers, 1, 0});
+  picZoom_->SetNavigable(true);
   picZoom_->setCursor(Qt::CrossCursor);
   BuildLegend();
   picHidden_ = Named<QLabel>("picHidden", this);
@@ -74,7 +97,7 @@ void frmZoom::BuildPanels() {
   lblTempo_ = Named<QLabel>("lblTempo", this);
   lblX_ = Named<QLabel>("lblX", this);
   lblVariavel_ = Named<QLabel>("lblVariavel", this);
-  lblVariavel_->setText(QString::fromStdString(PlotTitle(variable_).substr(0, 2)) +
+  lblVariavel_->setText(QString::fromStdString(PlotTitle(chart_.variable).substr(0, 2)) +
                         QLatin1Char(':'));
   lblY_ = Named<QLabel>("lblY", this);
 }
@@ -84,7 +107,7 @@ void frmZoom::BuildLegend() {
   picLegenda_->Heading().setObjectName(QStringLiteral("lblLegenda"));
   picLegenda_->setCursor(Qt::SizeAllCursor);
   picLegenda_->SetRowWord(kRowWord);
-  picLegenda_->SetRows(LegendRows(lists_));
+  picLegenda_->SetRows(LegendRows(chart_.lists));
   picLegenda_->hide();
 }
 
@@ -108,12 +131,15 @@ void frmZoom::LayOut() {
   whole->addWidget(buttons_);
   whole->addWidget(picZoom_, 1);
   whole->addWidget(CoordinateRow());
-  resize(kUsualSize);
+  resize(FittingScreen(*this, kUsualSize));
 }
 
 void frmZoom::Wire() {
   connect(buttons_, &ZoomButtons::Wanted, this, &frmZoom::Do);
   connect(picZoom_, &ChartView::PointedAt, this, &frmZoom::ShowPoint);
+  connect(picZoom_, &ChartView::PartChosen, this, &frmZoom::ShowPart);
+  connect(picZoom_, &ChartView::Wheeled, this, &frmZoom::Wheel);
+  connect(picZoom_, &ChartView::EnlargementAsked, this, &frmZoom::ShowWhole);
   picZoom_->installEventFilter(this);
 }
 
@@ -122,17 +148,27 @@ void frmZoom::Do(ZoomAction action) {
     case ZoomAction::Title:
       return ToggleTitle();
     case ZoomAction::Legend:
-      return ToggleLegend();
+      return Toggle(&ZoomedChart::legend);
     case ZoomAction::GridLines:
-      return ToggleGridLines();
+      return Toggle(&ZoomedChart::gridLines);
     case ZoomAction::Range:
       return AskInterval();
     case ZoomAction::Copy:
       return CopyChart();
     case ZoomAction::Save:
-      return output_.Save(PictureOf(*picZoom_));
+      return output_.Save(Page(), PictureOf(*picZoom_), session_);
     case ZoomAction::Print:
       return output_.Print(Page());
+    case ZoomAction::Preview:
+      return output_.Preview(Page());
+    case ZoomAction::Publication:
+      return TogglePublication();
+    case ZoomAction::Logarithm:
+      return Toggle(&ZoomedChart::logarithmic);
+    case ZoomAction::Residuals:
+      return ToggleResiduals();
+    case ZoomAction::Whole:
+      return ShowWhole();
     case ZoomAction::Close:
       close();
   }
@@ -146,6 +182,7 @@ void frmZoom::ShowChart() {
 void frmZoom::changeEvent(QEvent* event) {
   QDialog::changeEvent(event);
   if (event->type() != QEvent::LanguageChange) return;
+  setWindowTitle(QStringLiteral("Zoom - ") + Caption(NameOf(chart_.variable), session_.language));
   picLegenda_->setAccessibleName(picLegenda_->Heading().text());
   picLegenda_->adjustSize();
   MoveLegend(picZoom_->size(), picZoom_->size());
@@ -163,55 +200,96 @@ bool frmZoom::Sized() const {
   return CanBeSized(picZoom_->Content());
 }
 
-void frmZoom::WithdrawCurves(const ExperimentLists& lists) {
-  for (std::size_t i = 0; i < std::min(curves_.size(), lists_.Experiments().size()); ++i)
-    if (!HoldsMeasurements(lists, lists_.Experiments()[i])) curves_[i] = {};
+void frmZoom::ShowSession() {
+  ZoomedChart now = chart_;
+  now.lists = session_.lists;
+  now.curves = session_.curves;
+  if (!CanBeSized(now.Content(session_.language, session_.separator))) return;
+  chart_ = std::move(now);
   Redraw();
 }
 
 void frmZoom::ToggleTitle() {
-  if (title_.empty()) {
+  if (chart_.title.empty()) {
     dlgTituloGrafico ask(session_, this);
-    if (ask.exec() == QDialog::Accepted) title_ = ask.Title().toStdString();
+    if (ask.exec() == QDialog::Accepted) chart_.title = ask.Title().toStdString();
   } else {
-    title_.clear();
+    chart_.title.clear();
   }
   Redraw();
 }
 
-void frmZoom::ToggleLegend() {
-  picLegenda_->setVisible(picLegenda_->isHidden());
-  if (!legendPlaced_) {
-    picLegenda_->adjustSize();
-    picLegenda_->move(picZoom_->width() - picLegenda_->width() - kLegendMargin, kLegendMargin);
-    legendPlaced_ = true;
-  }
-  MoveLegend(picZoom_->size(), picZoom_->size());
+void frmZoom::Toggle(bool ZoomedChart::*choice) {
+  chart_.*choice = !(chart_.*choice);
   Redraw();
 }
 
-void frmZoom::ToggleGridLines() {
-  gridLines_ = !gridLines_;
-  Redraw();
+/// A figure for publication has its legend from the beginning.
+void frmZoom::TogglePublication() {
+  chart_.legend = chart_.legend || !chart_.published;
+  Toggle(&ZoomedChart::published);
+}
+
+/// Residuals have another upright axis, which may be negative.
+void frmZoom::ToggleResiduals() {
+  chart_.bounds = {};
+  chart_.logarithmic = false;
+  Toggle(&ZoomedChart::residuals);
 }
 
 void frmZoom::AskInterval() {
-  const TimeInterval measured = MeasuredTimes(lists_);
-  dlgIntervalos ask(session_, dialogs_, measured, interval_.value_or(measured), this);
-  if (ask.exec() == QDialog::Accepted) PlotaExpIntervalos(ask.Interval());
+  const TimeInterval measured = MeasuredTimes(chart_.lists);
+  const TimeInterval shown = chart_.interval.value_or(measured);
+  dlgIntervalos ask(session_, dialogs_, measured,
+                    {std::max(shown.from, measured.from), std::min(shown.to, measured.to)},
+                    PlotTitle(chart_.variable), chart_.bounds, this);
+  if (ask.exec() == QDialog::Accepted) PlotaExpIntervalos(ask.Interval(), ask.Bounds());
 }
 
-void frmZoom::PlotaExpIntervalos(const TimeInterval& interval) {
-  interval_ = interval;
+void frmZoom::PlotaExpIntervalos(const TimeInterval& interval, const TypedInterval& bounds) {
+  chart_.interval = interval;
+  chart_.bounds = bounds;
   Redraw();
 }
 
+void frmZoom::ShowWhole() {
+  chart_.ShowWhole();
+  Redraw();
+}
+
+void frmZoom::ShowPart(const ShownPart& part) {
+  chart_.ShowPart(part.times, part.values);
+  Redraw();
+}
+
+void frmZoom::Wheel(const PlotPoint& point, double factor) {
+  const ShownPart shown = picZoom_->Shown();
+  ShowPart({Widened(shown.times, point.x, factor, false),
+            Widened(shown.values, point.y, factor, chart_.logarithmic)});
+}
+
 void frmZoom::Redraw() {
-  ChartContent content =
-      ContentOf(variable_, lists_, &curves_, gridLines_, session_.separator, interval_);
-  content.title = title_;
-  picZoom_->SetContent(std::move(content));
-  buttons_->SetShown(!title_.empty(), !picLegenda_->isHidden(), gridLines_);
+  picZoom_->SetContent(chart_.Content(session_.language, session_.separator));
+  ShowLegend();
+  const std::pair<ZoomAction, bool> shown[] = {
+      {ZoomAction::Title, !chart_.title.empty()},  {ZoomAction::Legend, chart_.legend},
+      {ZoomAction::GridLines, chart_.gridLines},   {ZoomAction::Publication, chart_.published},
+      {ZoomAction::Logarithm, chart_.logarithmic}, {ZoomAction::Residuals, chart_.residuals}};
+  for (const auto& [action, on] : shown) buttons_->SetShown(action, on);
+  buttons_->SetUsable(ZoomAction::Logarithm, !chart_.residuals);
+}
+
+/// A figure for publication holds its legend itself; on any other chart lies a box that can be
+/// dragged.
+void frmZoom::ShowLegend() {
+  picLegenda_->SetRows(LegendRows(chart_.lists));
+  picLegenda_->setVisible(chart_.legend && !chart_.published);
+  if (picLegenda_->isHidden()) return;
+  picLegenda_->adjustSize();
+  if (!legendPlaced_)
+    picLegenda_->move(picZoom_->width() - picLegenda_->width() - kLegendMargin, kLegendMargin);
+  legendPlaced_ = true;
+  MoveLegend(picZoom_->size(), picZoom_->size());
 }
 
 void frmZoom::ShowPoint(const PlotPoint& point) {
@@ -234,7 +312,7 @@ void frmZoom::MoveLegend(const QSize& from, const QSize& to) {
 void frmZoom::CopyChart() {
   const QImage picture = PictureOf(*picZoom_);
   picHidden_->setPixmap(QPixmap::fromImage(picture));
-  CopyPicture(picture);
+  CopyPicture(picture, FileOf(Page(), PictureFormat::Svg, kCopiedWidth, kCopiedDpi));
 }
 
 ChartPage frmZoom::Page() const {
@@ -243,7 +321,7 @@ ChartPage frmZoom::Page() const {
   page.proportion = static_cast<double>(picZoom_->width()) / std::max(1, picZoom_->height());
   page.legendHeading = picLegenda_->Heading().text();
   page.legendRowWord = kRowWord;
-  if (!picLegenda_->isHidden()) page.legend = LegendRows(lists_);
+  if (!picLegenda_->isHidden()) page.legend = LegendRows(chart_.lists);
   return page;
 }
 
@@ -259,6 +337,7 @@ void GraficoZoomSub(const Session& session, Dialogs& dialogs, QWidget* owner) {
     return;
   }
   window->setAttribute(Qt::WA_DeleteOnClose);
+  PutBesideOthers(*window, *owner);
   window.release()->show();
 }
 

@@ -3,24 +3,23 @@
 
 #include <QDialog>
 #include <memory>
-#include <optional>
 
 #include "app/charts/ChartExport.h"
+#include "app/charts/ChartView.h"
 #include "app/widgets/Dialogs.h"
-#include "charts/AxisScaling.h"
+#include "charts/ZoomedChart.h"
 #include "session/Session.h"
 
 class QLabel;
 
 namespace velmora {
 
-class ChartView;
 class LegendView;
 class ZoomButtons;
 enum class ZoomAction : std::uint8_t;
 
-/// Shows the chart of what the session held when the window was opened. Title, legend, grid lines
-/// and range of time are the window's own.
+/// Shows one chart of what the session holds. Title, legend, grid lines and what part of it is
+/// looked at, and how, are the window's own.
 class frmZoom : public QDialog {
   Q_OBJECT
 
@@ -32,9 +31,8 @@ class frmZoom : public QDialog {
 
   /// Whether there is a chart to show.
   bool Sized() const;
-  /// Takes away the curves of experiments that are not in `lists` as they were when the window was
-  /// opened.
-  void WithdrawCurves(const ExperimentLists& lists);
+  /// Shows what the session now holds; what it showed before where that has nothing to show.
+  void ShowSession();
 
  protected:
   void changeEvent(QEvent* event) override;
@@ -50,13 +48,18 @@ class frmZoom : public QDialog {
 
   void Do(ZoomAction action);
   void ToggleTitle();
-  void ToggleLegend();
-  void ToggleGridLines();
+  void TogglePublication();
+  void ToggleResiduals();
+  void Toggle(bool ZoomedChart::*choice);
   void AskInterval();
   void CopyChart();
 
-  void PlotaExpIntervalos(const TimeInterval& interval);
+  void PlotaExpIntervalos(const TimeInterval& interval, const TypedInterval& bounds);
+  void ShowWhole();
+  void ShowPart(const ShownPart& part);
+  void Wheel(const PlotPoint& point, double factor);
   void Redraw();
+  void ShowLegend();
   void ShowPoint(const PlotPoint& point);
   /// Keeps the legend at its share of the chart, inside it.
   void MoveLegend(const QSize& from, const QSize& to);
@@ -65,13 +68,8 @@ class frmZoom : public QDialog {
   const Session& session_;
   Dialogs& dialogs_;
   ChartExport output_;
-  PlotVariable variable_;
-  ExperimentLists lists_;
-  ModelCurves curves_;
-  bool gridLines_;
+  ZoomedChart chart_;
   bool legendPlaced_ = false;
-  std::optional<TimeInterval> interval_;
-  std::string title_;  // UTF-8
 
   ZoomButtons* buttons_ = nullptr;
   ChartView* picZoom_ = nullptr;

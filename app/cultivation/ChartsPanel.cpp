@@ -11,10 +11,10 @@ ChartsPanel::ChartsPanel(QWidget* parent)
   legend_->hide();
 }
 
-void ChartsPanel::Draw(const ExperimentLists& lists, const ModelCurves& curves, bool gridLines,
-                       char separator) {
-  SetContent(lists, curves, gridLines, separator);
-  legend_->SetRows(LegendRows(lists));
+void ChartsPanel::Draw(const ExperimentLists& lists, const ModelCurves& curves,
+                       const ChartLook& look) {
+  SetContent(lists, curves, look);
+  legend_->SetRows(LegendRows(lists, look.published));
 }
 
 void ChartsPanel::ToggleLegend() {

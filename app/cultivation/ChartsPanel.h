@@ -14,8 +14,7 @@ class ChartsPanel : public PlotsPanel {
   explicit ChartsPanel(QWidget* parent = nullptr);
 
   /// Draws the experiments and their curves.
-  void Draw(const ExperimentLists& lists, const ModelCurves& curves, bool gridLines,
-            char separator);
+  void Draw(const ExperimentLists& lists, const ModelCurves& curves, const ChartLook& look);
   /// Shows the legend, or hides it.
   void ToggleLegend();
 

@@ -255,7 +255,7 @@ void frmCultBatelada::StopRun() {
 // Plots, export and the conditions file.
 
 void frmCultBatelada::GraficoSub() {
-  charts_->Draw(session_.lists, session_.curves, session_.gridLines, session_.separator);
+  charts_->Draw(session_.lists, session_.curves, LookOf(session_));
 }
 
 void frmCultBatelada::LegendaSub() {

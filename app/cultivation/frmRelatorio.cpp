@@ -88,7 +88,7 @@ void frmRelatorio::LayOut() {
   whole->setSpacing(kMargin);
   whole->addWidget(RichTextBox1_, 1);
   whole->addLayout(buttons);
-  resize(kUsualSize);
+  resize(FittingScreen(*this, kUsualSize));
 }
 
 void frmRelatorio::Wire() {

@@ -346,8 +346,8 @@ void frmMsFlexGrid::ShowLists() {
 }
 
 void frmMsFlexGrid::Redraw() {
-  plots_->SetContent(session_.lists, session_.curves, session_.gridLines, session_.separator);
-  legend_->SetRows(LegendRows(session_.lists));
+  plots_->SetContent(session_.lists, session_.curves, LookOf(session_));
+  legend_->SetRows(LegendRows(session_.lists, session_.forPublication));
   actions_->SetShown(session_.gridLines, !legend_->isHidden());
 }
 

@@ -10,6 +10,7 @@
 #include <QMenu>
 #include <QScreen>
 
+#include "app/charts/PlotsPanel.h"
 #include "app/charts/frmZoom.h"
 #include "app/cultivation/frmCultBatelada.h"
 #include "app/experiments/frmMsFlexGrid.h"
@@ -94,6 +95,7 @@ void MDIForm1::Wire() {
                                    {"mnuLegenda", &MDIForm1::ToggleLegend},
                                    {"mnuLeg", &MDIForm1::ToggleLegend},
                                    {"mnuLinhaGrade", &MDIForm1::ToggleGridLines},
+                                   {"mnuPublicacao", &MDIForm1::TogglePublication},
                                    {"mnuBatelada", &MDIForm1::ShowCultivation},
                                    {"mnuParED", &MDIForm1::ShowSettings},
                                    {"mnuSobre", &MDIForm1::ShowAbout},
@@ -151,6 +153,10 @@ void MDIForm1::LoadChildren() {
   connect(cultivation_, &frmCultBatelada::RunningChanged, this, &MDIForm1::RefreshMenus);
   connect(cultivation_, &frmCultBatelada::BackToExperiments, this, &MDIForm1::ShowExperiments);
   connect(cultivation_, &frmCultBatelada::ChartMenu, this, &MDIForm1::ShowChartMenu);
+  for (QWidget* const window :
+       {static_cast<QWidget*>(experiments_), static_cast<QWidget*>(cultivation_)})
+    for (const PlotsPanel* const plots : window->findChildren<PlotsPanel*>())
+      connect(plots, &PlotsPanel::EnlargementAsked, this, &MDIForm1::Enlarge);
   ShowExperiments();
   RefreshMenus();
 }
@@ -249,6 +255,11 @@ void MDIForm1::ExportCurves() {
   cultivation_->ExportarDados();
 }
 
+void MDIForm1::Enlarge(const QString& chart) {
+  session_.clickedChart = chart.toStdString();
+  if (!session_.lists.Empty()) OpenZoom();
+}
+
 void MDIForm1::OpenZoom() {
   GraficoZoomSub(session_, dialogs_, this);
 }
@@ -275,6 +286,13 @@ void MDIForm1::ToggleGridLines() {
   if (!CultivationActive()) experiments_->GraficoSub();
 }
 
+void MDIForm1::TogglePublication() {
+  const Change change = velmora::TogglePublication(session_);
+  cultivation_->Show(change);
+  experiments_->Show(change);
+  Show(change);
+}
+
 void MDIForm1::Show(const Change& change) {
   // Curves and results come of what is stored, and go and come back with it.
   if (change.lists || change.conditions)
@@ -282,15 +300,15 @@ void MDIForm1::Show(const Change& change) {
   else
     history_->Amend();
   RefreshMenus();
-  if (!change.lists) return;
-  for (frmZoom* const enlarged : findChildren<frmZoom*>()) enlarged->WithdrawCurves(session_.lists);
+  if (!change.lists && !change.curves) return;
+  for (frmZoom* const enlarged : findChildren<frmZoom*>()) enlarged->ShowSession();
 }
 
 void MDIForm1::ShowRestored(const Change& change) {
   experiments_->ShowRestored();
   cultivation_->Show(change);
   RefreshMenus();
-  for (frmZoom* const enlarged : findChildren<frmZoom*>()) enlarged->WithdrawCurves(session_.lists);
+  for (frmZoom* const enlarged : findChildren<frmZoom*>()) enlarged->ShowSession();
 }
 
 void MDIForm1::Undo() {
@@ -392,6 +410,7 @@ void MDIForm1::RefreshMenus() {
   for (const auto& [item, on] : enabled) menu_->Item(item).setEnabled(on);
   experiments_->setEnabled(idle);
   menu_->Item("mnuLinhaGrade").setChecked(session_.gridLines);
+  menu_->Item("mnuPublicacao").setChecked(session_.forPublication);
   menu_->Item("mnuPort").setChecked(session_.language == Language::Portuguese);
   menu_->Item("mnuIngles").setChecked(session_.language == Language::English);
   ShowUnsaved();

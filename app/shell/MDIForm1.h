@@ -73,9 +73,11 @@ class MDIForm1 : public QMainWindow {
   void EditCells(void (frmMsFlexGrid::*edit)());
 
   void OpenZoom();
+  void Enlarge(const QString& chart);
   void CopyChart();
   void ToggleLegend();
   void ToggleGridLines();
+  void TogglePublication();
   void ShowChartMenu(const QString& chart, const QPoint& globalPosition);
 
   void ShowSettings();

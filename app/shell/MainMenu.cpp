@@ -27,7 +27,8 @@ constexpr std::int16_t NumberOf(TextId id) {
 }
 constexpr std::int16_t kEditMenu = NumberOf(TextId::EditMenu), kUndo = NumberOf(TextId::Undo),
                        kRedo = NumberOf(TextId::Redo), kCut = NumberOf(TextId::Cut),
-                       kPaste = NumberOf(TextId::Paste), kClear = NumberOf(TextId::ClearCells);
+                       kPaste = NumberOf(TextId::Paste), kClear = NumberOf(TextId::ClearCells),
+                       kForPublication = NumberOf(TextId::ForPublication);
 
 // The fed-batch items, the text menu and `mnuCopiarFig` have no routine: they stay hidden.
 // clang-format off
@@ -67,6 +68,7 @@ constexpr auto kMenu = std::to_array<MenuItem>({
     {"mnuCopiarFig",     "mnuEditar",      123, "",            Hidden,    "Ctrl+C"},
     {"mnuLeg",           "mnuEditar",      152, "",            Enabled,   "Ctrl+L"},
     {"mnuLinhaGrade",    "mnuEditar",      157, "",            Checked,   "Ctrl+G"},
+    {"mnuPublicacao",    "mnuEditar",      kForPublication, "", Unchecked, nullptr},
     {"mnuCultivo",       nullptr,          137, "",            Enabled,   nullptr},
     {"mnuBatelada",      "mnuCultivo",     111, "",            Enabled,   "Ctrl+B"},
     {"mnuBateladaAli",   "mnuCultivo",     112, "",            Hidden,    "Ctrl+A"},

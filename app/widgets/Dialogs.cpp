@@ -114,6 +114,10 @@ QString Dialogs::SaveFile(QWidget* owner, const QString& filter, const QString& 
     dialog.setDirectory(QFileInfo(offered).path());
     dialog.selectFile(offered);
   }
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                   [&dialog](const QString& chosen) {
+                     dialog.setDefaultSuffix(chosen.section(QStringLiteral("*."), 1).chopped(1));
+                   });
   return ChosenFile(dialog, session_.language, TextId::Save);
 }
 

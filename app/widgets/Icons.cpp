@@ -135,6 +135,53 @@ void Copy(QPainter& p) {
   p.drawPolyline(QPolygonF({{11.5, 18}, {14, 14}, {15.5, 15.5}, {18, 11}}));
 }
 
+/// A printed page with a chart.
+void Publication(QPainter& p) {
+  p.setBrush(Qt::white);
+  p.drawRect(QRectF(4.5, 3, 15, 18));
+  p.drawPolyline(QPolygonF({{7.5, 6}, {7.5, 13}, {17, 13}}));
+  p.setPen(QPen(kBlue, kPen));
+  p.drawPolyline(QPolygonF({{9, 11.5}, {12, 10}, {16, 6.5}}));
+  p.setPen(QPen(Qt::gray, kPen));
+  for (const double y : {16.0, 18.5}) p.drawLine(QLineF(7.5, y, 16.5, y));
+}
+
+/// Grid lines that move together upwards.
+void Logarithm(QPainter& p) {
+  Axes(p);
+  p.setPen(QPen(kBlue, kPen));
+  for (const double y : {14.5, 10.5, 7.5, 5.5, 4.0}) p.drawLine(QLineF(4, y, 20, y));
+}
+
+/// Points about a level line.
+void Residuals(QPainter& p) {
+  p.drawLine(QLineF(4, 3, 4, 21));
+  p.drawLine(QLineF(4, 12, 21, 12));
+  p.setPen(Qt::NoPen);
+  p.setBrush(kRed);
+  for (const QPointF point :
+       {QPointF(8, 8), QPointF(12, 15.5), QPointF(15.5, 9.5), QPointF(19, 14)})
+    p.drawEllipse(point, 1.7, 1.7);
+}
+
+/// A frame that reaches out to its corners.
+void WholeChart(QPainter& p) {
+  p.setPen(QPen(kBlue, kPen));
+  p.drawPolyline(QPolygonF({{4, 9}, {4, 4}, {9, 4}}));
+  p.drawPolyline(QPolygonF({{15, 4}, {20, 4}, {20, 9}}));
+  p.drawPolyline(QPolygonF({{20, 15}, {20, 20}, {15, 20}}));
+  p.drawPolyline(QPolygonF({{9, 20}, {4, 20}, {4, 15}}));
+}
+
+/// A page below a magnifying glass.
+void Preview(QPainter& p) {
+  p.setBrush(Qt::white);
+  p.drawRect(QRectF(4, 3, 12, 16));
+  p.setPen(QPen(kBlue, 2));
+  p.drawEllipse(QPointF(14, 13), 4.5, 4.5);
+  p.drawLine(QLineF(17.3, 16.3, 21, 20));
+}
+
 void Printer(QPainter& p) {
   p.setBrush(Qt::white);
   p.drawRect(QRectF(7, 3, 10, 7));
@@ -242,11 +289,12 @@ void Report(QPainter& p) {
 
 // In the order of Symbol.
 constexpr void (*kDrawings[])(QPainter&) = {
-    large::NewSheet, large::Diskette, large::Eraser,   large::GrowthCurve, large::Grid,
-    large::Legend,   large::Bin,      large::NextStep, large::Title,       large::Range,
-    large::Copy,     large::Printer,  large::Close,    small::Back,        small::Previous,
-    small::Next,     small::Unlock,   small::Confirm,  small::Save,        small::Start,
-    small::Stop,     small::Clear,    small::Initial,  small::Forward,     small::Report};
+    large::NewSheet,  large::Diskette,   large::Eraser,   large::GrowthCurve, large::Grid,
+    large::Legend,    large::Bin,        large::NextStep, large::Title,       large::Range,
+    large::Copy,      large::Printer,    large::Close,    large::Publication, large::Logarithm,
+    large::Residuals, large::WholeChart, large::Preview,  small::Back,        small::Previous,
+    small::Next,      small::Unlock,     small::Confirm,  small::Save,        small::Start,
+    small::Stop,      small::Clear,      small::Initial,  small::Forward,     small::Report};
 static_assert(std::size(kDrawings) == static_cast<std::size_t>(Symbol::Report) + 1);
 
 constexpr double kPixelsOfAUnit = 4;

@@ -23,6 +23,11 @@ enum class Symbol : std::uint8_t {
   Copy,
   Printer,
   Close,
+  Publication,
+  Logarithm,
+  Residuals,
+  WholeChart,
+  Preview,
   // The cultivation window.
   Back,      // to the experiments window
   Previous,  // experiment

@@ -19,6 +19,11 @@ struct CaptionRow {
   std::int16_t id;  // of the text
 };
 
+/// Texts that are known by name alone.
+constexpr std::int16_t IdOf(TextId text) {
+  return static_cast<std::int16_t>(text);
+}
+
 // clang-format off
 constexpr auto kCaptions = std::to_array<CaptionRow>({
     {"frmSplash", "lblEscolher", Text, 192},
@@ -37,6 +42,16 @@ constexpr auto kCaptions = std::to_array<CaptionRow>({
     {"dlgIntervalos", "CancelButton", Text, 408},
     {"dlgIntervalos", "txtMinT", Name, 162},
     {"dlgIntervalos", "txtMaxT", Name, 160},
+
+    {"dlgIntervalos", "txtMinV", Name, IdOf(TextId::LowerBound)},
+    {"dlgIntervalos", "txtMaxV", Name, IdOf(TextId::UpperBound)},
+
+    {"dlgTamanhoFigura", "", Title, IdOf(TextId::PictureSize)},
+    {"dlgTamanhoFigura", "lblLargura", Text, IdOf(TextId::PictureWidth)},
+    {"dlgTamanhoFigura", "lblResolucao", Text, IdOf(TextId::PictureResolution)},
+    {"dlgTamanhoFigura", "txtLargura", Name, IdOf(TextId::PictureWidth)},
+    {"dlgTamanhoFigura", "txtResolucao", Name, IdOf(TextId::PictureResolution)},
+    {"dlgTamanhoFigura", "CancelButton", Text, 408},
 
     {"dlgTituloGrafico", "", Title, 150},
     {"dlgTituloGrafico", "frameNomeGraf", Text, 168},
@@ -178,6 +193,11 @@ constexpr auto kCaptions = std::to_array<CaptionRow>({
     {"frmZoom", "cmdSalvar", ToolTip, 427},
     {"frmZoom", "cmdImprimir", ToolTip, 415},
     {"frmZoom", "cmdFechar", ToolTip, 414},
+    {"frmZoom", "cmdPublicacao", ToolTip, IdOf(TextId::ForPublication)},
+    {"frmZoom", "cmdLogaritmo", ToolTip, IdOf(TextId::LogarithmicScale)},
+    {"frmZoom", "cmdResiduos", ToolTip, IdOf(TextId::ShowResiduals)},
+    {"frmZoom", "cmdTudo", ToolTip, IdOf(TextId::WholeChart)},
+    {"frmZoom", "cmdVisualizar", ToolTip, IdOf(TextId::PrintPreview)},
 });
 // clang-format on
 

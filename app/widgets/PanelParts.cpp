@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -37,6 +38,11 @@ QToolButton* NewFlatButton(const char* name, Symbol symbol, QWidget* parent) {
   button->setIconSize(QSize(kFlatIcon, kFlatIcon));
   button->setAutoRaise(true);
   return button;
+}
+
+QSize FittingScreen(const QWidget& window, const QSize& wanted) {
+  constexpr QSize kFrame(16, 64);  // px, of a window: its borders and its title bar
+  return wanted.boundedTo(window.screen()->availableSize() - kFrame);
 }
 
 void Tighten(QLayout& layout) {

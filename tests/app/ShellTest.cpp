@@ -8,6 +8,7 @@
 #include <QRadioButton>
 
 #include "app/charts/ChartView.h"
+#include "app/charts/frmZoom.h"
 #include "app/cultivation/frmCultBatelada.h"
 #include "app/experiments/frmMsFlexGrid.h"
 #include "app/shell/HelpDocument.h"
@@ -106,7 +107,7 @@ TEST_F(Shell, StartsWithItsMenusInBothLanguages) {
         "Export{ Data (Clipboard)-Ctrl+D } --- ExitCtrl+S } "
         "Popup Menu#{ Zoom Copy Legend } &Editar#{ DesfazerCtrl+Z } "
         "&Edit{ &Undo-Ctrl+Z &Redo-Ctrl+Y --- Cu&t Copy &Paste C&lear } "
-        "Edit &graphic-{ Copy#Ctrl+C LegendCtrl+L Grid linesxCtrl+G } "
+        "Edit &graphic-{ Copy#Ctrl+C LegendCtrl+L Grid linesxCtrl+G For publicationo } "
         "Choo&se cultivation{ BatchCtrl+B Fed batch#Ctrl+A } Fitting &method{ EstimateCtrl+M } "
         "Language{ PortugueseoCtrl+P EnglishxCtrl+E } &Help{ About ... Help Topics } ");
     Press(Qt::Key_P);
@@ -289,13 +290,13 @@ TEST_F(Shell, WithdrawsTheCurveOfADeletedOrChangedExperimentEverywhere) {
   QTest::keyClicks(place, QStringLiteral("1"));
   QTest::keyClick(place, Qt::Key_Return);
   ASSERT_EQ(session.lists.Count(), 2);
-  EXPECT_EQ(curves(enlarged, "picZoom"), (std::vector{false, true, true}));
+  EXPECT_EQ(curves(enlarged, "picZoom"), (std::vector{true, true}));
 
   auto* const finalTime = Child<QLineEdit>(Experiments(), "txtTFinal");
   QTest::keyClicks(finalTime, QStringLiteral("6"));
   dialogs.answers = {Answer::Yes, Answer::Ok};
   test::Click(Experiments(), "cmdSalvar");
-  EXPECT_EQ(curves(enlarged, "picZoom"), (std::vector{false, false, true}));
+  EXPECT_EQ(curves(enlarged, "picZoom"), (std::vector{false, true}));
   for (QWidget* const window :
        {static_cast<QWidget*>(&Experiments()), static_cast<QWidget*>(&Cultivation())})
     EXPECT_EQ(curves(window, "picCs"), (std::vector{false, true}));
@@ -312,6 +313,15 @@ TEST_F(Shell, TogglesGridLinesAndServesTheClickedChart) {
     EXPECT_EQ(session.gridLines, shown);
     EXPECT_EQ(Item("mnuLinhaGrade").isChecked(), shown);
   }
+  for (const bool published : {true, false}) {
+    Item("mnuPublicacao").trigger();
+    EXPECT_EQ(Item("mnuPublicacao").isChecked(), published);
+    const auto* const small = Experiments().findChild<ChartView*>(QStringLiteral("picCs"));
+    EXPECT_EQ(small->Content().figure.has_value(), published);
+  }
+  QTest::mouseDClick(Experiments().findChild<ChartView*>(QStringLiteral("picCs")), Qt::LeftButton);
+  ASSERT_EQ(frame->findChildren<frmZoom*>().size(), 1);
+  frame->findChild<frmZoom*>()->close();
   emit Experiments().ChartMenu(QStringLiteral("picCs"), QPoint(200, 200));
   auto* const popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
   ASSERT_TRUE(popup != nullptr && popup->objectName() == QStringLiteral("mnuPopup"));

@@ -1,8 +1,10 @@
 // The enlarged chart and its dialogs, by keys and mouse; pictures read at computed points.
 #include <QImage>
+#include <QMimeData>
 #include <QPainter>
 #include <QPrinter>
 #include <QToolButton>
+#include <QWheelEvent>
 
 #include "app/charts/ChartView.h"
 #include "app/charts/frmZoom.h"
@@ -22,6 +24,11 @@ struct FileDesk : PrintDesk {
   bool Choose(QPrinter& printer, QWidget*) override {
     printer.setOutputFileName(file);
     return true;
+  }
+  void Preview(QPrinter& printer, QWidget*, const std::function<void(QPrinter*)>& paint) override {
+    printer.setOutputFormat(QPrinter::PdfFormat);
+    printer.setOutputFileName(file);
+    paint(&printer);
   }
   QString file;
 };
@@ -61,6 +68,8 @@ class Zoom : public testing::Test {
       ASSERT_TRUE(dialog != nullptr && QTest::qWaitForWindowActive(dialog));
       for (const QString& text : texts) {
         if (&text != &texts.front()) QTest::keyClick(dialog->focusWidget(), Qt::Key_Tab);
+        // A window that is only becoming active selects no text at Tab.
+        if (auto* const box = qobject_cast<QLineEdit*>(dialog->focusWidget())) box->selectAll();
         QTest::keyClicks(dialog->focusWidget(), text);
       }
       QTest::keyClick(dialog->focusWidget(), key);
@@ -112,10 +121,11 @@ TEST_F(Zoom, LegendIsDraggedAndCopiedAsShown) {
   QWidget* const swatch = Child("Image2(1)");
   const QPoint at = swatch->mapTo(&Chart(), swatch->rect().center());
   EXPECT_EQ(Copied().pixelColor(at), QColor(Qt::red));
+  const QSize usual = window->size();
   window->resize(420, 320);
   QTest::qWait(0);
   EXPECT_TRUE(Chart().rect().contains(legend->geometry()));
-  window->resize(900, 600);
+  window->resize(usual);
   Click("cmdInsLegenda");
   EXPECT_EQ(Copied(), bare);
 }
@@ -178,7 +188,7 @@ TEST_F(Zoom, CoordinatesFollowThePressedLeftButtonOnly) {
 TEST_F(Zoom, SavesABitmapOrSaysWhyNot) {
   dialogs.files = {QString(), u""_qs, Path(" .bmp"), Path("missing/chart.bmp"), Path("chart.bmp")};
   Click("cmdSalvar");
-  EXPECT_EQ(dialogs.filters.front(), u"Arquivos Textos (*.bmp)"_qs);
+  EXPECT_TRUE(dialogs.filters.front().startsWith(u"Arquivos Textos (*.bmp);;"_qs));
   EXPECT_TRUE(dialogs.shown.empty()) << "cancelled";
   Click("cmdSalvar");
   Click("cmdSalvar");
@@ -197,6 +207,81 @@ TEST_F(Zoom, SavesABitmapOrSaysWhyNot) {
   EXPECT_EQ(saved.pixelColor(Place(10, 20) + QPoint(4, 0)), QColor(Qt::red));
 }
 
+/// The end of the name tells the format; the size is asked for, and its usual values are taken.
+TEST_F(Zoom, SavesDrawingsAndSharpPictures) {
+  dialogs.files = {Path("chart.gif"), Path("chart.svg"), Path("chart.PDF"), Path("chart.png")};
+  Click("cmdSalvar");
+  EXPECT_TRUE(dialogs.LastText().starts_with("The end of the name tells"));
+  EXPECT_EQ(folder.Entries(), 0);
+  Click("cmdPublicacao");
+  for (int file = 0; file < 3; ++file) FillIn("cmdSalvar", {u""_qs});
+  EXPECT_NE(BytesOf(folder / "chart.svg").find("<svg"), std::string::npos);
+  EXPECT_TRUE(BytesOf(folder / "chart.PDF").starts_with("%PDF"));
+  const QImage saved(Path("chart.png"));
+  EXPECT_EQ(saved.width(), 1890) << "160 mm at 300 dpi";
+  EXPECT_EQ(saved.dotsPerMeterX(), 11811);
+  Click("cmdCopiar");
+  const QMimeData* const copied = QApplication::clipboard()->mimeData();
+  EXPECT_TRUE(copied->hasImage());
+  EXPECT_TRUE(copied->data(u"image/svg+xml"_qs).contains("<svg"));
+}
+
+/// Blue and red are yielded to inks that show on white, with which the legend agrees.
+TEST_F(Zoom, DrawsForPublicationAtTheSwitchOnly) {
+  EXPECT_EQ(Copied().pixelColor(Place(2, 60)), QColor(Qt::blue));
+  Click("cmdPublicacao");
+  ASSERT_TRUE(Chart().Content().figure);
+  EXPECT_TRUE(Chart().Content().figure->legend);
+  EXPECT_EQ(Copied().pixelColor(Chart().PlaceOf({2, 60}).toPoint()), QColor(0x25, 0x37, 0xD7));
+  EXPECT_TRUE(Child("picLegenda")->isHidden()) << "the figure holds its legend itself";
+  Click("cmdPublicacao");
+  EXPECT_FALSE(Chart().Content().figure);
+  EXPECT_FALSE(Child("picLegenda")->isHidden());
+}
+
+TEST_F(Zoom, PartsAreChosenByRectangleWheelAndNumbers) {
+  const QImage whole = Copied();
+  QTest::mousePress(&Chart(), Qt::LeftButton, {}, Place(3, 20));
+  QTest::mouseMove(&Chart(), Place(6, 40));
+  QTest::mouseRelease(&Chart(), Qt::LeftButton, {}, Place(6, 40));
+  ASSERT_TRUE(Chart().Content().figure);
+  const ShownPart part = Chart().Shown();
+  EXPECT_NEAR(part.times.from, 3, 0.1);
+  EXPECT_NEAR(part.values.to, 40, 0.5);
+  const QPointF at = Chart().PlaceOf({4, 30});
+  QWheelEvent towards(at, Chart().mapToGlobal(at), {}, {0, 120}, Qt::NoButton, {},
+                      Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&Chart(), &towards);
+  EXPECT_NEAR(Chart().PlaceOf({4, 30}).x(), at.x(), 1) << "what is under the mouse stays there";
+  EXPECT_NEAR(Chart().Shown().times.to - Chart().Shown().times.from, 3 / 1.25, 0.1);
+  Click("cmdTudo");
+  EXPECT_EQ(Copied(), whole);
+  FillIn("cmdInsInterv", {u"2"_qs, u"10"_qs, u"50"_qs, u"10"_qs});
+  EXPECT_TRUE(dialogs.LastText().starts_with("The lower bound must be less")) << dialogs.LastText();
+  FillIn("cmdInsInterv", {u"2"_qs, u"10"_qs, u"-5"_qs, u"70"_qs});
+  EXPECT_EQ(Chart().Shown().values, (ValueRange{-5, 70}));
+  QTest::mouseDClick(&Chart(), Qt::LeftButton, {}, Place(6, 40));
+  EXPECT_EQ(Copied(), whole);
+}
+
+TEST_F(Zoom, FollowsTheSessionInOtherViews) {
+  session.curves[0].points = kModelPoints;
+  for (std::size_t k = 0; k < 100; ++k)
+    session.curves[0].time[k] = 2 + 6 * static_cast<double>(k) / 99, session.curves[0].Cs[k] = 40;
+  window->ShowSession();
+  Click("cmdResiduos");
+  ASSERT_EQ(Chart().Content().figure->series[0].points.size(), 2U);
+  EXPECT_NEAR(Chart().Content().figure->series[0].points[0].y, 20, 1e-9);
+  EXPECT_FALSE(Child("cmdLogaritmo")->isEnabled());
+  Click("cmdResiduos");
+  Click("cmdLogaritmo");
+  EXPECT_TRUE(Chart().Content().figure->y.logarithmic);
+  EXPECT_EQ(window->windowTitle(), u"Zoom - Cs versus time"_qs);
+  session.lists.Clear();
+  window->ShowSession();
+  EXPECT_EQ(Chart().Content().experiments.size(), 2U) << "there is nothing else to show";
+}
+
 TEST_F(Zoom, PrintsOrOffersAPdf) {
   dialogs.answers = {Answer::No, Answer::Yes};
   Click("cmdImprimir");
@@ -207,6 +292,9 @@ TEST_F(Zoom, PrintsOrOffersAPdf) {
   Open(Path("printed.pdf"));
   Click("cmdImprimir");
   EXPECT_TRUE(BytesOf(folder / "printed.pdf").starts_with("%PDF"));
+  Open(Path("preview.pdf"));
+  Click("cmdVisualizar");
+  EXPECT_TRUE(BytesOf(folder / "preview.pdf").starts_with("%PDF"));
   EXPECT_EQ(dialogs.shown.size(), 2U) << "a printed page needs no message";
   Open(Path("missing/printed.pdf"));
   dialogs.answers = {Answer::No};
@@ -232,8 +320,9 @@ TEST_F(Zoom, PageKeepsProportionsWithTheLegendBelow) {
 
 TEST_F(Zoom, KeysLeadThroughItAndLanguagesChangeIt) {
   Child("cmdInsTitulo")->setFocus();
-  for (const char* next : {"cmdInsLegenda", "cmdInsLinhas", "cmdInsInterv", "cmdCopiar",
-                           "cmdSalvar", "cmdImprimir", "cmdFechar"}) {
+  for (const char* next :
+       {"cmdInsLegenda", "cmdInsLinhas", "cmdInsInterv", "cmdCopiar", "cmdSalvar", "cmdImprimir",
+        "cmdVisualizar", "cmdPublicacao", "cmdLogaritmo", "cmdResiduos", "cmdTudo", "cmdFechar"}) {
     QTest::keyClick(window->focusWidget(), Qt::Key_Tab);
     EXPECT_EQ(window->focusWidget()->objectName(), QString::fromUtf8(next));
   }
