@@ -4,6 +4,7 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <algorithm>
 
 #include "cli/Assignments.h"
 #include "cli/Description.h"
@@ -71,9 +72,12 @@ constexpr const char* kImportFooter = R"text(
 A header line names the columns: experiment, t, Cs, Cx, Cp, in any order, with units or
 without (t_h, "Cs (g/L)"); where these are missing, names such as time, biomass, glucose,
 ethanol, tempo, células, substrato, produto, batch, run and ensaio do as well. Other
-columns are ignored, and so are lines that begin with #. Titles above the header and
-remarks below the data are left out and told.
-Cells are separated by commas, semicolons or tabs, or by what a first line "sep=;" says.
+columns are ignored, and so are lines that begin with #. Without an experiment column each
+block with a header of its own, below others or beside them, is an experiment, with the
+title above it for its label; of several files each is one. Titles above the header and
+remarks below the data are left out and told. Rows stay in their order; times out of order are told.
+Of an Excel workbook (.xlsx) the first sheet is read, or the one of --sheet; its numbers
+need no mark, and dates are refused. Cells of a text are separated by commas, semicolons or tabs, or by what a first line "sep=;" says.
 The text is UTF-8, UTF-16 with its mark, or Windows-1252. A cell that is empty, NA or no
 number is an error, never 0; --missing drops the rows that lack Cs, Cx or Cp, or puts the
 value there that lies on the straight line between its neighbours in time, and tells each.
@@ -91,7 +95,7 @@ Examples:
 
 // Before and behind the names of --set.
 constexpr const char* kConditionsFooter = R"text(
-The initial values are those of each experiment's first point and T is its final time,
+The initial values are those of each experiment's earliest point and T is its final time,
 unless set. NAME for --set is one of
   )text";
 constexpr const char* kConditionsRules = R"text(
@@ -118,6 +122,8 @@ std::string InputsFooter() {
 /// All options of the command line, filled by the parser.
 struct Options {
   std::string language = "en";
+  double limit = 64;  // MB
+  GeneralOptions general;
   SimulateOptions simulate;
   ScoreOptions score;
   FitOptions fit;
@@ -148,7 +154,15 @@ void AddFitted(CLI::App& command, std::vector<std::string>& fit) {
 }
 
 void AddOutput(CLI::App& command, std::string& output) {
-  command.add_option("-o,--output", output, "file to write")->required()->type_name("FILE.abr");
+  command.add_option("-o,--output", output, "file to write, - for standard output")
+      ->required()
+      ->type_name("FILE.abr");
+}
+
+/// For what a command prints.
+void AddPrinted(CLI::App& command, GeneralOptions& general) {
+  command.add_option("-o,--output", general.output, "file to write instead of printing")
+      ->type_name("FILE");
 }
 
 void AddExperiments(CLI::App& command, std::string& experiments) {
@@ -179,7 +193,7 @@ CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, InputOp
   return command;
 }
 
-void AddFit(CLI::App& app, FitOptions& fit) {
+void AddFit(CLI::App& app, FitOptions& fit, GeneralOptions& general) {
   CLI::App& command =
       AddCommand(app, "fit", "fit the parameters and print their deviations", fit.inputs);
   AddFitted(command, fit.inputs.fit);
@@ -202,11 +216,12 @@ void AddFit(CLI::App& app, FitOptions& fit) {
       ->type_name("NUMBER");
   command.add_flag("--progress", fit.progress, "print the results after every generation or start");
   AddJson(command, fit.json);
+  AddPrinted(command, general);
   AddReport(command, fit.report);
   command.footer(kFitFooter + InputsFooter());
 }
 
-void AddCompare(CLI::App& app, CompareOptions& compare) {
+void AddCompare(CLI::App& app, CompareOptions& compare, GeneralOptions& general) {
   CLI::App& command =
       AddFilesCommand(app, "compare", "fit all models and rank them", compare.inputs);
   command.add_option("--models", compare.models, "models to compare (default all)")
@@ -214,6 +229,7 @@ void AddCompare(CLI::App& app, CompareOptions& compare) {
   const SettingOption& seed = kSettingOptions[kSeedOption];
   command.add_option(seed.option, compare.seed, seed.help)->type_name("NUMBER");
   AddJson(command, compare.json);
+  AddPrinted(command, general);
   AddReport(command, compare.report);
   command.footer(kCompareFooter);
 }
@@ -246,19 +262,29 @@ void AddChart(CLI::App& app, ChartOptions& chart) {
 }
 
 void AddSimulations(CLI::App& app, Options& options) {
-  AddJson(AddCommand(app, "simulate", "integrate every experiment", options.simulate.inputs),
-          options.simulate.json);
-  AddJson(AddCommand(app, "score", "sum of squared errors at given values", options.score.inputs),
-          options.score.json);
-  AddCommand(app, "export", "computed curves as tab-separated text", options.exported.inputs);
+  CLI::App& simulate =
+      AddCommand(app, "simulate", "integrate every experiment", options.simulate.inputs);
+  AddJson(simulate, options.simulate.json);
+  AddPrinted(simulate, options.general);
+  CLI::App& score =
+      AddCommand(app, "score", "sum of squared errors at given values", options.score.inputs);
+  AddJson(score, options.score.json);
+  AddPrinted(score, options.general);
+  AddPrinted(
+      AddCommand(app, "export", "computed curves as tab-separated text", options.exported.inputs),
+      options.general);
 }
 
 void AddImport(CLI::App& app, ImportOptions& import) {
-  CLI::App* command = app.add_subcommand("import", "make an experiment file from a CSV table");
-  command->add_option("TABLE", import.table, "table")->required()->type_name("FILE.csv");
+  CLI::App* command = app.add_subcommand("import", "make an experiment file from tables");
+  command->add_option("TABLE", import.tables, "tables, text (CSV) or Excel workbooks (.xlsx)")
+      ->required()
+      ->type_name("FILE.csv|FILE.xlsx");
   AddOutput(*command, import.output);
   AddRepeated(*command, "--only", import.only, "keep only this experiment (may be repeated)")
       ->type_name("LABEL");
+  command->add_option("--sheet", import.sheet, "sheet of a workbook (default the first)")
+      ->type_name("NAME");
   command->add_option("--decimal", import.decimal, "decimal mark of the numbers")
       ->check(CLI::IsMember({"point", "comma"}).description(""))
       ->type_name("point|comma");
@@ -318,23 +344,27 @@ void AddAll(CLI::App& app, Options& options) {
   app.add_option("--language", options.language, "language of texts and messages")
       ->check(CLI::IsMember({"en", "pt"}).description(""))
       ->type_name("en|pt");
-  app.add_subcommand("models", "list the 32 growth models");
+  app.add_option("--limit", options.limit, "most that is read of a file, in MB (default 64)")
+      ->check(CLI::Range(1e-6, 1e6).description(""))
+      ->type_name("MB");
+  app.add_flag("--quiet", options.general.quiet, "say nothing beside results and errors");
+  AddPrinted(*app.add_subcommand("models", "list the 32 growth models"), options.general);
   AddSimulations(app, options);
-  AddFit(app, options.fit);
-  AddCompare(app, options.compare);
+  AddFit(app, options.fit, options.general);
+  AddCompare(app, options.compare, options.general);
   AddChart(app, options.chart);
   CLI::App* check = app.add_subcommand("check", "tell what a file is and what it holds");
   check->add_option("FILE", options.check.file, "experiment or conditions file")
       ->required()
       ->type_name("FILE.abr");
   AddJson(*check, options.check.json);
+  AddPrinted(*check, options.general);
   check->footer(kCheckFooter);
   AddImport(app, options.import);
   AddConditions(app, options.conditions);
 }
 
-Command Chosen(const CLI::App& app, Options& options) {
-  const std::string name = app.get_subcommands().front()->get_name();
+Command Chosen(const std::string& name, Options& options) {
   if (name == "simulate") return options.simulate;
   if (name == "score") return options.score;
   if (name == "fit") return options.fit;
@@ -347,31 +377,63 @@ Command Chosen(const CLI::App& app, Options& options) {
   return ModelsOptions{};
 }
 
+/// The files that a command reads.
+std::vector<std::string> InputsOf(const Command& command) {
+  const auto inputs = [](const auto& options) -> std::vector<std::string> {
+    if constexpr (requires { options.inputs; })
+      return {options.inputs.experiments, options.inputs.conditions};
+    else if constexpr (requires { options.file; })
+      return {options.file};
+    else
+      return {};
+  };
+  return std::visit(inputs, command);
+}
+
 /// The parser only misses a command where it meets a word that is none.
-std::string WhatIsWrong(const CLI::App& app, const CLI::ParseError& error) {
-  const Wording say(Language::English);
+std::string WhatIsWrong(const CLI::App& app, const CLI::ParseError& error, const Wording& say) {
   const bool word = app.get_subcommands().empty() && app.remaining_size() > 0;
   return (word ? say(TextId::NoSuchCommand, {app.remaining().front()}) : error.what()) +
          say(TextId::SeeHelp);
+}
+
+/// What can be told before the command line is understood: how an error is to be said.
+GeneralOptions FirstLook(const std::vector<std::string>& arguments) {
+  GeneralOptions general;
+  const auto given = [&](const char* argument) {
+    return std::find(arguments.begin(), arguments.end(), argument) != arguments.end();
+  };
+  general.json = given("--json");
+  const auto language = std::adjacent_find(arguments.begin(), arguments.end(),
+                                           [](const std::string& option, const std::string& value) {
+                                             return option == "--language" && value == "pt";
+                                           });
+  if (language != arguments.end() || given("--language=pt"))
+    general.language = Language::Portuguese;
+  general.arguments = arguments;
+  return general;
 }
 
 }  // namespace
 
 Arguments ParseArguments(int argc, const char* const* argv) {
   Options options;
+  options.general = FirstLook({argv + 1, argv + argc});
   CLI::App app(kAbout, "velmora-cli");
   AddAll(app, options);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {
-    return {Language::English, HelpOptions{app.help()}};
+    return {options.general, {}, HelpOptions{app.help()}};
   } catch (const CLI::CallForVersion& version) {
-    return {Language::English, HelpOptions{std::string(version.what()) + "\n"}};
+    return {options.general, {}, HelpOptions{std::string(version.what()) + "\n"}};
   } catch (const CLI::ParseError& error) {
-    throw Failure{ExitCode::Usage, WhatIsWrong(app, error)};
+    throw UsageError{options.general, WhatIsWrong(app, error, Wording(options.general.language))};
   }
-  const Language language = options.language == "pt" ? Language::Portuguese : Language::English;
-  return {language, Chosen(app, options)};
+  constexpr double kMegabyte = 1e6;
+  options.general.limit = static_cast<std::size_t>(options.limit * kMegabyte);
+  Command command = Chosen(app.get_subcommands().front()->get_name(), options);
+  return {options.general, InputsOf(command), std::move(command)};
 }
 
 }  // namespace velmora::cli

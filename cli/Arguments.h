@@ -18,11 +18,18 @@ using Command = std::variant<HelpOptions, ModelsOptions, SimulateOptions, ScoreO
                              ImportOptions, ConditionsOptions>;
 
 struct Arguments {
-  Language language = Language::English;
+  GeneralOptions general;
+  std::vector<std::string> inputs;  // the files that the command reads
   Command command;
 };
 
-/// Throws a `Failure` (Usage) with the parser's own English line where the command line is wrong.
+/// Thrown where the command line is wrong.
+struct UsageError {
+  GeneralOptions general;  // as far as they could be told
+  std::string line;
+};
+
+/// Throws a `UsageError`.
 Arguments ParseArguments(int argc, const char* const* argv);
 
 }  // namespace velmora::cli

@@ -68,10 +68,10 @@ Drawn Load(const ChartOptions& options, const StopSignals& signals, const Consol
   if (options.inputs.conditions.empty()) {
     if (options.kind != kChartKinds[0])
       throw Failure{ExitCode::Usage, console.say(TextId::ConditionsNeeded, {options.kind})};
-    drawn.lists = LoadExperiments(options.inputs.experiments, console.say);
+    drawn.lists = LoadExperiments(options.inputs.experiments, console);
     return drawn;
   }
-  Inputs inputs = LoadInputs(options.inputs, console.say);
+  Inputs inputs = LoadInputs(options.inputs, console);
   RequireCultivation(inputs, console.say);
   drawn.lists = inputs.lists;
   drawn.conditions = inputs.conditions;
@@ -125,19 +125,12 @@ std::vector<ChartContent> Profiles(const ChartOptions& options, const Drawn& dra
   return charts;
 }
 
-/// A file that cannot be written is told before the search.
-void RefuseOutput(const ChartOptions& options, const Wording& say) {
-  for (const std::string& input : {options.inputs.experiments, options.inputs.conditions})
-    if (!input.empty()) RequireOtherFile(input, options.output, say);
-  RequireDone(TrySave(options.output), say);
-}
-
 }  // namespace
 
 ExitCode Run(const ChartOptions& options, const Console& console) {
   const Wording& say = console.say;
   const PictureFormat format = FormatOf(options, say);
-  RefuseOutput(options, say);
+  console.TryOutput(options.output, {options.inputs.experiments, options.inputs.conditions});
   const StopSignals signals;
   const Drawn drawn = Load(options, signals, console);
   const bool profile = options.kind == kChartKinds[3];

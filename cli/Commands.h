@@ -30,7 +30,7 @@ struct CheckOptions {
 ExitCode Run(const CheckOptions& options, const Console& console);
 
 struct ImportOptions {
-  std::string table;
+  std::vector<std::string> tables;
   std::string output;
   std::vector<std::string> only;         // labels to keep; empty: all
   std::optional<std::string> decimal;    // point or comma
@@ -39,6 +39,7 @@ struct ImportOptions {
   std::vector<std::string> units;        // NAME=UNIT
   std::vector<std::string> molarMasses;  // NAME=VALUE, g/mol
   std::optional<std::string> missing;    // drop-row or interpolate
+  std::optional<std::string> sheet;      // of a workbook
 };
 
 /// The names of what stands between thousands.
@@ -49,7 +50,7 @@ inline constexpr std::array<std::pair<const char*, Thousands>, 5> kThousandsName
      {"apostrophe", Thousands::Apostrophe},
      {"none", Thousands::None}}};
 
-/// Makes an experiment file from a spreadsheet's CSV table, and tells what of it was left out.
+/// Makes an experiment file from spreadsheets' tables, and tells what of them was left out.
 ExitCode Run(const ImportOptions& options, const Console& console);
 
 struct ConditionsOptions {

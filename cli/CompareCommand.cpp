@@ -10,7 +10,6 @@
 #include "cli/FitProgress.h"
 #include "cli/Given.h"
 #include "cli/Json.h"
-#include "data/SafeSave.h"
 #include "inference/ComparisonTexts.h"
 #include "language/Numbers.h"
 #include "report/ComparisonReport.h"
@@ -107,24 +106,23 @@ ExitCode CodeOf(const Comparison& comparison) {
   return fault ? ExitCode::Arithmetic : ExitCode::Refused;
 }
 
-void RefuseInputAsReport(const CompareOptions& options, const Wording& say) {
-  if (!options.report) return;
-  for (const std::string& input : {options.inputs.experiments, options.inputs.conditions})
-    RequireOtherFile(input, *options.report, say);
-  RequireDone(TrySave(*options.report), say);
+void TryReport(const CompareOptions& options, const Console& console) {
+  if (options.report)
+    console.TryOutput(*options.report, {options.inputs.experiments, options.inputs.conditions});
 }
 
 }  // namespace
 
 ExitCode Run(const CompareOptions& options, const Console& console) {
   const Wording& say = console.say;
-  RefuseInputAsReport(options, say);
+  TryReport(options, console);
   const std::vector<const Model*> models = ModelsNamed(options.models, say);
   SettingTexts settings;
   settings[kSeedOption] = options.seed;
   const EstimationSettings checked = SettingsOf(settings, say);
-  const Inputs inputs = LoadInputs(options.inputs, say);
+  const Inputs inputs = LoadInputs(options.inputs, console);
   RequireCultivation(inputs, say);
+  WarnOfImpossible(inputs.lists, console);
   WarnOfUnscaled(inputs.lists, console);
 
   const StopSignals signals;
@@ -139,7 +137,8 @@ ExitCode Run(const CompareOptions& options, const Console& console) {
     unsaved =
         SaveComparison(comparison, inputs.lists.Experiments(), {say.In(), '.'}, *options.report);
   if (unsaved) console.Complain(say.Of(*unsaved));
-  console.Print(options.json ? JsonOf(comparison, inputs, say) : TextOf(comparison, inputs, say));
+  console.PrintOrRescue(options.json ? JsonOf(comparison, inputs, say)
+                                     : TextOf(comparison, inputs, say));
   if (unsaved) return ExitCode::File;
   return progress.Stopped() ? StoppedBy(signals.Noted()) : CodeOf(comparison);
 }

@@ -7,6 +7,7 @@
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
+#include "data/Windows1252.h"
 #include "inference/Proposal.h"
 #include "language/Numbers.h"
 
@@ -153,8 +154,8 @@ ExitCode Run(const ConditionsOptions& options, const Console& console) {
   if (MethodNamed(options.method) == Method::Manual && !options.fit.empty())
     throw Failure{ExitCode::Usage, say(TextId::FitWithManual)};
   ModelNamed(options.model, say);
-  RequireOtherFile(options.experiments, options.output, say);
-  const ExperimentLists lists = LoadExperiments(options.experiments, say);
+  console.TryOutput(options.output, {options.experiments});
+  const ExperimentLists lists = LoadExperiments(options.experiments, console);
   RequireExperiments(lists.Count(), say);
 
   Plan plan = PlanOf(options, lists.Experiments(), say);
@@ -164,9 +165,13 @@ ExitCode Run(const ConditionsOptions& options, const Console& console) {
     SaveConditions(place, lists.At(place), plan, say, conditions);
   if (!BoundsAreOrdered(conditions.fitted))
     throw Failure{ExitCode::Refused, say.Of(BoundsRefusal())};
-  RequireDone(WriteConditions(conditions, lists.Count(), true, options.output), say);
-  console.Print(say(TextId::Written, {options.output, std::to_string(lists.Count())}) + "\n" +
-                Reasons(plan, say));
+  if (options.output == kStandard)
+    console.Print(ToWindows1252(ConditionsText(conditions, lists.Count(), true)).bytes);
+  else
+    RequireDone(WriteConditions(conditions, lists.Count(), true, options.output), say);
+  console.Tell(say(TextId::Written, {options.output, std::to_string(lists.Count())}) + "\n" +
+                   Reasons(plan, say),
+               options.output);
   return ExitCode::Done;
 }
 

@@ -7,6 +7,11 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <filesystem>
+#include <system_error>
+
+#include "data/FileBytes.h"
+#include "data/SafeSave.h"
 
 namespace velmora::cli {
 namespace {
@@ -53,14 +58,66 @@ std::string Wording::Of(const FileFault& fault) const {
   return PlaceInFile(fault.path, fault.line) + OnOneLine(FaultReason(fault, language_));
 }
 
-void Console::Print(std::string_view text) const {
-  const bool shown = isatty(STDOUT_FILENO) != 0;
-  const std::string visible = shown ? Visible(text) : std::string();
-  if (shown) text = visible;
+bool Output::Write(std::string_view text) {
+  if (IsFile()) {
+    kept_ += text;
+    return true;
+  }
   errno = 0;
-  const bool written = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
-  if (!written || std::fflush(stdout) != 0)
+  return std::fwrite(text.data(), 1, text.size(), stdout) == text.size() &&
+         std::fflush(stdout) == 0;
+}
+
+std::optional<FileFault> Output::Save() const {
+  return IsFile() ? SafeSave(path_, kept_) : std::nullopt;
+}
+
+void Console::Print(std::string_view text) const {
+  const bool shown = !output_.IsFile() && isatty(STDOUT_FILENO) != 0;
+  const std::string visible = shown ? Visible(text) : std::string();
+  if (!output_.Write(shown ? visible : text))
     throw Failure{ExitCode::File, say(TextId::OutputFailed, {std::strerror(errno)})};
+}
+
+void Console::PrintOrRescue(std::string_view text) const {
+  try {
+    Print(text);
+  } catch (const Failure&) {
+    Note(Visible(text));
+    throw;
+  }
+}
+
+void Console::Tell(std::string_view text, const std::string& path) const {
+  if (options_.quiet) return;
+  if (path == kStandard)
+    Note(Visible(text));
+  else
+    Print(text);
+}
+
+void Console::Warn(std::string_view line) const {
+  if (!options_.quiet) Complain(line);
+}
+
+std::string Console::Read(const std::string& path) const {
+  FileBytes file = path == kStandard ? ReadStandardInput(path, options_.limit)
+                                     : ReadWholeFile(path, options_.limit);
+  RequireDone(file.fault, say);
+  return std::move(file.bytes);
+}
+
+void Console::TryOutput(const std::string& path, const std::vector<std::string>& inputs) const {
+  if (path == kStandard) return;
+  for (const std::string& input : inputs) {
+    std::error_code absent;
+    if (std::filesystem::equivalent(input, path, absent))
+      throw Failure{ExitCode::Usage, say(TextId::SameFile, {path})};
+  }
+  RequireDone(TrySave(path), say);
+  const SaveChanges changes = ChangesOfSaving(path);
+  if (changes.otherNames) Warn(PlaceInFile(path, 0) + say(TextId::OtherNamesKeepOld));
+  if (changes.owner) Warn(PlaceInFile(path, 0) + say(TextId::OwnerBecomesUser));
 }
 
 void Console::Complain(std::string_view line) const {
@@ -72,7 +129,15 @@ void Console::Note(std::string_view text) const {
 }
 
 void RequireDone(const std::optional<FileFault>& fault, const Wording& say) {
-  if (fault) throw Failure{ExitCode::File, say.Of(*fault)};
+  if (fault)
+    throw Failure{
+        ExitCode::File, OnOneLine(FaultReason(*fault, say.In())), {fault->path, fault->line}};
+}
+
+std::string Worded(const Failure& failure) {
+  const std::string place =
+      failure.place.file.empty() ? "" : PlaceInFile(failure.place.file, failure.place.line);
+  return place + failure.line;
 }
 
 std::string PlaceInFile(const std::string& path, int line) {

@@ -6,6 +6,8 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
+#include <vector>
 
 #include "data/FileFault.h"
 #include "language/Message.h"
@@ -30,11 +32,19 @@ constexpr ExitCode StoppedBy(int signal) {
   return ExitCode{128 + signal};
 }
 
-/// Thrown where a command cannot go on: what it exits with and the one line to say so, worded in
-/// the user's language.
+/// Where in which file something is wrong.
+struct FilePlace {
+  std::string file = {};
+  int line = 0;             // from 1; 0: no line in particular
+  std::string column = {};  // its header, where it is a table's
+};
+
+/// Thrown where a command cannot go on: what it exits with, one line to say so, worded in the
+/// user's language, and the place that it speaks of.
 struct Failure {
   ExitCode code;
   std::string line;
+  FilePlace place = {};
 };
 
 /// Words what is to be said in one language, UTF-8.
@@ -58,21 +68,74 @@ class Wording {
   Language language_;
 };
 
-/// Standard output and standard error.
+/// What may stand behind every command.
+struct GeneralOptions {
+  Language language = Language::English;
+  bool json = false;
+  bool quiet = false;
+  std::string output = {};  // the file for what a command prints; empty or "-": standard output
+  std::size_t limit = kUsualLimit;          // bytes that are read of a file
+  std::vector<std::string> arguments = {};  // the command line as given
+};
+
+/// "-" stands for standard input and for standard output.
+inline constexpr std::string_view kStandard = "-";
+
+/// Standard output, or the file that takes its place.
+class Output {
+ public:
+  explicit Output(const std::string& path) : path_(path) {}
+
+  bool IsFile() const { return !path_.empty() && path_ != kStandard; }
+  const std::string& Path() const { return path_; }
+  /// Writes at once, or keeps it for the file; false where that fails, with the reason in errno.
+  bool Write(std::string_view text);
+  /// Writes the file, whole or not at all.
+  std::optional<FileFault> Save() const;
+
+ private:
+  std::string path_;
+  std::string kept_;
+};
+
+/// Standard output and standard error, and files in their place.
 class Console {
  public:
-  explicit Console(Language language) : say(language) {}
+  Console(GeneralOptions options, Output& output)
+      : say(options.language), options_(std::move(options)), output_(output) {}
 
-  /// Writes to standard output at once, to a terminal as `Visible` makes it; throws a `Failure`
-  /// (File) where it cannot be written.
+  const GeneralOptions& Options() const { return options_; }
+
+  /// Writes a command's result, to a terminal as `Visible` makes it; throws a `Failure` (File)
+  /// where it cannot be written.
   void Print(std::string_view text) const;
+  /// As `Print`, for a result that took long: to standard error too where it cannot be written.
+  void PrintOrRescue(std::string_view text) const;
+  /// Says what was done to the file at `path`, unless --quiet silences it: to standard output, or
+  /// to standard error where the file itself goes to standard output.
+  void Tell(std::string_view text, const std::string& path) const;
   /// Writes a line "velmora-cli: ..." to standard error, as `Visible` makes it.
   void Complain(std::string_view line) const;
+  /// The same of what is no error, unless --quiet silences it.
+  void Warn(std::string_view line) const;
   /// Writes to standard error as it stands.
   void Note(std::string_view text) const;
 
+  /// The bytes of a file, or of standard input for "-". Throws a `Failure` (File).
+  std::string Read(const std::string& path) const;
+  /// Throws a `Failure` where a file could not be written there, or is one of the inputs; tells
+  /// what writing would change beside it. To be asked before the work.
+  void TryOutput(const std::string& path, const std::vector<std::string>& inputs) const;
+
   const Wording say;
+
+ private:
+  GeneralOptions options_;
+  Output& output_;
 };
+
+/// The failure on one line, with its place in front.
+std::string Worded(const Failure& failure);
 
 /// Throws a `Failure` (File) where a file could not be read or written.
 void RequireDone(const std::optional<FileFault>& fault, const Wording& say);

@@ -6,7 +6,6 @@
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
 #include "data/ExperimentFile.h"
-#include "data/SafeSave.h"
 #include "inference/DataChecks.h"
 #include "language/Numbers.h"
 
@@ -100,18 +99,16 @@ ExitCode Run(const ModelsOptions&, const Console& console) {
 }
 
 ExitCode Run(const CheckOptions& options, const Console& console) {
-  const FileBytes file = ReadWholeFile(options.file);
-  RequireDone(file.fault, console.say);
-  switch (KindOf(file.bytes)) {
+  const std::string bytes = console.Read(options.file);
+  switch (KindOf(bytes)) {
     case FileKind::Experiments:
-      console.Print(ExperimentsReport(options, file.bytes, console.say));
+      console.Print(ExperimentsReport(options, bytes, console.say));
       break;
     case FileKind::Conditions:
-      console.Print(ConditionsReport(options, file.bytes, console.say));
+      console.Print(ConditionsReport(options, bytes, console.say));
       break;
     case FileKind::Unknown:
-      throw Failure{ExitCode::File,
-                    PlaceInFile(options.file, 2) + console.say(TextId::NeitherFile)};
+      throw Failure{ExitCode::File, console.say(TextId::NeitherFile), {options.file, 2}};
   }
   return ExitCode::Done;
 }

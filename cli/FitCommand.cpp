@@ -11,7 +11,6 @@
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
-#include "data/SafeSave.h"
 #include "estimation/Deviations.h"
 #include "estimation/ResultTexts.h"
 #include "estimation/SearchResult.h"
@@ -145,11 +144,9 @@ ExitCode CodeOf(const EndedFit& fit, const StopSignals& signals) {
 }
 
 /// A report that cannot be written is told before the search.
-void RefuseReport(const FitOptions& options, const Wording& say) {
-  if (!options.report) return;
-  for (const std::string& input : {options.inputs.experiments, options.inputs.conditions})
-    RequireOtherFile(input, *options.report, say);
-  RequireDone(TrySave(*options.report), say);
+void TryReport(const FitOptions& options, const Console& console) {
+  if (options.report)
+    console.TryOutput(*options.report, {options.inputs.experiments, options.inputs.conditions});
 }
 
 /// The intervals that were asked for, of a search that came to its end.
@@ -177,7 +174,7 @@ bool Show(const EndedFit& fit, const FitOptions& options, const FitProgress& pro
   if (options.report) unsaved = WriteReport(fit, *options.report, console);
   if (unsaved) console.Complain(console.say.Of(*unsaved));
   if (progress.Unwritten()) throw *progress.Unwritten();
-  console.Print(options.json ? JsonOf(fit, console.say) : TextOf(fit, console.say));
+  console.PrintOrRescue(options.json ? JsonOf(fit, console.say) : TextOf(fit, console.say));
   return !unsaved;
 }
 
@@ -185,11 +182,12 @@ bool Show(const EndedFit& fit, const FitOptions& options, const FitProgress& pro
 
 ExitCode Run(const FitOptions& options, const Console& console) {
   const Wording& say = console.say;
-  RefuseReport(options, say);
+  TryReport(options, console);
   const EstimationSettings settings = SettingsOf(options.settings, say);
-  Inputs inputs = LoadInputs(options.inputs, say);
+  Inputs inputs = LoadInputs(options.inputs, console);
   const Method method = MethodOf(options, inputs, say);
   const FitProblem problem = CheckedProblem(inputs, method, say);
+  WarnOfImpossible(inputs.lists, console);
   WarnOfUnscaled(inputs.lists, console);
 
   const StopSignals signals;

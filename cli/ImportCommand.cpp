@@ -1,12 +1,14 @@
 // velmora-cli import: an experiment file from a table.
 #include <algorithm>
+#include <filesystem>
 
 #include "cli/Assignments.h"
 #include "cli/Commands.h"
 #include "cli/Given.h"
 #include "data/ExperimentFile.h"
 #include "data/MeasuredTable.h"
-#include "data/SafeSave.h"
+#include "data/Windows1252.h"
+#include "inference/DataChecks.h"
 
 namespace velmora::cli {
 namespace {
@@ -39,7 +41,8 @@ std::string HintFor(const TableFault& fault, const Wording& say) {
     throw Failure{ExitCode::Refused,
                   say(TextId::NoSuchLabel, {path, fault.arguments.at(0), fault.arguments.at(1)})};
   throw Failure{ExitCode::File,
-                PlaceInFile(path, fault.line) + FaultReason(fault, say.In()) + HintFor(fault, say)};
+                FaultReason(fault, say.In()) + HintFor(fault, say),
+                {path, fault.line, fault.column}};
 }
 
 std::string QuantityNames(std::string_view option) {
@@ -81,7 +84,7 @@ void TakeMarks(const ImportOptions& options, TableOptions& table, const Wording&
 }
 
 TableOptions TableOptionsOf(const ImportOptions& options, const Wording& say) {
-  TableOptions table{options.only};
+  TableOptions table{options.only, options.sheet};
   TakeMarks(options, table, say);
   if (options.missing)
     table.missing = options.missing == "drop-row" ? Missing::DropRow : Missing::Interpolate;
@@ -100,21 +103,44 @@ TableOptions TableOptionsOf(const ImportOptions& options, const Wording& say) {
   return table;
 }
 
+TableRead ReadAll(const ImportOptions& options, const TableOptions& tableOptions,
+                  const Console& console) {
+  std::vector<std::string> bytes;
+  std::vector<TableFile> files;
+  for (const std::string& table : options.tables) bytes.push_back(console.Read(table));
+  for (std::size_t i = 0; i < bytes.size(); ++i)
+    files.push_back({bytes[i], std::filesystem::path(options.tables[i]).stem()});
+  TableRead read = ReadTables(files, tableOptions);
+  if (read.fault) Refuse(*read.fault, options.tables[read.fault->table], console.say);
+  return read;
+}
+
+/// What is to be told of the tables, a line each.
+std::string RemarksOn(const TableRead& read, const ImportOptions& options, const Wording& say) {
+  std::string text;
+  for (const TableFault& remark : read.remarks)
+    text += PlaceInFile(options.tables[remark.table], remark.line) + FaultReason(remark, say.In()) +
+            "\n";
+  for (const Remark& remark : CheckPossible(read.lists.Experiments()))
+    text += Worded(remark, say.In()) + "\n";
+  return text;
+}
+
 }  // namespace
 
 ExitCode Run(const ImportOptions& options, const Console& console) {
-  RequireOtherFile(options.table, options.output, console.say);
-  const TableOptions tableOptions = TableOptionsOf(options, console.say);
-  const FileBytes file = ReadWholeFile(options.table);
-  RequireDone(file.fault, console.say);
-  const TableRead table = ReadTable(file.bytes, tableOptions);
-  if (table.fault) Refuse(*table.fault, options.table, console.say);
-  RequireDone(WriteExperiments(table.lists, options.output), console.say);
-  console.Print(
-      console.say(TextId::Written, {options.output, std::to_string(table.lists.Count())}) + "\n");
-  for (const TableFault& remark : table.remarks)
-    console.Print(PlaceInFile(options.table, remark.line) + FaultReason(remark, console.say.In()) +
-                  "\n");
+  const Wording& say = console.say;
+  console.TryOutput(options.output, options.tables);
+  TableOptions tableOptions = TableOptionsOf(options, say);
+  tableOptions.limit = console.Options().limit;
+  const TableRead read = ReadAll(options, tableOptions, console);
+  if (options.output == kStandard)
+    console.Print(ToWindows1252(ExperimentText(read.lists)).bytes);
+  else
+    RequireDone(WriteExperiments(read.lists, options.output), say);
+  console.Tell(say(TextId::Written, {options.output, std::to_string(read.lists.Count())}) + "\n" +
+                   RemarksOn(read, options, say),
+               options.output);
   return ExitCode::Done;
 }
 

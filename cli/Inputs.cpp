@@ -1,8 +1,6 @@
 #include "cli/Inputs.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <utility>
 
 #include "cli/Given.h"
@@ -12,9 +10,9 @@
 #include "cultivation/OpenedConditions.h"
 #include "data/ExperimentFile.h"
 #include "data/FileText.h"
-#include "data/SafeSave.h"
 #include "estimation/Objective.h"
 #include "estimation/ResultTexts.h"
+#include "inference/DataChecks.h"
 #include "kinetics/ModelCurves.h"
 #include "language/Message.h"
 #include "language/Numbers.h"
@@ -38,20 +36,19 @@ std::string LineOf(std::string_view text, int number) {
 }
 
 /// The file's bytes. Throws a `Failure` (File) where it cannot be read, or is the other kind.
-std::string LoadBytes(const std::string& path, FileKind wanted, const Wording& say) {
-  FileBytes file = ReadWholeFile(path);
-  RequireDone(file.fault, say);
-  const FileKind kind = KindOf(file.bytes);
+std::string LoadBytes(const std::string& path, FileKind wanted, const Console& console) {
+  std::string bytes = console.Read(path);
+  const FileKind kind = KindOf(bytes);
+  const TextId other =
+      wanted == FileKind::Experiments ? TextId::ExperimentsWanted : TextId::ConditionsWanted;
   if (kind != wanted && kind != FileKind::Unknown)
-    throw Failure{ExitCode::File, PlaceInFile(path, 2) + say(wanted == FileKind::Experiments
-                                                                 ? TextId::ExperimentsWanted
-                                                                 : TextId::ConditionsWanted)};
-  return std::move(file.bytes);
+    throw Failure{ExitCode::File, console.say(other), {path, 2}};
+  return bytes;
 }
 
-CultivationConditions LoadConditions(const std::string& path, const Wording& say) {
-  ConditionsRead read = ReadConditionsBytes(LoadBytes(path, FileKind::Conditions, say), path);
-  RequireDone(read.fault, say);
+CultivationConditions LoadConditions(const std::string& path, const Console& console) {
+  ConditionsRead read = ReadConditionsBytes(LoadBytes(path, FileKind::Conditions, console), path);
+  RequireDone(read.fault, console.say);
   return std::move(read.conditions);
 }
 
@@ -69,18 +66,21 @@ bool HasBatchLine(std::string_view bytes) {
   return LineOf(DecodeFile(bytes).text, 3) == kBatchLine;
 }
 
-ExperimentLists LoadExperiments(const std::string& path, const Wording& say) {
+ExperimentLists LoadExperiments(const std::string& path, const Console& console) {
   ExperimentLists lists;
-  const std::string bytes = LoadBytes(path, FileKind::Experiments, say);
+  const std::string bytes = LoadBytes(path, FileKind::Experiments, console);
   const ExperimentsRead read = ReadExperimentBytes(bytes, path, lists);
-  RequireDone(read.fault, say);
+  RequireDone(read.fault, console.say);
   return lists;
 }
 
-Inputs LoadInputs(const InputOptions& options, const Wording& say) {
-  const Given given = GivenBy(options.model, options.set, options.fit, say);
-  Inputs inputs{LoadExperiments(options.experiments, say), LoadConditions(options.conditions, say)};
-  PutInto(inputs.conditions, given, options.fits, say);
+Inputs LoadInputs(const InputOptions& options, const Console& console) {
+  const Given given = GivenBy(options.model, options.set, options.fit, console.say);
+  if (options.experiments == kStandard && options.conditions == kStandard)
+    throw Failure{ExitCode::Usage, console.say(TextId::StandardInputTwice)};
+  Inputs inputs{LoadExperiments(options.experiments, console),
+                LoadConditions(options.conditions, console)};
+  PutInto(inputs.conditions, given, options.fits, console.say);
   return inputs;
 }
 
@@ -105,10 +105,9 @@ void RequireCultivation(const Inputs& inputs, const Wording& say) {
   }
 }
 
-void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say) {
-  std::error_code absent;
-  if (std::filesystem::equivalent(input, output, absent))
-    throw Failure{ExitCode::Usage, say(TextId::SameFile, {output})};
+void WarnOfImpossible(const ExperimentLists& lists, const Console& console) {
+  for (const Remark& remark : CheckPossible(lists.Experiments()))
+    console.Warn(Worded(remark, console.say.In()));
 }
 
 void WarnOfUnscaled(const ExperimentLists& lists, const Console& console) {
@@ -118,8 +117,8 @@ void WarnOfUnscaled(const ExperimentLists& lists, const Console& console) {
     for (const auto& [name, values] :
          {Named{"Cx", &experiment.Cx}, Named{"Cs", &experiment.Cs}, Named{"Cp", &experiment.Cp}})
       if (Objective::NormalisationScale(*values) == 0)
-        console.Complain(std::string(kNotNormalised) +
-                         console.say(TextId::UnscaledAt, {std::to_string(place), name}));
+        console.Warn(std::string(kNotNormalised) +
+                     console.say(TextId::UnscaledAt, {std::to_string(place), name}));
   }
 }
 

@@ -40,18 +40,18 @@ FileKind KindOf(std::string_view bytes);
 bool HasBatchLine(std::string_view bytes);
 
 /// The experiments of a file; throws a `Failure` (File) where it cannot be read.
-ExperimentLists LoadExperiments(const std::string& path, const Wording& say);
+ExperimentLists LoadExperiments(const std::string& path, const Console& console);
 
 /// Reads both files and puts what the command line states into the conditions, as `PutInto` does.
-Inputs LoadInputs(const InputOptions& options, const Wording& say);
+Inputs LoadInputs(const InputOptions& options, const Console& console);
 
 /// Throws a `Failure` (Refused) where experiments and conditions do not make up one cultivation.
 void RequireCultivation(const Inputs& inputs, const Wording& say);
 /// Throws a `Failure` (Refused) for more experiments than a cultivation takes.
 void RequireRoom(int experiments, const Wording& say);
 
-/// Throws a `Failure` (Usage) where `output` is the file `input`.
-void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say);
+/// Says which values no measurement gives and no simulation can follow.
+void WarnOfImpossible(const ExperimentLists& lists, const Console& console);
 
 /// Says once for each measured variable without a positive value that its data could not be
 /// normalised, and where it is.

@@ -136,14 +136,35 @@ Json RankedOf(const ComparedModel& compared, const Wording& say) {
 
 /// In the order of RemarkKind.
 std::string_view NameOf(RemarkKind kind) {
-  static constexpr std::array<std::string_view, 12> kNames = {
-      "falling cells",      "rising substrate", "product before growth", "yield too high",
-      "first sample late",  "times unsorted",   "final time early",      "far off",
-      "looks like percent", "too concentrated", "looks like minutes",    "looks like days"};
+  static constexpr std::array<std::string_view, 15> kNames = {"falling cells",
+                                                              "rising substrate",
+                                                              "product before growth",
+                                                              "yield too high",
+                                                              "first sample late",
+                                                              "times unsorted",
+                                                              "final time early",
+                                                              "far off",
+                                                              "looks like percent",
+                                                              "too concentrated",
+                                                              "looks like minutes",
+                                                              "looks like days",
+                                                              "negative time",
+                                                              "negative value",
+                                                              "no duration"};
   return kNames.at(static_cast<std::size_t>(kind));
 }
 
 }  // namespace
+
+std::string JsonOf(const Failure& failure) {
+  const auto& [file, line, column] = failure.place;
+  return LineOf({{"error",
+                  {{"code", static_cast<int>(failure.code)},
+                   {"message", failure.line},
+                   {"file", file.empty() ? Json() : Json(file)},
+                   {"line", line == 0 ? Json() : Json(line)},
+                   {"column", column.empty() ? Json() : Json(column)}}}});
+}
 
 std::string JsonOf(const EndedFit& fit, const Wording& say) {
   const SearchResult& result = fit.result;

@@ -37,6 +37,7 @@ struct PlacedCurve {
   const ModelCurve& curve;
 };
 
+std::string JsonOf(const Failure& failure);
 std::string JsonOf(const EndedFit& fit, const Wording& say);
 /// The score with the share of each experiment's variables; `lists` holds the experiments.
 std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists);

@@ -50,7 +50,7 @@ std::vector<PlacedCurve> Simulation::Whole() const {
 
 /// Simulates all experiments and reports the faults.
 Simulation Simulate(const InputOptions& options, const Console& console) {
-  Simulation run{LoadInputs(options, console.say), {}, {}};
+  Simulation run{LoadInputs(options, console), {}, {}};
   RequireCultivation(run.inputs, console.say);
   run.faults = Manual(run.inputs.conditions, run.inputs.Count(), run.curves);
   for (const ArithmeticFault& fault : run.faults)
@@ -93,7 +93,7 @@ std::string TextOf(const std::vector<PlacedCurve>& curves, const Wording& say) {
 }  // namespace
 
 ExitCode Run(const ScoreOptions& options, const Console& console) {
-  const Inputs inputs = LoadInputs(options.inputs, console.say);
+  const Inputs inputs = LoadInputs(options.inputs, console);
   RequireCultivation(inputs, console.say);
   WarnOfUnscaled(inputs.lists, console);
   try {

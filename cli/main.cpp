@@ -4,6 +4,7 @@
 #include <variant>
 
 #include "cli/Arguments.h"
+#include "cli/Json.h"
 
 namespace velmora::cli {
 namespace {
@@ -13,17 +14,33 @@ ExitCode Run(const HelpOptions& help, const Console& console) {
   return ExitCode::Done;
 }
 
-ExitCode RunCommand(const Arguments& arguments) {
-  const Console console(arguments.language);
+ExitCode Fail(const Failure& failure, const Console& console) {
+  if (console.Options().json)
+    console.Note(JsonOf(failure));
+  else
+    console.Complain(Worded(failure));
+  return failure.code;
+}
+
+ExitCode RunCommand(const Arguments& arguments, const Console& console) {
   try {
     return std::visit([&](const auto& options) { return Run(options, console); },
                       arguments.command);
-  } catch (const Failure& failure) {
-    console.Complain(failure.line);
-    return failure.code;
   } catch (const std::bad_alloc&) {
-    console.Complain(console.say(TextId::OutOfMemory));
-    return ExitCode::Refused;
+    throw Failure{ExitCode::Refused, console.say(TextId::OutOfMemory)};
+  }
+}
+
+ExitCode RunToOutput(const Arguments& arguments) {
+  Output output(arguments.general.output);
+  const Console console(arguments.general, output);
+  try {
+    if (output.IsFile()) console.TryOutput(output.Path(), arguments.inputs);
+    const ExitCode code = RunCommand(arguments, console);
+    RequireDone(output.Save(), console.say);
+    return code;
+  } catch (const Failure& failure) {
+    return Fail(failure, console);
   }
 }
 
@@ -31,10 +48,10 @@ ExitCode Main(int argc, const char* const* argv) {
   // A closed pipe is to be an error of writing, not the program's end without a word.
   std::signal(SIGPIPE, SIG_IGN);
   try {
-    return RunCommand(ParseArguments(argc, argv));
-  } catch (const Failure& failure) {
-    Console(Language::English).Complain(failure.line);
-    return failure.code;
+    return RunToOutput(ParseArguments(argc, argv));
+  } catch (const UsageError& error) {
+    Output none("");
+    return Fail({ExitCode::Usage, error.line}, Console(error.general, none));
   }
 }
 

@@ -5,8 +5,8 @@
 #include <limits>
 
 #include "cultivation/CultivationForm.h"
+#include "data/FileBytes.h"
 #include "data/FileText.h"
-#include "data/SafeSave.h"
 #include "kinetics/KineticParameters.h"
 #include "kinetics/Modelos.h"
 #include "language/Numbers.h"

@@ -1,5 +1,7 @@
 #include "cultivation/CultivationForm.h"
 
+#include <algorithm>
+
 namespace velmora {
 namespace {
 
@@ -100,9 +102,11 @@ std::vector<std::pair<At, Entry>> SuggestedEntries(const Experiment& experiment,
     entries.emplace_back(position, Entry::Of(value, separator));
   };
   if (experiment.Points() > 0) {
-    suggest(At::Cx0, experiment.Cx.front());
-    suggest(At::Cs0, experiment.Cs.front());
-    suggest(At::Cp0, experiment.Cp.front());
+    const auto earliest = std::min_element(experiment.time.begin(), experiment.time.end());
+    const auto first = static_cast<std::size_t>(earliest - experiment.time.begin());
+    suggest(At::Cx0, experiment.Cx[first]);
+    suggest(At::Cs0, experiment.Cs[first]);
+    suggest(At::Cp0, experiment.Cp[first]);
   }
   suggest(At::T, experiment.finalTime);
   return entries;

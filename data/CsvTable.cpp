@@ -12,14 +12,13 @@ constexpr std::string_view kSeparators = "\t;,";  // the first of equals is take
 constexpr char kQuote = '"';
 constexpr char kComment = '#';
 constexpr std::string_view kSeparatorMark = "sep=";
-constexpr int kMostTitles = 30;  // rows above the header
 
 class CsvParser {
  public:
   explicit CsvParser(std::string_view text) : rest_(text) { PassSeparatorLine(); }
 
   /// The next row that is neither a comment nor empty.
-  std::optional<CsvRow> NextRow();
+  std::optional<TableRow> NextRow();
   /// Goes on with the separator of the row that was read last.
   void KeepSeparator() { kept_ = true; }
   char Separator() const { return separator_; }
@@ -37,6 +36,7 @@ class CsvParser {
   int line_ = 1;
   char separator_ = 0;
   bool kept_ = false;  // else each row has the separator of its own line
+  TableSize size_;
 };
 
 /// The separator that stands most often in the line, outside quotes.
@@ -115,24 +115,24 @@ std::string CsvParser::Cell() {
   return text;
 }
 
-std::optional<CsvRow> CsvParser::NextRow() {
+std::optional<TableRow> CsvParser::NextRow() {
   for (;;) {
     PassIdleLines();
     if (rest_.empty()) return std::nullopt;
     if (!kept_) separator_ = SeparatorOf(rest_.substr(0, rest_.find_first_of(kLineEnds)));
-    CsvRow row{line_, {Cell()}};
-    while (!rest_.empty() && rest_.front() == separator_) {
+    TableRow row{line_, {Cell()}};
+    while (!rest_.empty() && rest_.front() == separator_ && row.cells.size() <= kMostTableColumns) {
       rest_.remove_prefix(1);
       row.cells.push_back(Cell());
     }
     PassLineEnd();
-    const auto empty = [](const std::string& cell) { return cell.empty(); };
-    if (!std::all_of(row.cells.begin(), row.cells.end(), empty)) return row;
+    size_.Add(row);
+    if (!IsBlank(row)) return row;
   }
 }
 
 /// The next row, nothing at the end and where a quote is bad.
-std::optional<CsvRow> Candidate(CsvParser& parser) {
+std::optional<TableRow> Candidate(CsvParser& parser) {
   try {
     return parser.NextRow();
   } catch (const TableFault&) {
@@ -145,7 +145,7 @@ std::size_t TitlesOf(CsvParser parser, const HeaderSigns& signs) {
   std::size_t titles = 0;
   int most = 0;
   for (std::size_t row = 0; row <= kMostTitles; ++row) {
-    const std::optional<CsvRow> candidate = Candidate(parser);
+    const std::optional<TableRow> candidate = Candidate(parser);
     if (!candidate) break;
     const int named = signs.Named(candidate->cells);
     if (named <= most) continue;
@@ -157,17 +157,17 @@ std::size_t TitlesOf(CsvParser parser, const HeaderSigns& signs) {
 
 }  // namespace
 
-CsvTable ParseCsv(std::string_view text, const HeaderSigns& signs) {
+TableRows ParseCsv(std::string_view text, const HeaderSigns& signs) {
   CsvParser parser(text);
-  CsvTable table;
+  TableRows table;
   for (std::size_t titles = TitlesOf(parser, signs); titles > 0; --titles)
     table.titles.push_back(parser.NextRow().value());
-  std::optional<CsvRow> header = parser.NextRow();
+  std::optional<TableRow> header = parser.NextRow();
   if (!header) throw TableFault{TextId::NoHeader, {}};
   table.header = std::move(*header);
   parser.KeepSeparator();
   table.separator = parser.Separator();
-  while (std::optional<CsvRow> row = parser.NextRow()) table.rows.push_back(std::move(*row));
+  while (std::optional<TableRow> row = parser.NextRow()) table.rows.push_back(std::move(*row));
   return table;
 }
 

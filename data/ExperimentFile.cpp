@@ -5,8 +5,8 @@
 #include <limits>
 #include <utility>
 
+#include "data/FileBytes.h"
 #include "data/FileText.h"
-#include "data/SafeSave.h"
 #include "data/Windows1252.h"
 #include "language/Numbers.h"
 

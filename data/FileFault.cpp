@@ -1,9 +1,11 @@
 #include "data/FileFault.h"
 
+#include "language/Numbers.h"
+
 namespace velmora {
 namespace {
 
-static_assert(TextOf(TextId::FileCannotOpen, FileReason::BadByte) == TextId::FileBadByte);
+static_assert(TextOf(TextId::FileCannotOpen, FileReason::TooLarge) == TextId::FileTooLarge);
 static_assert(TextOf(TextId::FieldNone, FileField::FourthValue) == TextId::FieldStartValue);
 
 std::string FieldOf(const FileFault& fault, Language language) {
@@ -34,6 +36,11 @@ std::string FaultDetail(const FileFault& fault, Language language) {
   if (fault.line > 0)
     text += Filled(TextId::LineOfFile, language, {std::to_string(fault.line)}) + ", ";
   return text + FaultReason(fault, language);
+}
+
+std::string MegabytesText(std::size_t bytes) {
+  constexpr double kMegabyte = 1e6;
+  return ShortestText(static_cast<double>(bytes) / kMegabyte);
 }
 
 }  // namespace velmora

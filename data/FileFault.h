@@ -1,6 +1,7 @@
 // Why a file could not be read or written, as a value and in words.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -9,6 +10,12 @@
 #include "language/Texts.h"
 
 namespace velmora {
+
+/// How many bytes are read of a file unless it is said otherwise: 64 MB.
+inline constexpr std::size_t kUsualLimit = 64'000'000;
+
+/// A limit in MB.
+std::string MegabytesText(std::size_t bytes);
 
 /// `TextId` words the reasons and the fields in the same order.
 enum class FileReason : std::uint8_t {
@@ -29,6 +36,7 @@ enum class FileReason : std::uint8_t {
   UnknownChoice,       // detail: the text or value that stands for no choice
   FittedTwice,         // detail: the code of a parameter that is fitted already
   BadByte,             // detail: the byte of a UTF-8 file that is no letter, in hex
+  TooLarge,            // detail: the limit in MB
 };
 
 /// The item of a file that a fault is about.

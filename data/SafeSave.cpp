@@ -1,66 +1,67 @@
 #include "data/SafeSave.h"
 
+#include <dirent.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
-#include <cerrno>
 #include <charconv>
+#include <climits>
 #include <filesystem>
 #include <random>
 #include <system_error>
-#include <utility>
-#include <vector>
+
+#include "data/Descriptor.h"
 
 namespace velmora {
 namespace {
 
 namespace fs = std::filesystem;
 
-/// A call of the system, made again for as long as a signal interrupts it.
-template <typename Call>
-auto Uninterrupted(Call call) {
-  auto result = call();
-  while (result == -1 && errno == EINTR) result = call();
-  return result;
-}
+// Short, so that a temporary name fits wherever the target's own name does.
+constexpr std::string_view kTemporaryMark = ".velmora-";
+constexpr std::size_t kMostDigits = 8;
 
-/// An open file or folder, closed at the end.
-class Descriptor {
- public:
-  explicit Descriptor(int number) : number_(number) {}
-  ~Descriptor() {
-    if (IsOpen()) close(number_);
-  }
-  Descriptor(const Descriptor&) = delete;
-  Descriptor& operator=(const Descriptor&) = delete;
-
-  int Number() const { return number_; }
-  bool IsOpen() const { return number_ >= 0; }
-  /// A descriptor is gone after an interrupted close too; it must not be closed again.
-  bool Close() { return close(std::exchange(number_, -1)) == 0 || errno == EINTR; }
-
- private:
-  int number_;
-};
-
-/// The fault of a call that has just failed.
-FileFault SystemFault(FileReason reason, const std::string& path) {
-  const int error = errno;
-  return {reason, path, 0, FileField::None, 0, std::generic_category().message(error)};
-}
-
-FileFault NoRegularFile(const std::string& path) {
-  return {FileReason::NotARegularFile, path, 0, FileField::None, 0, ""};
-}
-
-/// Short, so that it fits wherever the target's own name does.
 std::string TemporaryName() {
-  std::array<char, 8> digits{};
+  std::array<char, kMostDigits> digits{};
   const auto end =
       std::to_chars(digits.data(), digits.data() + digits.size(), std::random_device{}(), 36).ptr;
-  return ".velmora-" + std::string(digits.data(), end);
+  return std::string(kTemporaryMark).append(digits.data(), end);
+}
+
+bool IsTemporaryName(std::string_view name) {
+  if (!name.starts_with(kTemporaryMark)) return false;
+  name.remove_prefix(kTemporaryMark.size());
+  return !name.empty() && name.size() <= kMostDigits &&
+         name.find_first_not_of("0123456789abcdefghijklmnopqrstuvwxyz") == std::string_view::npos;
+}
+
+/// Takes the file for this save, for as long as it is open. False where another save has meanwhile
+/// taken it for one that was left behind, and removed it.
+bool Claim(int file) {
+  flock(file, LOCK_EX);  // where a file system has no locks, nothing is removed either
+  struct stat status {};
+  return fstat(file, &status) == 0 && status.st_nlink > 0;
+}
+
+/// Removes what saves that were killed left in the folder: our own files that no save holds.
+void RemoveLeftBehind(int folder) {
+  const int copy = openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  DIR* const entries = copy < 0 ? nullptr : fdopendir(copy);
+  if (!entries) return;
+  while (const dirent* const entry = readdir(entries)) {
+    if (!IsTemporaryName(entry->d_name)) continue;
+    constexpr int kCarefully = O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
+    const Descriptor file(openat(folder, entry->d_name, kCarefully));
+    struct stat status {};
+    if (!file.IsOpen() || fstat(file.Number(), &status) != 0 || !S_ISREG(status.st_mode)) continue;
+    if (status.st_uid == geteuid() && flock(file.Number(), LOCK_EX | LOCK_NB) == 0)
+      unlinkat(folder, entry->d_name, 0);
+  }
+  closedir(entries);
 }
 
 /// Creates a file that was not there before; `name` stays empty where that fails.
@@ -71,6 +72,10 @@ int CreateIn(int folder, mode_t mode, std::string& name) {
     const int file = Uninterrupted([&] {
       return openat(folder, candidate.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
     });
+    if (file >= 0 && !Claim(file)) {
+      close(file);
+      continue;
+    }
     if (file >= 0) name = candidate;
     if (file >= 0 || errno != EEXIST || tried == kMostTries) return file;
   }
@@ -89,8 +94,15 @@ class TemporaryFile {
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
   bool IsOpen() const { return file_.IsOpen(); }
-  bool SetPermissions(mode_t mode) { return fchmod(file_.Number(), mode) == 0; }
-  /// Writes all of `bytes`, to the disk, and closes the file.
+  /// Gives it the owner, where that is allowed, and the permissions of the file that it replaces.
+  bool TakeAfter(const struct stat& old) {
+    constexpr mode_t kPermissions = 0777;
+    if (fchown(file_.Number(), old.st_uid, old.st_gid) != 0 &&
+        fchown(file_.Number(), kUnchanged, old.st_gid) != 0)
+      errno = 0;  // told by `ChangesOfSaving`
+    return fchmod(file_.Number(), old.st_mode & kPermissions) == 0;
+  }
+  /// Writes all of `bytes`, to the disk.
   bool Fill(std::string_view bytes) {
     const int file = file_.Number();
     while (!bytes.empty()) {
@@ -99,8 +111,9 @@ class TemporaryFile {
       if (written <= 0) return false;
       bytes.remove_prefix(static_cast<std::size_t>(written));
     }
-    return Uninterrupted([&] { return fsync(file); }) == 0 && file_.Close();
+    return Uninterrupted([&] { return fsync(file); }) == 0;
   }
+  /// It stays open until then: a file that no save holds may be removed.
   bool RenameTo(const std::string& name) {
     if (renameat(folder_, name_.c_str(), folder_, name.c_str()) != 0) return false;
     name_.clear();
@@ -108,6 +121,8 @@ class TemporaryFile {
   }
 
  private:
+  static constexpr auto kUnchanged = static_cast<uid_t>(-1);
+
   int folder_;
   std::string name_;
   Descriptor file_;
@@ -143,9 +158,10 @@ std::optional<FileFault> Save(const std::string& path, std::optional<std::string
   const Descriptor folder(open(folderName.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
   if (!folder.IsOpen()) return SystemFault(FileReason::CannotWrite, path);
 
-  constexpr mode_t kOwnerOnly = 0600, kUsual = 0666, kPermissions = 0777;
+  RemoveLeftBehind(folder.Number());
+  constexpr mode_t kOwnerOnly = 0600, kUsual = 0666;
   TemporaryFile temporary(folder, exists ? kOwnerOnly : kUsual);
-  if (!temporary.IsOpen() || (exists && !temporary.SetPermissions(old.st_mode & kPermissions)))
+  if (!temporary.IsOpen() || (exists && !temporary.TakeAfter(old)))
     return SystemFault(FileReason::CannotWrite, path);
   if (!bytes) return std::nullopt;
   if (!temporary.Fill(*bytes) || !temporary.RenameTo(target.filename()))
@@ -155,7 +171,21 @@ std::optional<FileFault> Save(const std::string& path, std::optional<std::string
   return std::nullopt;
 }
 
+bool IsInGroup(gid_t group) {
+  std::array<gid_t, NGROUPS_MAX> groups{};
+  const int count = getgroups(static_cast<int>(groups.size()), groups.data());
+  const auto end = groups.begin() + std::max(count, 0);
+  return group == getegid() || std::find(groups.begin(), end, group) != end;
+}
+
 }  // namespace
+
+SaveChanges ChangesOfSaving(const std::string& path) {
+  struct stat old {};
+  if (stat(path.c_str(), &old) != 0) return {};
+  const bool mayGive = geteuid() == 0 || (old.st_uid == geteuid() && IsInGroup(old.st_gid));
+  return {old.st_nlink > 1, !mayGive};
+}
 
 std::optional<FileFault> SafeSave(const std::string& path, std::string_view bytes) {
   return Save(path, bytes);
@@ -163,39 +193,6 @@ std::optional<FileFault> SafeSave(const std::string& path, std::string_view byte
 
 std::optional<FileFault> TrySave(const std::string& path) {
   return Save(path, std::nullopt);
-}
-
-namespace {
-
-FileBytes ReadToTheEnd(const Descriptor& file, const std::string& path) {
-  FileBytes read;
-  std::vector<char> buffer(1 << 16);
-  for (;;) {
-    const ssize_t count =
-        Uninterrupted([&] { return ::read(file.Number(), buffer.data(), buffer.size()); });
-    if (count < 0) return {"", SystemFault(FileReason::CannotRead, path)};
-    if (count == 0) return read;
-    read.bytes.append(buffer.data(), static_cast<std::size_t>(count));
-  }
-}
-
-}  // namespace
-
-FileBytes ReadWholeFile(const std::string& path) {
-  // Without O_NONBLOCK a pipe that nobody writes to would be waited for.
-  const Descriptor file(Uninterrupted(
-      [&] { return open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }));
-  if (!file.IsOpen()) return {"", SystemFault(FileReason::CannotOpen, path)};
-  struct stat status {};
-  if (fstat(file.Number(), &status) != 0) return {"", SystemFault(FileReason::CannotOpen, path)};
-  if (!S_ISREG(status.st_mode)) return {"", NoRegularFile(path)};
-
-  try {
-    return ReadToTheEnd(file, path);
-  } catch (const std::bad_alloc&) {
-    errno = ENOMEM;
-    return {"", SystemFault(FileReason::CannotRead, path)};
-  }
 }
 
 }  // namespace velmora

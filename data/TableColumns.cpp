@@ -78,13 +78,21 @@ std::vector<std::size_t> ColumnsWhere(const std::vector<std::string>& headers, F
   return columns;
 }
 
-std::optional<std::size_t> Find(const CsvRow& header, const QuantityWords& words) {
-  const auto own = ColumnsWhere(header.cells, [&](const std::string& cell) {
+std::vector<std::size_t> ColumnsOfOwn(const TableRow& header, const QuantityWords& words) {
+  return ColumnsWhere(header.cells, [&](const std::string& cell) {
     return BehindName(cell, words.own, false).has_value();
   });
+}
+
+std::vector<std::size_t> ColumnsOfOther(const TableRow& header, const QuantityWords& words) {
+  return ColumnsWhere(header.cells, [&](const std::string& cell) { return MayBe(cell, words); });
+}
+
+std::optional<std::size_t> Find(const TableRow& header, const QuantityWords& words) {
+  const auto own = ColumnsOfOwn(header, words);
   if (own.size() > 1) throw TableFault{TextId::ColumnTwice, {std::string(words.name)}, header.line};
   if (!own.empty()) return own.front();
-  const auto other = ColumnsWhere(header.cells, [&](auto& cell) { return MayBe(cell, words); });
+  const auto other = ColumnsOfOther(header, words);
   if (other.size() > 1)
     throw TableFault{TextId::ColumnUnclear,
                      {OnOneLine(header.cells[other[0]]), OnOneLine(header.cells[other[1]]),
@@ -107,7 +115,7 @@ bool IsGiven(const std::string& header, const std::string& given) {
   return OnOneLine(SmallLetters(header)) == OnOneLine(SmallLetters(given));
 }
 
-std::size_t FindGiven(const CsvRow& header, const std::string& given, Quantity quantity) {
+std::size_t FindGiven(const TableRow& header, const std::string& given, Quantity quantity) {
   const auto same =
       ColumnsWhere(header.cells, [&](const std::string& cell) { return IsGiven(cell, given); });
   if (same.size() == 1) return same.front();
@@ -122,7 +130,7 @@ std::size_t FindGiven(const CsvRow& header, const std::string& given, Quantity q
 
 }  // namespace
 
-TableColumns::TableColumns(const CsvRow& header,
+TableColumns::TableColumns(const TableRow& header,
                            const ByQuantity<std::optional<std::string>>& given) {
   for (std::size_t i = 0; i < kQuantities; ++i) {
     const Quantity quantity{static_cast<int>(i)};
@@ -130,6 +138,12 @@ TableColumns::TableColumns(const CsvRow& header,
     if (!columns_[i] && quantity != Quantity::Experiment)
       throw TableFault{TextId::MissingColumn, {std::string(kWords[i].name)}, header.line};
   }
+}
+
+std::vector<std::size_t> ColumnsNaming(const TableRow& header, Quantity quantity) {
+  const QuantityWords& words = kWords[IndexOf(quantity)];
+  const auto own = ColumnsOfOwn(header, words);
+  return own.empty() ? ColumnsOfOther(header, words) : own;
 }
 
 bool IsByAnotherName(std::string_view header, Quantity quantity) {

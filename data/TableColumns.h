@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-#include "data/CsvTable.h"
 #include "data/TableOptions.h"
+#include "data/TableRows.h"
 #include "data/TableUnits.h"
 
 namespace velmora {
@@ -17,7 +17,7 @@ namespace velmora {
 class TableColumns {
  public:
   /// Throws a `TableFault` where a column is missing or two may be meant.
-  TableColumns(const CsvRow& header, const ByQuantity<std::optional<std::string>>& given);
+  TableColumns(const TableRow& header, const ByQuantity<std::optional<std::string>>& given);
 
   std::optional<std::size_t> Experiment() const { return At(Quantity::Experiment); }
   std::size_t Of(Quantity quantity) const { return At(quantity).value(); }
@@ -27,6 +27,9 @@ class TableColumns {
 
   ByQuantity<std::optional<std::size_t>> columns_;
 };
+
+/// The columns whose headers name the quantity, those in this program's words before others.
+std::vector<std::size_t> ColumnsNaming(const TableRow& header, Quantity quantity);
 
 /// Whether a header names the quantity otherwise than this program does: "glucose" for Cs.
 bool IsByAnotherName(std::string_view header, Quantity quantity);

@@ -1,6 +1,7 @@
 // What is wrong with a spreadsheet's table, and what is to be told of one that was read.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -14,8 +15,9 @@ struct TableFault {
   TextId text;
   std::vector<std::string> arguments;  // of the text
   int line = 0;                        // of the file, from 1; 0 where no line is concerned
-  int row = 0;           // of the data, from 1, with its column: where a cell is meant
-  std::string column{};  // its header
+  int row = 0;            // of the data, from 1, with its column: where a cell is meant
+  std::string column{};   // its header
+  std::size_t table = 0;  // which of the tables read together, from 0
 };
 
 /// The fault on one line, UTF-8, without the file's name and line.

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/FileFault.h"
 #include "data/NumberMarks.h"
 
 namespace velmora {
@@ -31,8 +32,10 @@ constexpr std::string_view NameOf(Quantity quantity) {
 enum class Missing { Refuse, DropRow, Interpolate };
 
 struct TableOptions {
-  std::vector<std::string> only = {};  // labels to keep; empty: all
-  std::optional<char> decimal = {};    // '.' or ','
+  std::vector<std::string> only = {};     // labels to keep; empty: all
+  std::optional<std::string> sheet = {};  // of a workbook; nothing: the first that is shown
+  std::size_t limit = kUsualLimit;        // bytes to which a workbook may unpack
+  std::optional<char> decimal = {};       // '.' or ','
   std::optional<Thousands> thousands = {};
   Missing missing = Missing::Refuse;
   // Each in place of what the headers say.

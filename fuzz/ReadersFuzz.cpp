@@ -50,7 +50,7 @@ void FuzzConditions(std::string_view bytes) {
 }
 
 void FuzzTable(std::string_view bytes) {
-  const TableRead read = ReadTable(bytes, {});
+  const TableRead read = ReadTable(bytes, {.limit = 1 << 20});
   Require(read.lists.Empty() == read.fault.has_value());
   if (read.fault) Require(!FaultReason(*read.fault, Language::English).empty());
   for (const Experiment& experiment : read.lists.Experiments())

@@ -6,6 +6,7 @@
 #include <numbers>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "inference/TimeCourse.h"
 #include "language/Numbers.h"
@@ -51,12 +52,28 @@ void LookAtTimes(const Batch& batch, Remarks& remarks) {
     if (time[k] < time[k - 1])
       remarks.push_back(
           {RemarkKind::TimesUnsorted, static_cast<int>(k) + 1, "t", {time[k], time[k - 1]}});
-  const double first = batch.Cx.time.front(), last = batch.Cx.time.back();
+  const double first = batch.Cx.time.front();
   if (first != 0)
     remarks.push_back({RemarkKind::FirstSampleLate, batch.Cx.row.front(), "t", {first}});
-  const double end = batch.experiment.finalTime;
+}
+
+void LookAtPossibility(const Batch& batch, Remarks& remarks) {
+  const std::vector<double>& time = batch.experiment.time;
+  const auto row = [](std::size_t k) { return static_cast<int>(k) + 1; };
+  for (std::size_t k = 0; k < time.size(); ++k) {
+    if (time[k] < 0) remarks.push_back({RemarkKind::NegativeTime, row(k), "t", {time[k]}});
+    using Series = std::pair<std::string_view, const std::vector<double>&>;
+    for (const auto& [variable, values] :
+         {Series{"Cx", batch.experiment.Cx}, Series{"Cs", batch.experiment.Cs},
+          Series{"Cp", batch.experiment.Cp}})
+      if (values[k] < 0)
+        remarks.push_back({RemarkKind::NegativeValue, row(k), variable, {values[k]}});
+  }
+  const double end = batch.experiment.finalTime, last = batch.Cx.time.back();
   if (end < last)
     remarks.push_back({RemarkKind::FinalTimeEarly, batch.Cx.row.back(), "t", {end, last}});
+  else if (end <= 0)
+    remarks.push_back({RemarkKind::NoDuration, batch.Cx.row.back(), "t", {end}});
 }
 
 void LookAtConcentrations(const Batch& batch, Remarks& remarks) {
@@ -180,31 +197,44 @@ void LookAtSinglePoints(std::string_view variable, const TimeCourse& course, Rem
   }
 }
 
-}  // namespace
+void LookAtAll(const Batch& batch, Remarks& remarks) {
+  LookAtTimes(batch, remarks);
+  LookAtPossibility(batch, remarks);
+  LookAtConcentrations(batch, remarks);
+  LookAtGrowthRate(batch, remarks);
+  LookAtFalls(batch, remarks);
+  LookAtEarlyProduct(batch, remarks);
+  LookAtYields(batch, remarks);
+  LookAtSinglePoints("Cx", batch.Cx, remarks);
+  LookAtSinglePoints("Cs", batch.Cs, remarks);
+  LookAtSinglePoints("Cp", batch.Cp, remarks);
+}
 
-std::vector<Remark> CheckData(std::span<const Experiment> experiments) {
+Remarks Looking(std::span<const Experiment> experiments,
+                void (*look)(const Batch& batch, Remarks& remarks)) {
   Remarks remarks;
   int place = 0;
   for (const Experiment& experiment : experiments) {
     ++place;
     if (experiment.Points() == 0) continue;
-    const Batch batch(experiment);
     const std::size_t before = remarks.size();
-    LookAtTimes(batch, remarks);
-    LookAtConcentrations(batch, remarks);
-    LookAtGrowthRate(batch, remarks);
-    LookAtFalls(batch, remarks);
-    LookAtEarlyProduct(batch, remarks);
-    LookAtYields(batch, remarks);
-    LookAtSinglePoints("Cx", batch.Cx, remarks);
-    LookAtSinglePoints("Cs", batch.Cs, remarks);
-    LookAtSinglePoints("Cp", batch.Cp, remarks);
+    look(Batch(experiment), remarks);
     for (std::size_t i = before; i < remarks.size(); ++i) {
       remarks[i].place = place;
       remarks[i].number = experiment.number;
     }
   }
   return remarks;
+}
+
+}  // namespace
+
+std::vector<Remark> CheckData(std::span<const Experiment> experiments) {
+  return Looking(experiments, LookAtAll);
+}
+
+std::vector<Remark> CheckPossible(std::span<const Experiment> experiments) {
+  return Looking(experiments, LookAtPossibility);
 }
 
 std::string Worded(const Remark& remark, Language language) {

@@ -27,6 +27,9 @@ enum class RemarkKind : std::uint8_t {
   TooConcentrated,      // the value
   LooksLikeMinutes,     // the shortest doubling time
   LooksLikeDays,        // the shortest doubling time
+  NegativeTime,         // the time
+  NegativeValue,        // the concentration
+  NoDuration,           // the final time
 };
 
 /// One remark. It changes nothing and need not be a fault.
@@ -41,6 +44,10 @@ struct Remark {
 
 /// The remarks on all experiments, in their order.
 std::vector<Remark> CheckData(std::span<const Experiment> experiments);
+
+/// Of these remarks those on values that no measurement gives and no simulation can follow:
+/// negative times and concentrations, a final time that is not positive or before the last sample.
+std::vector<Remark> CheckPossible(std::span<const Experiment> experiments);
 
 /// The remark on one line, UTF-8, its numbers to four digits.
 std::string Worded(const Remark& remark, Language language);

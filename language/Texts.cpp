@@ -270,6 +270,7 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::FileUnknownChoice, "\"{1}\" is not known and selects nothing; choose, and save the conditions again", "\"{1}\" não é conhecido e não seleciona nada; escolha e salve as condições de novo"},
     {TextId::FileFittedTwice, "\"{1}\" stands for a parameter that is fitted already; remove one of the two, with its bounds, and count one less", "\"{1}\" indica um parâmetro que já é ajustado; retire um dos dois, com seus limites, e conte um a menos"},
     {TextId::FileBadByte, "the byte {1} is no letter, although the file begins as UTF-8; save it as UTF-8 or as Windows-1252", "o byte {1} não é uma letra, embora o arquivo comece como UTF-8; salve-o como UTF-8 ou como Windows-1252"},
+    {TextId::FileTooLarge, "it has more than {1} MB; --limit MB lets more be read", "tem mais de {1} MB; --limit MB permite ler mais"},
 
     // The items of a file, in the order of FileField; {1} is the item's number.
     {TextId::FieldNone, "", ""},
@@ -354,6 +355,9 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::TooConcentrated, "experiment {1}, row {2}: {3} = {4} is more than a broth holds: are these g/L, or mg/L?", "experimento {1}, linha {2}: {3} = {4} é mais do que um caldo comporta: são g/L ou mg/L?"},
     {TextId::LooksLikeMinutes, "experiment {1}, row {2}: the cells double in {4} h at best: are the times hours, or minutes?", "experimento {1}, linha {2}: as células dobram em {4} h, no melhor caso: os tempos são horas ou minutos?"},
     {TextId::LooksLikeDays, "experiment {1}, row {2}: the cells double in {4} h: are the times hours, or days?", "experimento {1}, linha {2}: as células dobram em {4} h: os tempos são horas ou dias?"},
+    {TextId::NegativeTime, "experiment {1}, row {2}: the time {4} h is negative; count from the inoculation", "experimento {1}, linha {2}: o tempo {4} h é negativo; conte a partir da inoculação"},
+    {TextId::NegativeConcentration, "experiment {1}, row {2}: {3} is {4} g/L; no concentration is negative", "experimento {1}, linha {2}: {3} é {4} g/L; nenhuma concentração é negativa"},
+    {TextId::NoDuration, "experiment {1}: the final time is {4} h; a simulation needs one above 0", "experimento {1}: o tempo final é {4} h; uma simulação precisa de um acima de 0"},
 
     // Why values and ranges are proposed.
     {TextId::FromFirstSample, "the earliest sample, at {1} h", "a amostra mais antiga, de {1} h"},
@@ -563,6 +567,7 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::SameFile, "the output {1} is the input file; choose another name", "a saída {1} é o arquivo de entrada; escolha outro nome"},
     {TextId::SeeHelp, "; see --help", "; veja --help"},
     {TextId::NoSuchCommand, "there is no command \"{1}\"", "não existe o comando \"{1}\""},
+    {TextId::StandardInputTwice, "\"-\" stands for standard input, which holds one file only", "\"-\" indica a entrada padrão, que contém um só arquivo"},
 
     // Rules that only the command line has.
     {TextId::ModelLacks, "the model {1} has no parameter {2}; its parameters are {3}", "o modelo {1} não tem o parâmetro {2}; seus parâmetros são {3}"},
@@ -618,6 +623,19 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::RowDropped, "there is no value; the row was left out", "não há valor; a linha foi omitida"},
     {TextId::ValueInterpolated, "there is no value; {1} was interpolated", "não há valor; {1} foi interpolado"},
     {TextId::DecideMissing, ", or choose --missing drop-row or --missing interpolate", ", ou escolha --missing drop-row ou --missing interpolate"},
+    {TextId::TooManyLines, "a table has at most {1} lines; split it", "uma tabela tem no máximo {1} linhas; divida-a"},
+    {TextId::TooManyColumns, "a table has at most {1} columns; remove those that are not needed", "uma tabela tem no máximo {1} colunas; retire as desnecessárias"},
+    {TextId::TooManyCellsInTable, "a table has at most {1} cells; split it, or remove columns that are not needed", "uma tabela tem no máximo {1} células; divida-a ou retire colunas desnecessárias"},
+    {TextId::CellDate, "\"{1}\" is a date or a time of day; write the hours since inoculation as a number", "\"{1}\" é uma data ou hora do dia; escreva como número as horas desde a inoculação"},
+    {TextId::RowsUnsorted, "{1} h stands below {2} h; the rows are kept as they stand", "{1} h está abaixo de {2} h; as linhas ficam como estão"},
+    {TextId::ExperimentTwice, "the experiment \"{1}\" stands in another table too; rename one", "o experimento \"{1}\" está também em outra tabela; renomeie um deles"},
+    {TextId::WorkbookDamaged, "the workbook is damaged; open and save it again, or save it as CSV UTF-8", "a pasta de trabalho está danificada; abra-a e salve-a de novo ou salve-a como CSV UTF-8"},
+    {TextId::WorkbookTooLarge, "the workbook unpacks to more than {1} MB; --limit MB lets more be read", "a pasta de trabalho ocupa, descompactada, mais de {1} MB; --limit MB permite ler mais"},
+    {TextId::NoWorkbook, "this archive is no Excel workbook; save the table as .xlsx or as CSV UTF-8", "este arquivo compactado não é uma pasta de trabalho do Excel; salve a tabela como .xlsx ou CSV UTF-8"},
+    {TextId::OldWorkbook, "this is an Excel workbook of the old kind (.xls) or with a password; save it as .xlsx without one, or as CSV UTF-8", "esta é uma pasta de trabalho antiga do Excel (.xls) ou com senha; salve-a como .xlsx sem senha ou como CSV UTF-8"},
+    {TextId::NoSuchSheet, "there is no sheet \"{1}\"; the workbook has {2}", "não há a planilha \"{1}\"; a pasta de trabalho tem {2}"},
+    {TextId::SheetTaken, "the sheet \"{1}\" was read; there are also {2} (--sheet)", "a planilha \"{1}\" foi lida; há também {2} (--sheet)"},
+    {TextId::SheetOfText, "--sheet is for Excel workbooks; this is a text", "--sheet serve para pastas de trabalho do Excel; isto é um texto"},
 
     // What the commands print.
     {TextId::ModelHeading, "Model", "Modelo"},
@@ -656,6 +674,8 @@ constexpr auto kTable = std::to_array<Entry>({
 
     // The machine.
     {TextId::OutputFailed, "the output cannot be written: {1}", "a saída não pode ser escrita: {1}"},
+    {TextId::OtherNamesKeepOld, "the file has other names (hard links), which keep the old content", "o arquivo tem outros nomes (hard links), que mantêm o conteúdo antigo"},
+    {TextId::OwnerBecomesUser, "the file belongs to another user or group and becomes yours", "o arquivo é de outro usuário ou grupo e passa a ser seu"},
     {TextId::NoCharts, "the charts cannot be drawn ({1}); the report is without them", "os gráficos não podem ser desenhados ({1}); o relatório fica sem eles"},
     {TextId::OutOfMemory, "there is not enough memory", "não há memória suficiente"},
     {TextId::OutOfMemoryInFit, "there is not enough memory; a smaller --npop needs less", "não há memória suficiente; um --npop menor precisa de menos"},

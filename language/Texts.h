@@ -142,6 +142,7 @@ enum class TextId : std::int16_t {
   FileUnknownChoice,
   FileFittedTwice,
   FileBadByte,
+  FileTooLarge,
 
   // The items of a file, in the order of FileField; {1} is the item's number.
   FieldNone,
@@ -226,6 +227,9 @@ enum class TextId : std::int16_t {
   TooConcentrated,
   LooksLikeMinutes,
   LooksLikeDays,
+  NegativeTime,
+  NegativeConcentration,
+  NoDuration,
 
   // Why values and ranges are proposed.
   FromFirstSample,
@@ -436,6 +440,7 @@ enum class TextId : std::int16_t {
   SameFile,
   SeeHelp,
   NoSuchCommand,
+  StandardInputTwice,
 
   // Rules that only the command line has.
   ModelLacks,
@@ -491,6 +496,19 @@ enum class TextId : std::int16_t {
   RowDropped,
   ValueInterpolated,
   DecideMissing,
+  TooManyLines,
+  TooManyColumns,
+  TooManyCellsInTable,
+  CellDate,
+  RowsUnsorted,
+  ExperimentTwice,
+  WorkbookDamaged,
+  WorkbookTooLarge,
+  NoWorkbook,
+  OldWorkbook,
+  NoSuchSheet,
+  SheetTaken,
+  SheetOfText,
 
   // What the commands print.
   ModelHeading,
@@ -529,6 +547,8 @@ enum class TextId : std::int16_t {
 
   // The machine.
   OutputFailed,
+  OtherNamesKeepOld,
+  OwnerBecomesUser,
   NoCharts,
   OutOfMemory,
   OutOfMemoryInFit,

@@ -14,6 +14,7 @@
 
 #include "cultivation/ConditionsFile.h"
 #include "data/ExperimentFile.h"
+#include "data/FileBytes.h"
 #include "data/SafeSave.h"
 
 namespace velmora {

@@ -9,7 +9,7 @@
 #include "app/settings/frmParametros.h"
 #include "app/widgets/Idiomas.h"
 #include "cultivation/FitSetUp.h"
-#include "data/SafeSave.h"
+#include "data/FileBytes.h"
 #include "estimation/EvolucaoDiferencial.h"
 #include "estimation/ResultTexts.h"
 #include "tests/data/FileTesting.h"

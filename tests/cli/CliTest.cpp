@@ -48,7 +48,7 @@ TEST_F(Cli, ShowsATerminalWhatItWouldObey) {
   WriteFile(odd, Replaced("molasses.abr", "\nA\r", "\nbefore\x1b[2Jafter \xE7\r"));
   int terminal = 0, program = 0;
   ASSERT_EQ(openpty(&terminal, &program, nullptr, nullptr, nullptr), 0);
-  ASSERT_EQ(Program({"check", odd}, {0, program}).Wait().code, 0);
+  ASSERT_EQ(Program({"check", odd}, {.out = program}).Wait().code, 0);
   std::string shown(4096, '\0');
   shown.resize(static_cast<std::size_t>(read(terminal, shown.data(), shown.size())));
   close(program);

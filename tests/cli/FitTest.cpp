@@ -257,7 +257,7 @@ TEST_F(Fit, PrintsTheResultsOfASearchThatEndedBeforeCtrlC) {
   const std::string report = folder_ / "fit.rtf";
   std::vector<std::string> arguments = LongFit("100");
   arguments.insert(arguments.end(), {"--report", report});
-  Program program(arguments, {0, pipe.WriteEnd()});
+  Program program(arguments, {.out = pipe.WriteEnd()});
   WaitUntil([&] { return !BytesOf(report).empty(); });
   program.Send(SIGINT);
   EXPECT_EQ(json::parse(pipe.Read()).at("outcome"), "converged");
@@ -272,7 +272,7 @@ TEST_F(Fit, WritesTheReportWhereNobodyReadsTheProgress) {
   Program program(
       {"fit", kExamples + "molasses.abr", kExamples + "molasses-conditions.abr", "--method", "ED",
        "--npop", "300", "--eps", "1e-7", "--progress", "--report", report},
-      {0, ends[1]});
+      {.out = ends[1]});
   const Ran ran = program.Wait();
   close(ends[1]);
   EXPECT_EQ(ran.code, 3);

@@ -22,7 +22,6 @@ class Import : public testing::Test {
   }
   std::string File() const { return folder_ / "out.abr"; }
 
- private:
   TemporaryFolder folder_;
 };
 
@@ -135,6 +134,23 @@ TEST_F(Import, TakesWhatBecomesOfGaps) {
   EXPECT_NE(BytesOf(File()).find("|1|2|2|3|"), std::string::npos);
   ImportText(table, " --missing drop-row");
   EXPECT_NE(BytesOf(File()).find("|0|1|2|3|\r\n|2|3|2|3|"), std::string::npos);
+}
+
+TEST_F(Import, ReadsManyFilesAndStandardStreams) {
+  const std::string other = folder_ / "run 3.csv", copy = folder_ / "copy.abr";
+  WriteFile(other, "t,Cs,Cx,Cp\n0,4,5,6\n2,3,6,7\n");
+  ASSERT_EQ(ImportText("t,Cs,Cx,Cp\n0,1,2,3\n").code, 0);
+  const std::string table = folder_ / "table.csv";
+  const Ran ran = Program({"import", table, other, "-o", "-"}).Wait();
+  EXPECT_NE(ran.out.find("#1\r\ntable\r\n"), std::string::npos) << ran.out;
+  EXPECT_NE(ran.out.find("#2\r\nrun 3\r\n"), std::string::npos);
+  EXPECT_NE(ran.err.find("experiment 1: the final time is 0 h"), std::string::npos) << ran.err;
+  EXPECT_EQ(Program({"import", table, "-o", "-", "--quiet"}).Wait().err, "");
+  WriteFile(copy, ran.out);
+  EXPECT_NE(Program({"check", "-"}, {.in = copy}).Wait().out.find("\"run 3\""), std::string::npos);
+  EXPECT_EQ(Program({"import", table, "-o", copy, "--limit", "0.00001"}).Wait().code, 3);
+  EXPECT_EQ(BytesOf(copy), ran.out);
+  EXPECT_EQ(Program({"fit", "-", "-"}).Wait().code, 2);
 }
 
 TEST_F(Import, RefusesMorePointsThanItsFileCounts) {

@@ -30,6 +30,7 @@ struct Ran {
 struct Surroundings {
   int ignored = 0;
   int out = -1;
+  std::string in = "/dev/null";  // the file that it reads
 };
 
 /// The program VELMORA_CLI, started; its output is kept in files of its own.
@@ -44,6 +45,7 @@ class Program {
     posix_spawn_file_actions_t files;
     posix_spawn_file_actions_init(&files);
     const int flags = O_WRONLY | O_CREAT | O_TRUNC;
+    posix_spawn_file_actions_addopen(&files, 0, in.in.c_str(), O_RDONLY, 0);
     posix_spawn_file_actions_addopen(&files, 1, (folder_ / "out").c_str(), flags, 0600);
     posix_spawn_file_actions_addopen(&files, 2, (folder_ / "err").c_str(), flags, 0600);
     if (in.out >= 0) posix_spawn_file_actions_adddup2(&files, in.out, 1);

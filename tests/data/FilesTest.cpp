@@ -1,6 +1,8 @@
 // The experiment file in both directions, its letters, and saving.
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <iconv.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -10,6 +12,7 @@
 #include <regex>
 
 #include "data/ExperimentFile.h"
+#include "data/FileBytes.h"
 #include "data/SafeSave.h"
 #include "data/Windows1252.h"
 #include "tests/data/FileTesting.h"
@@ -162,6 +165,43 @@ TEST(SafeSave, KeepsPermissionsAndFollowsLinks) {
   }
   EXPECT_TRUE(std::filesystem::is_symlink(folder / "link"));
   EXPECT_EQ(folder.Entries(), 4);
+}
+
+// What a killed save left is removed by the next one, but not what another save still holds.
+TEST(SafeSave, RemovesWhatAKilledSaveLeft) {
+  const TemporaryFolder folder;
+  for (const char* name : {".velmora-left", ".velmora-held", ".velmora-Other.txt", "velmora-mine"})
+    std::ofstream(folder / name) << "x";
+  const int held = open((folder / ".velmora-held").c_str(), O_RDONLY);
+  ASSERT_EQ(flock(held, LOCK_EX), 0);
+  EXPECT_FALSE(SafeSave(folder / "file", "new"));
+  EXPECT_EQ(BytesOf(folder / ".velmora-left"), "");
+  EXPECT_EQ(folder.Entries(), 4);
+  close(held);
+}
+
+TEST(SafeSave, SaysBeforehandWhatItWouldChange) {
+  const TemporaryFolder folder;
+  ASSERT_FALSE(SafeSave(folder / "file", "old"));
+  EXPECT_FALSE(ChangesOfSaving(folder / "file").otherNames);
+  std::filesystem::create_hard_link(folder / "file", folder / "other");
+  EXPECT_TRUE(ChangesOfSaving(folder / "file").otherNames);
+  EXPECT_EQ(ChangesOfSaving("/etc/passwd").owner, geteuid() != 0);
+  if (geteuid() != 0) return;
+  ASSERT_EQ(chown((folder / "file").c_str(), 1234, 2345), 0);
+  EXPECT_FALSE(SafeSave(folder / "file", "new"));
+  struct stat status {};
+  stat((folder / "file").c_str(), &status);
+  EXPECT_EQ(std::pair(status.st_uid, status.st_gid), std::pair(1234u, 2345u));
+}
+
+TEST(FileBytes, AreNotReadBeyondTheLimit) {
+  const TemporaryFolder folder;
+  ASSERT_FALSE(SafeSave(folder / "file", "12345"));
+  EXPECT_EQ(ReadWholeFile(folder / "file", 5).bytes, "12345");
+  const FileBytes read = ReadWholeFile(folder / "file", 4);
+  EXPECT_EQ(read.fault.value().reason, FileReason::TooLarge);
+  EXPECT_EQ(read.bytes, "");
 }
 
 TEST(SafeSave, LeavesTheOldFileAloneOnAFullDisk) {

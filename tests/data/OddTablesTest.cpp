@@ -5,6 +5,7 @@
 
 #include "data/MeasuredTable.h"
 #include "language/Numbers.h"
+#include "tests/data/FileTesting.h"
 
 namespace velmora {
 namespace {
@@ -119,7 +120,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "2: the table is not UTF-8"},
         OddTable{"Windows-1252",
                  "Ensaio;Tempo;Substrato;C\xE9lulas;Produto\nfermenta\xE7\xE3o;0;1;2;3\n",
-                 "fermentação: 0 1 2 3", "1 1 1 1 0 "},
+                 "fermentação: 0 1 2 3", "0 1 1 1 1 "},
         OddTable{"old line ends", "# remark\rt,note,Cs,Cx,Cp\r\r0,\"two\rlines\",1,2,3\r1,,1,2,x\r",
                  "6: row 2, column Cp"},
         OddTable{"an exponent shows the mark", "t;Cs;Cx;Cp\n0;1,234E1;2;3\n", ": 0 12.34 2 3"},
@@ -206,7 +207,7 @@ INSTANTIATE_TEST_SUITE_P(
                     OddTable{"values interpolated",
                              kGaps,
                              "a: 4 10 2 4 | 0 20 1 0 | 1 17.5 1 1 | 8 6 3 8; b: 2 5 5 5",
-                             "2 4 4 ",
+                             "3 2 4 4 ",
                              {.missing = Missing::Interpolate}},
                     OddTable{"nothing behind the gap",
                              "t,Cs,Cx,Cp\n0,1,2,3\n1,-,2,3\n",
@@ -223,6 +224,85 @@ INSTANTIATE_TEST_SUITE_P(
                              "\"n.d.\" is not a number",
                              "",
                              {.missing = Missing::DropRow}}));
+
+// Experiments of one sheet below each other or side by side, each with its header.
+INSTANTIATE_TEST_SUITE_P(
+    Blocks, OddTables,
+    testing::Values(
+        OddTable{"below each other, with titles",
+                 "2026\nBatch 4\nt,Cs,Cx,Cp\n0,20,1,0\n1,18,2,\"1,5\"\n\nBatch 5\n"
+                 "t (min),Cp,Cs,Cx\n0,\"1,234\",30,2\nMean,1,2,3\n",
+                 "Batch 4: 0 20 1 0 | 1 18 2 1.5; Batch 5: 0 30 2 1.234", "1 8 10 "},
+        OddTable{"below each other, without titles", "t,Cs,Cx,Cp\n0,1,2,3\nt,Cs,Cx,Cp\n0,4,5,6\n",
+                 "1: 0 1 2 3; 2: 0 4 5 6"},
+        OddTable{"side by side",
+                 "Batch 4,,,,,Batch 5,,,\ntime,glucose,cells,product,,time,glucose,cells,product\n"
+                 "0,1,2,3,,0,4,5,6\n,,,,,1,7,8,9\n",
+                 "Batch 4: 0 1 2 3; Batch 5: 0 4 5 6 | 1 7 8 9", "2 2 2 2 2 2 "},
+        OddTable{"two times for one substrate", "t,Cs,Cx,Cp,t\n0,1,2,3,0\n",
+                 "1: two columns begin with t"},
+        OddTable{"an experiment in two blocks",
+                 "exp,t,Cs,Cx,Cp\na,0,1,2,3\nexp,t,Cs,Cx,Cp\na,1,1,2,3\n",
+                 "3: the experiment \"a\" stands in another table too"},
+        OddTable{"rows out of order", "t,Cs,Cx,Cp\n4,1,2,3\n0,9,1,0\n2,5,2,1\n",
+                 ": 4 1 2 3 | 0 9 1 0 | 2 5 2 1", "3 "}));
+
+/// A workbook made by the program of that name: a hidden sheet before "Yeast", titles, minutes, a
+/// note beside the table, a formula below it, and a sheet "Clock" with a time of day.
+std::string Workbook(const std::string& maker) {
+  return BytesOf(VELMORA_SOURCE_FOLDER "/tests/data/workbooks/" + maker + ".xlsx");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Workbooks, OddTables,
+    testing::Values(
+        OddTable{"the first sheet that is shown", Workbook("libxlsxwriter"),
+                 "E7: 0 20.5 0.25 0 | 1.5 18.125 0.3333333333333333 1E-05; E3: 0 1234.5 0.1 2",
+                 "0 1 3 3 "},
+        OddTable{"blocks in a sheet", Workbook("libreoffice"),
+                 "Batch 4: 0 20 0.1 0 | 2 18 0.8 1 | 4 10 3 2; Batch 5: 0 30.5 0.2 0 | 3 25 1.5 2"},
+        OddTable{"a time of day",
+                 Workbook("libxlsxwriter"),
+                 "2: row 1, column t: \"0.2708333333333333\" is a date or a time of day",
+                 "",
+                 {.sheet = "Clock"}},
+        OddTable{"a sheet that is not there",
+                 Workbook("libxlsxwriter"),
+                 "0: there is no sheet \"Yeats\"; the workbook has Notes, Yeast, Clock",
+                 "",
+                 {.sheet = "Yeats"}},
+        OddTable{
+            "a sheet of a text", "t,Cs,Cx,Cp\n0,1,2,3\n", "--sheet is for", "", {.sheet = "A"}},
+        OddTable{"more than may be unpacked",
+                 Workbook("libxlsxwriter"),
+                 "0: the workbook unpacks to more than 0.004 MB",
+                 "",
+                 {.limit = 4000}},
+        OddTable{"a workbook cut short", Workbook("libreoffice").substr(0, 4000), "is damaged"},
+        OddTable{"an old workbook", "\xD0\xCF\x11\xE0\xA1\xB1", "of the old kind (.xls)"}));
+
+TEST(ManyTables, AreToldApartByTheirNames) {
+  const std::string b = "t,Cs,Cx,Cp\n0,4,5,6\n";
+  const TableFile files[] = {{"t,Cs,Cx,Cp\n0,1,2,3\n", "run 7"}, {b, "run 3"}, {b, "run 7"}};
+  const TableRead two = ReadTables({files, 2}, {});
+  EXPECT_EQ(Content(two), "run 7: 0 1 2 3; run 3: 0 4 5 6");
+  EXPECT_EQ(two.lists.At(2).number, 3);
+  EXPECT_EQ(ReadTables({files, 2}, {.only = {"run 3"}}).lists.Count(), 1);
+  const TableRead three = ReadTables(files, {});
+  EXPECT_EQ(three.fault.value().table, 2u);
+  EXPECT_NE(Content(three).find("\"run 7\" stands in another"), std::string::npos);
+}
+
+TEST(ManyTables, EndWhereTheyTakeTooMuchMemory) {
+  const auto said = [](const std::string& table) { return Content(ReadTable(table, {})); };
+  EXPECT_NE(said("t,Cs,Cx,Cp\n" + std::string(20'000, ',')).find("at most 16384 columns"),
+            std::string::npos);
+  std::string rows = "t,Cs,Cx,Cp\n";
+  for (int row = 0; row < 200; ++row) rows += std::string(12'000, ',') + "\n";
+  EXPECT_NE(said(rows).find("at most 2000000 cells"), std::string::npos);
+  EXPECT_NE(said("t,Cs,Cx,Cp\n" + std::string(1'100'000, '\n') + "0,1,2,3\n").find("lines"),
+            std::string::npos);
+}
 
 // Excerpts of published tables: Zentou et al. 2019, Biomolecules 9(8):308, digitised, as saved with
 // decimal commas; Zahoor et al. 2020, Biotechnol Biofuels, doi:10.1186/s13068-020-01822-9, Fig. 2;

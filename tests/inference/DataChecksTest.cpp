@@ -152,8 +152,20 @@ TEST(DataChecks, LooksAtFewPointsWithoutAFault) {
     experiment.Cx.push_back(1);
     experiment.Cs.push_back(10);
     experiment.Cp.push_back(0);
-    experiment.finalTime = time;
+    experiment.finalTime = 2;
   }
+}
+
+TEST(DataChecks, TellsWhatNoSimulationCanFollow) {
+  const Experiment experiments[] = {{1, "", {0, -1}, {1, 2}, {10, -5}, {0, 0}, 4, true},
+                                    {2, "", {0}, {1}, {1}, {1}, 0, true},
+                                    {3, "", {0, 3}, {1, 2}, {10, 5}, {0, 0}, 2, true},
+                                    {4, "", {3, 0}, {2, 1}, {1, 9}, {0, 0}, 3, true}};
+  std::string told;
+  for (const Remark& remark : CheckPossible(experiments))
+    told += std::to_string(remark.number) + ":" + std::to_string(remark.row) + " " +
+            std::string(remark.variable) + " ";
+  EXPECT_EQ(told, "1:2 t 1:2 Cs 2:1 t 3:2 t ");
 }
 
 }  // namespace
