@@ -224,4 +224,23 @@ void CairoCanvas::DrawMarkers(std::string_view marker, std::span<const PaperPoin
   }
 }
 
+std::vector<std::vector<PaperPoint>> CairoCanvas::TextOutlines(std::string_view text) {
+  constexpr double kSmooth = 0.05;  // pixels between a curve and its pieces
+  cairo_new_path(pen_.get());
+  cairo_set_tolerance(pen_.get(), kSmooth);
+  cairo_move_to(pen_.get(), 0, 0);
+  cairo_text_path(pen_.get(), std::string(text).c_str());
+  const std::unique_ptr<cairo_path_t, decltype(&cairo_path_destroy)> path(
+      cairo_copy_path_flat(pen_.get()), cairo_path_destroy);
+  cairo_new_path(pen_.get());
+  std::vector<std::vector<PaperPoint>> outlines;
+  for (int i = 0; i < path->num_data; i += path->data[i].header.length) {
+    const cairo_path_data_type_t type = path->data[i].header.type;
+    if (type == CAIRO_PATH_CLOSE_PATH) continue;
+    if (type == CAIRO_PATH_MOVE_TO || outlines.empty()) outlines.emplace_back();
+    outlines.back().push_back({path->data[i + 1].point.x, path->data[i + 1].point.y});
+  }
+  return outlines;
+}
+
 }  // namespace velmora

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "charts/ChartCanvas.h"
 
@@ -39,6 +40,10 @@ class CairoCanvas : public ChartCanvas {
   void DrawDots(std::span<const PaperPoint> centres, double width, Ink ink) override;
   void DrawMarkers(std::string_view marker, std::span<const PaperPoint> centres, double size,
                    Ink ink, double lineWidth) override;
+
+ protected:
+  /// The outlines of a text's letters, flattened, about the start of its base line.
+  std::vector<std::vector<PaperPoint>> TextOutlines(std::string_view text);
 
  private:
   struct Release {

@@ -18,6 +18,7 @@ constexpr double kTitleSize = 1.2;  // of the labels' height
 constexpr std::size_t kTitleLines = 3;
 constexpr double kTitleWidth = 0.8;   // of the paper
 constexpr double kLabelsPerLine = 3;  // lines of letters from one label to the next, upwards
+constexpr int kMostTimes = 11;        // labels: more are not read
 constexpr double kLeastFrame = 10;    // units
 
 double Logarithm(double value, bool logarithmic) {
@@ -85,7 +86,8 @@ class Layout {
 
   /// As many labels as do not touch.
   void LayTimes(double left, double right) {
-    const int most = static_cast<int>((right - left) / (3 * canvas_.WidthOf("0"))) + 1;
+    const int most =
+        std::min(kMostTimes, static_cast<int>((right - left) / (3 * canvas_.WidthOf("0"))) + 1);
     for (int count = std::max(most, 2); count >= 2; --count) {
       layout_.x = {TicksOf(figure_.x, count, figure_.separator), IsLogarithmic(figure_.x), left,
                    right};

@@ -130,12 +130,15 @@ std::vector<ReportPicture> PicturesOf(const EndedFit& fit, const Console& consol
   }
 }
 
-std::optional<FileFault> WriteReport(const EndedFit& fit, const std::string& path,
+std::optional<FileFault> WriteReport(const EndedFit& fit, const FitOptions& options,
                                      const Console& console) {
+  const EstimationSettings settings = SettingsOf(options.settings, console.say);
   ReportContent report = ReportOf(fit.problem, fit.inputs.conditions, fit.result, fit.deviations,
                                   fit.verdict, {console.say.In(), '.'});
   report.pictures = PicturesOf(fit, console);
-  return SaveReport(report, path);
+  report.summary = SummaryOf(fit.problem, fit.result, fit.method, settings,
+                             {options.inputs.experiments, options.inputs.conditions});
+  return SaveReport(report, *options.report);
 }
 
 ExitCode CodeOf(const EndedFit& fit, const StopSignals& signals) {
@@ -171,7 +174,7 @@ std::vector<Intervals> IntervalsOf(const FitProblem& problem, const SearchResult
 bool Show(const EndedFit& fit, const FitOptions& options, const FitProgress& progress,
           const Console& console) {
   std::optional<FileFault> unsaved;
-  if (options.report) unsaved = WriteReport(fit, *options.report, console);
+  if (options.report) unsaved = WriteReport(fit, options, console);
   if (unsaved) console.Complain(console.say.Of(*unsaved));
   if (progress.Unwritten()) throw *progress.Unwritten();
   console.PrintOrRescue(options.json ? JsonOf(fit, console.say) : TextOf(fit, console.say));

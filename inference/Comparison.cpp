@@ -57,17 +57,6 @@ class Explained {
   double residuals_ = 0;
 };
 
-PerVariable<double> ExplainedBy(const SimulatedFit& fit, const FitProblem& problem) {
-  Explained Cx, Cs, Cp;
-  for (std::size_t e = 0; e < problem.experiments.size(); ++e) {
-    const MeasuredSeries& simulated = fit.experiments[e].simulated;
-    Cx.Add(problem.experiments[e].Cx, simulated.Cx);
-    Cs.Add(problem.experiments[e].Cs, simulated.Cs);
-    Cp.Add(problem.experiments[e].Cp, simulated.Cp);
-  }
-  return {Cx.RSquared(), Cs.RSquared(), Cp.RSquared()};
-}
-
 /// The model with the ranges that the data propose for its parameters.
 ComparedModel BeforeFit(const Model& model, std::span<const Experiment> experiments) {
   ComparedModel compared;
@@ -158,6 +147,17 @@ void Rank(std::vector<ComparedModel>& models) {
 }
 
 }  // namespace
+
+PerVariable<double> ExplainedBy(const SimulatedFit& fit, const FitProblem& problem) {
+  Explained Cx, Cs, Cp;
+  for (std::size_t e = 0; e < problem.experiments.size(); ++e) {
+    const MeasuredSeries& simulated = fit.experiments[e].simulated;
+    Cx.Add(problem.experiments[e].Cx, simulated.Cx);
+    Cs.Add(problem.experiments[e].Cs, simulated.Cs);
+    Cp.Add(problem.experiments[e].Cp, simulated.Cp);
+  }
+  return {Cx.RSquared(), Cs.RSquared(), Cp.RSquared()};
+}
 
 bool ComparedModel::Ranked() const {
   return result.end == SearchEnd::Converged || result.end == SearchEnd::EvaluationLimit;

@@ -68,6 +68,9 @@ Comparison CompareModels(const std::vector<Experiment>& experiments,
                          std::span<const Model* const> models, const ComparisonSettings& settings,
                          ComparisonObserver& observer);
 
+/// R² of the values in g/L that are scored; not a number where these do not vary.
+PerVariable<double> ExplainedBy(const SimulatedFit& fit, const FitProblem& problem);
+
 /// Akaike's information criterion for small samples of a least-squares fit of `parameters`, to
 /// which the variance is added, to `values` values (Hurvich and Tsai 1989); infinite where the
 /// values are not at least three more than the parameters.

@@ -63,6 +63,10 @@ class Report {
 
   void AddHead() {
     Add(Text(TextId::ReportTitle), rich::Look::Title);
+    if (content_.summary)
+      for (auto& block : SummaryDocument(*content_.summary, content_.problem, content_.result,
+                                         content_.deviations, content_.verdict, content_.style))
+        document_.push_back(std::move(block));
     Add(Text(TextId::Version));
     Add(Text(TextId::BatchCultivation));
     Add(Text(TextId::NumberOfExperiments) + std::to_string(content_.records.size()));
@@ -165,7 +169,7 @@ class Report {
 ReportContent ReportOf(const FitProblem& problem, const CultivationConditions& conditions,
                        const SearchResult& result, const Deviations& deviations,
                        const FitVerdict& verdict, TextStyle style) {
-  ReportContent report{style, {}, problem, result, deviations, {}, verdict};
+  ReportContent report{style, {}, problem, result, deviations, {}, verdict, {}};
   for (std::size_t i = 0; i < problem.experiments.size(); ++i)
     report.records.push_back(conditions.At(static_cast<int>(i) + 1));
   return report;

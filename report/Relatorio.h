@@ -12,6 +12,7 @@
 #include "estimation/SearchResult.h"
 #include "inference/Verdicts.h"
 #include "report/RichText.h"
+#include "report/Summary.h"
 
 namespace velmora {
 
@@ -29,7 +30,8 @@ struct ReportContent {
   SearchResult result;
   Deviations deviations;
   std::vector<ReportPicture> pictures;
-  std::optional<FitVerdict> verdict;  // what the data can tell
+  std::optional<FitVerdict> verdict{};     // what the data can tell
+  std::optional<ReportSummary> summary{};  // what the report begins with
 };
 
 /// What the search of `problem` came to, with the `conditions` of its experiments, one record for

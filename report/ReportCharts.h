@@ -1,6 +1,7 @@
 // The charts of a report.
 #pragma once
 
+#include <string>
 #include <vector>
 
 #include "charts/ChartCanvas.h"
@@ -19,17 +20,18 @@ struct ReportChart {
   ChartContent content;
 };
 
-/// The plots of Cx, Cs and Cp with their curves. A plot that has nothing to show is left out.
+/// The plots of Cx, Cs and Cp with their curves, as figures for publication. A plot that has
+/// nothing to show is left out.
 std::vector<ReportChart> ReportCharts(const ExperimentLists& lists, const ModelCurves& curves,
                                       bool gridLines, char separator);
 
-/// Draws the chart with its markers and, below it, one row of a legend, on a canvas of the size
-/// above.
-void DrawReportChart(ChartCanvas& canvas, const ChartContent& content,
-                     const std::vector<LegendRow>& legend);
+/// Draws the chart on a canvas of the size above.
+void DrawReportChart(ChartCanvas& canvas, const ChartContent& content);
+/// The same as an enhanced metafile.
+std::string ReportDrawing(const ChartContent& content);
 
-/// The charts as PNG pictures, drawn without a display, with grid lines and decimal points. Throws
-/// `std::runtime_error` where the graphics library cannot draw.
+/// The charts as PNG pictures and as drawings, drawn without a display, with grid lines and decimal
+/// points. Throws `std::runtime_error` where the graphics library cannot draw.
 std::vector<ReportPicture> ChartPictures(const ExperimentLists& lists, const ModelCurves& curves);
 
 }  // namespace velmora

@@ -121,6 +121,22 @@ std::string RtfRow(const Table& table, const std::vector<std::string>& cells, bo
   return row + "\\row" + std::string(kLineEnd);
 }
 
+std::string RtfPicture(std::string_view kind, const Picture& picture, std::string_view bytes) {
+  std::string text = "{\\pict\\" + std::string(kind);
+  const auto size = [&](std::string_view word, int value) {
+    text += std::string(word) + std::to_string(value);
+  };
+  size("\\picw", picture.width);
+  size("\\pich", picture.height);
+  size("\\picwgoal", kTextWidth);
+  size("\\pichgoal", kTextWidth * picture.height / std::max(1, picture.width));
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    if (i % kBytesInALine == 0) text += kLineEnd;
+    text += Hex(static_cast<unsigned char>(bytes[i]));
+  }
+  return text + "}";
+}
+
 struct RtfWriter {
   std::string operator()(const Paragraph& paragraph) const {
     return RtfParagraph(paragraph.text, FormOf(paragraph.look).rtf);
@@ -133,20 +149,15 @@ struct RtfWriter {
     return text + "}{\\pard\\sl-100\\slmult0\\fs8\\par}" + std::string(kLineEnd);
   }
 
+  /// A reader that knows drawings passes over what stands under \nonshppict, an old one over the
+  /// group with the asterisk.
   std::string operator()(const Picture& picture) const {
-    std::string text = "{\\pard\\sb60{\\pict\\pngblip";
-    const auto size = [&](std::string_view word, int value) {
-      text += std::string(word) + std::to_string(value);
-    };
-    size("\\picw", picture.width);
-    size("\\pich", picture.height);
-    size("\\picwgoal", kTextWidth);
-    size("\\pichgoal", kTextWidth * picture.height / std::max(1, picture.width));
-    for (std::size_t i = 0; i < picture.png.size(); ++i) {
-      if (i % kBytesInALine == 0) text += kLineEnd;
-      text += Hex(static_cast<unsigned char>(picture.png[i]));
-    }
-    return text + "}\\par}" + std::string(kLineEnd);
+    const std::string png = RtfPicture("pngblip", picture, picture.png);
+    const std::string both = picture.emf.empty()
+                                 ? png
+                                 : "{\\*\\shppict" + RtfPicture("emfblip", picture, picture.emf) +
+                                       "}{\\nonshppict" + png + "}";
+    return "{\\pard\\sb60" + both + "\\par}" + std::string(kLineEnd);
   }
 };
 

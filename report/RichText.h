@@ -30,11 +30,13 @@ struct Table {
   std::vector<std::vector<std::string>> rows;  // UTF-8
 };
 
-/// A PNG file's bytes, and its size in pixels. It is shown as wide as the text.
+/// A PNG file's bytes, and its size in pixels. It is shown as wide as the text. `emf` is the same
+/// as a drawing, an enhanced metafile, which rich text shows where its reader can; empty for none.
 struct Picture {
   std::string png;
   int width = 0;
   int height = 0;
+  std::string emf{};
 };
 
 using Document = std::vector<std::variant<Paragraph, Table, Picture>>;

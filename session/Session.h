@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "cultivation/CultivationConditions.h"
+#include "cultivation/CultivationForm.h"
 #include "data/ExperimentEntry.h"
 #include "data/ExperimentLists.h"
 #include "estimation/Deviations.h"
@@ -24,6 +25,9 @@ struct SearchOutcome {
   SearchResult result;
   Deviations deviations;
   ModelCurves curves{};  // of the best vector
+  Method method{};       // by which it was searched
+  EstimationSettings settings{};
+  std::vector<std::string> files{};  // the names of those that held experiments and conditions
 };
 
 /// A search that had a result, with the experiments and conditions as they were.

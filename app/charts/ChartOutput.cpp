@@ -141,6 +141,13 @@ QImage PictureOf(QWidget& widget) {
   return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
 }
 
+std::string DrawingOf(const ChartContent& chart, const QSize& size) {
+  constexpr double kWidth = 160, kDpi = 300;  // mm; a drawing is of any resolution
+  const double height = kWidth * size.height() / std::max(1, size.width());
+  return velmora::PictureOf(std::span(&chart, 1), 1, {}, PictureFormat::Svg,
+                            {kWidth, height, kDpi});
+}
+
 void CopyPicture(const QImage& picture, const std::string& svg) {
   auto* const data = new QMimeData;
   data->setImageData(picture);

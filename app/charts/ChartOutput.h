@@ -23,6 +23,9 @@ namespace velmora {
 /// times the display's scale.
 QImage PictureOf(QWidget& widget);
 
+/// The chart as an SVG file, in the proportions of `size`.
+std::string DrawingOf(const ChartContent& chart, const QSize& size);
+
 /// Puts the picture on the clipboard, from which other programs take it as PNG or bitmap, or, where
 /// `svg` is not empty, as the drawing that these bytes hold.
 void CopyPicture(const QImage& picture, const std::string& svg = {});

@@ -19,6 +19,14 @@ namespace {
 
 constexpr int kResultsWidth = 430;  // the longest heading on one line
 
+/// The names of the files that held the session's experiments and conditions.
+std::vector<std::string> FilesOf(const Session& session) {
+  std::vector<std::string> names;
+  for (const std::string& path : {session.experimentsFile, session.conditionsFile})
+    if (!path.empty()) names.push_back(path.substr(path.rfind('/') + 1));
+  return names;
+}
+
 }  // namespace
 
 RunDisplay::RunDisplay(Session& session, Dialogs& dialogs, FormEntry& entry, QWidget* parent)
@@ -101,13 +109,17 @@ void RunDisplay::Estimate() {
   generations_ = form.method == Method::ED ? static_cast<int>(settings.ITER) : 0;
   quiet_ = false;
   SetRunning(true);
-  const std::optional<SearchOutcome> outcome =
+  const std::vector<std::string> files = FilesOf(session_);
+  std::optional<SearchOutcome> outcome =
       run_->Run(StartSearch(session_, form), form.method, settings);
   SetRunning(false);
   if (!outcome) {
     dialogs_.Show(Window(), Attention({TextId::OutOfBounds}));
     return;
   }
+  outcome->method = form.method;
+  outcome->settings = settings;
+  outcome->files = files;
   const Change change = EndSearch(session_, *outcome);
   ShowOutcome(*outcome);
   emit Changed(change);
@@ -173,6 +185,8 @@ void RunDisplay::Relatorio() {
   ReportContent report =
       ReportOf(outcome.problem, conditions, outcome.result, outcome.deviations,
                JudgeFit(outcome.problem, outcome.result, outcome.deviations), Style());
+  report.summary =
+      SummaryOf(outcome.problem, outcome.result, outcome.method, outcome.settings, outcome.files);
   report.pictures = ReportPictures(lists, outcome.curves, session_.gridLines, session_.separator);
   reportWindow_ = new frmRelatorio(session_, dialogs_, std::move(report), Window()->window());
   reportWindow_->setAttribute(Qt::WA_DeleteOnClose);

@@ -26,12 +26,12 @@ constexpr int kPageMargin = 24, kMargin = 8;
 constexpr int kPictureWidth = 680;
 constexpr int kButtonPadding = 16;  // both sides together
 
-std::string PngOf(const ChartContent& content, const std::vector<LegendRow>& legend) {
+std::string PngOf(const ChartContent& content) {
   QImage image(kReportChartWidth, kReportChartHeight, QImage::Format_RGB32);
   QPainter painter(&image);
   painter.setRenderHint(QPainter::Antialiasing);
   PainterCanvas canvas(painter);
-  DrawReportChart(canvas, content, legend);
+  DrawReportChart(canvas, content);
   painter.end();
   QByteArray png;
   QBuffer buffer(&png);
@@ -44,10 +44,10 @@ std::string PngOf(const ChartContent& content, const std::vector<LegendRow>& leg
 
 std::vector<ReportPicture> ReportPictures(const ExperimentLists& lists, const ModelCurves& curves,
                                           bool gridLines, char separator) {
-  const std::vector<LegendRow> legend = LegendRows(lists);
   std::vector<ReportPicture> pictures;
   for (const auto& [titleId, content] : ReportCharts(lists, curves, gridLines, separator))
-    pictures.push_back({titleId, {PngOf(content, legend), kReportChartWidth, kReportChartHeight}});
+    pictures.push_back(
+        {titleId, {PngOf(content), kReportChartWidth, kReportChartHeight, ReportDrawing(content)}});
   return pictures;
 }
 

@@ -1,7 +1,6 @@
 #include "app/shell/MDIForm1.h"
 
 #include <QApplication>
-#include <QClipboard>
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QLibraryInfo>
@@ -10,6 +9,7 @@
 #include <QMenu>
 #include <QScreen>
 
+#include "app/charts/ChartView.h"
 #include "app/charts/PlotsPanel.h"
 #include "app/charts/frmZoom.h"
 #include "app/cultivation/frmCultBatelada.h"
@@ -267,8 +267,8 @@ void MDIForm1::OpenZoom() {
 void MDIForm1::CopyChart() {
   const QWidget* const window = CultivationActive() ? static_cast<QWidget*>(cultivation_)
                                                     : static_cast<QWidget*>(experiments_);
-  auto* const chart = window->findChild<QWidget*>(QString::fromStdString(session_.clickedChart));
-  if (chart != nullptr) QApplication::clipboard()->setPixmap(chart->grab());
+  auto* const chart = window->findChild<ChartView*>(QString::fromStdString(session_.clickedChart));
+  if (chart != nullptr) CopyPicture(PictureOf(*chart), DrawingOf(chart->Content(), chart->size()));
 }
 
 void MDIForm1::ToggleLegend() {

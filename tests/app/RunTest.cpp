@@ -100,7 +100,7 @@ TEST_F(CultivationWindow, ShowsTheReportOfTheRunAndSavesIt) {
   EXPECT_GT(text->verticalScrollBar()->maximum(), 0);
   QTest::keyClicks(text, QStringLiteral("typed"));
   const auto shown = [&] { return text->toPlainText().toStdString(); };
-  EXPECT_TRUE(shown().starts_with("Report of estimated kinetic parameters\nVersion 1.0\n"));
+  EXPECT_TRUE(shown().starts_with("Report of estimated kinetic parameters\nSummary\n"));
   EXPECT_NE(shown().find("\nKs = " + estimated + " +/- "), std::string::npos);
   const auto picture = [&](int index) {
     const QUrl url(QString::fromStdString(rich::PictureName(index)));

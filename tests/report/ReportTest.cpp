@@ -158,7 +158,7 @@ TEST(Report, IsRichTextToTheByte) {
   ReportContent report = Molasses();
   report.problem.experiments[0].description = "{α \\par} ç <b>&\nlast\x01\xFF";
   report.pictures = {{TextId{130}, {bytes, 300, 200}},
-                     {TextId{126}, {"second", 300, 200}},
+                     {TextId{126}, {"second", 300, 200, "drawn"}},
                      {TextId{125}, {"third", 3, 2}}};
   const std::string rtf = Relatorio(report);
   EXPECT_TRUE(rtf.starts_with("{\\rtf1\\ansi\\ansicpg1252\\uc1"));
@@ -166,12 +166,44 @@ TEST(Report, IsRichTextToTheByte) {
   for (const auto& [open, close] : {std::pair{'\r', '\n'}, {'{', '}'}})
     EXPECT_EQ(std::count(rtf.begin(), rtf.end(), open), std::count(rtf.begin(), rtf.end(), close));
   const std::string picture = "\\picw300\\pich200\\picwgoal9072\\pichgoal6048" + hex + "}\\par}";
-  ExpectInOrder(rtf,
-                {" \\{\\u945? \\\\par\\} \\'e7 <b>&\\line last?\\par}\r\n", " Cx0: \\cell\r\n",
-                 " 1.25\\cell\r\n", "\\cell\r\n\\row\r\n", " Cx versus time\\par}", picture.c_str(),
-                 " Cs versus time\\par}", "7365636f6e64}", " Cp versus time\\par}"});
+  ExpectInOrder(rtf, {" \\{\\u945? \\\\par\\} \\'e7 <b>&\\line last?\\par}\r\n", " Cx0: \\cell\r\n",
+                      " 1.25\\cell\r\n", "\\cell\r\n\\row\r\n", " Cx versus time\\par}",
+                      picture.c_str(), " Cs versus time\\par}", "{\\*\\shppict{\\pict\\emfblip",
+                      "647261776e}}{\\nonshppict{\\pict\\pngblip", "7365636f6e64}}\\par}",
+                      " Cp versus time\\par}"});
   const std::string html = rich::Html(ReportDocument(report), 100);
   ExpectInOrder(html, {">{α \\par} ç &lt;b&gt;&amp;<br>last?<", "src=\"picture-2\""});
+}
+
+/// The digits that the deviation leaves certain; the numbers are rounded by hand.
+TEST(Report, RoundsValuesToWhatIsCertain) {
+  EXPECT_EQ(WithDeviation(0.17912, 0.0087, '.'), "0.179 ± 0.009");
+  EXPECT_EQ(WithDeviation(11.367, 1.46, ','), "11,4 ± 1,5");
+  EXPECT_EQ(WithDeviation(1234.5, 321, '.'), "1200 ± 300");
+  EXPECT_EQ(WithDeviation(0.17912, 0, '.'), "0.1791");
+}
+
+TEST(Report, BeginsWithASummary) {
+  ReportContent report = Molasses();
+  report.deviations.observations = 27;
+  report.result.starts = 40, report.result.agreeing = 38;
+  report.verdict.emplace();
+  report.verdict->parameters.of = {{}, {}};
+  ReportSummary summary{
+      "2026-11-21 22:00", {"molasses.abr"}, Method::ED, {}, {{0.999, 0.98, 1}}, {}};
+  summary.intervals.emplace();
+  summary.intervals->of = {{0.17, 0.188, {}}, {7.5, std::nullopt, {}}};
+  report.summary = summary;
+  ExpectInOrder(
+      TextOf(report),
+      {"Report of estimated kinetic parameters\n", "Summary\n", "Program: Velmora ",
+       "Date: 2026-11-21 22:00\n", "Files: molasses.abr\n", "Units: time in h",
+       "Method: differential evolution\n", "NPOP = 100; ITER = 200; PCROS = 0.8;",
+       "Seed of the random numbers: 5471\n", "End of the search: it converged\n",
+       "Sum of squared errors: 0.003; square error: 0.0001111 (27 values)\n",
+       "R²: Cx 0.999, Cs 0.98, Cp 1\n", "Parameter|Value|95 % interval|What the data tell|\n",
+       "µmáx|0.179 ± 0.009|0.17 to 0.188|determined|\n", "Ks|11 ± 3|7.5 or more; open above|",
+       "Version 1.0\n", "Sum of squared errors: 0.003\n"});
 }
 
 TEST(Report, DrawsChartsWithCurvesAndALegendOfWhatIsVisible) {
@@ -188,7 +220,7 @@ TEST(Report, DrawsChartsWithCurvesAndALegendOfWhatIsVisible) {
   ASSERT_EQ(charts.size(), 3u);
   EXPECT_EQ(charts[0].titleId, TextId{130});  // Cx, whose values are 1 and 3
   test::NotingCanvas canvas;
-  DrawReportChart(canvas, charts[0].content, LegendRows(lists));
+  DrawReportChart(canvas, charts[0].content);
 
   const auto has = [&](std::string_view word) {
     return std::any_of(canvas.texts.begin(), canvas.texts.end(),
@@ -196,10 +228,23 @@ TEST(Report, DrawsChartsWithCurvesAndALegendOfWhatIsVisible) {
   };
   EXPECT_TRUE(has("Cx (g/L)") && has("t (h)") && has("Exp. 7") && !has("Exp. 8"));
   ASSERT_EQ(canvas.markers.size(), 3u);  // two points and the legend's
-  EXPECT_GT(canvas.markers[2].y, canvas.markers[0].y) << "below the chart";
   const double middle = (canvas.markers[0].y + canvas.markers[1].y) / 2;
   ASSERT_FALSE(canvas.curve.empty());
   EXPECT_NEAR(canvas.curve.front().y, middle, 1e-9) << "2 g/L is half-way from 1 to 3";
+
+  // A metafile tells its own length and the count of its records.
+  const std::string drawing = ReportDrawing(charts[0].content);
+  const auto at = [&](std::size_t place) {
+    std::uint32_t number = 0;
+    for (std::size_t i = 4; i-- > 0;)
+      number = number << 8U | static_cast<unsigned char>(drawing.at(place + i));
+    return number;
+  };
+  EXPECT_EQ(drawing.substr(40, 4), " EMF");
+  EXPECT_EQ(at(48), drawing.size());
+  std::uint32_t records = 0;
+  for (std::size_t place = 0; place < drawing.size(); place += at(place + 4)) ++records;
+  EXPECT_EQ(at(52), records);
 }
 
 }  // namespace
