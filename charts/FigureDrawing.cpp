@@ -16,7 +16,8 @@ constexpr double kMarkerWidth = 9;
 constexpr double kMarkerLine = 1.3;
 constexpr double kCurveWidth = 1.6;
 constexpr double kTick = 4, kSmallTick = 2.5;
-constexpr double kBeyond = 1;  // how far what is drawn may lie outside the axes
+constexpr double kSamePoint = 0.5;  // a point nearer to the one before adds nothing
+constexpr double kBeyond = 1;       // how far what is drawn may lie outside the axes
 
 class Drawing {
  public:
@@ -89,8 +90,12 @@ class Drawing {
   void DrawPoints(const FigureSeries& series) {
     const PaperArea room = layout_.frame.Grown(Units(kBeyond));
     std::vector<PaperPoint> centres;
-    for (const PlotPoint& point : series.points)
-      if (const PaperPoint at = layout_.At(point); room.Contains(at)) centres.push_back(at);
+    for (const PlotPoint& point : series.points) {
+      const PaperPoint at = layout_.At(point);
+      const bool same = !centres.empty() && std::hypot(at.x - centres.back().x,
+                                                       at.y - centres.back().y) < Units(kSamePoint);
+      if (room.Contains(at) && !same) centres.push_back(at);
+    }
     DrawMarkers(series, centres);
   }
 

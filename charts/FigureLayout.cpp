@@ -16,10 +16,11 @@ constexpr double kGap = 4;  // between a tick and its label, a label and the axi
 
 constexpr double kTitleSize = 1.2;  // of the labels' height
 constexpr std::size_t kTitleLines = 3;
-constexpr double kTitleWidth = 0.8;   // of the paper
-constexpr double kLabelsPerLine = 3;  // lines of letters from one label to the next, upwards
-constexpr int kMostTimes = 11;        // labels: more are not read
-constexpr double kLeastFrame = 10;    // units
+constexpr double kTitleWidth = 0.8;          // of the paper
+constexpr double kLabelsPerLine = 3;         // lines of letters from one label to the next, upwards
+constexpr int kMostTimes = 11;               // labels: more are not read
+constexpr const char* kUsualLabel = "0.00";  // room by which charts below each other run alike
+constexpr double kLeastFrame = 10;           // units
 
 double Logarithm(double value, bool logarithmic) {
   return logarithmic ? std::log10(value) : value;
@@ -76,7 +77,7 @@ class Layout {
     layout_.y = {TicksOf(figure_.y, static_cast<int>((bottom - top) / (kLabelsPerLine * line_)),
                          figure_.separator),
                  IsLogarithmic(figure_.y), std::max(bottom, top + Units(kLeastFrame)), top};
-    labelsWidth_ = WidestOf(layout_.y.ticks, canvas_);
+    labelsWidth_ = std::max(WidestOf(layout_.y.ticks, canvas_), canvas_.WidthOf(kUsualLabel));
     const double left =
         paper_.left + Units(kMargin + kTickLength + 2 * kGap) + line_ + labelsWidth_;
     const double right = paper_.Right() - Units(kMargin) - atRight - 2 * canvas_.WidthOf("0");

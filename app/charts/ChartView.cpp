@@ -7,6 +7,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QRubberBand>
+#include <QTextDocument>
 #include <QToolTip>
 #include <QWheelEvent>
 #include <cmath>
@@ -122,7 +123,7 @@ bool ChartView::TellPoint(const QHelpEvent& event) const {
   };
   const std::string tip = found->name + "\n" + line(found->xTitle, found->point.x) + "\n" +
                           line(found->yTitle, found->point.y);
-  QToolTip::showText(event.globalPos(), QString::fromStdString(tip).toHtmlEscaped());
+  QToolTip::showText(event.globalPos(), Qt::convertFromPlainText(QString::fromStdString(tip)));
   return true;
 }
 

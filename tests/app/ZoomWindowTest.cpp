@@ -1,9 +1,12 @@
 // The enlarged chart and its dialogs, by keys and mouse; pictures read at computed points.
+#include <QHelpEvent>
 #include <QImage>
 #include <QMimeData>
 #include <QPainter>
 #include <QPrinter>
+#include <QTextDocumentFragment>
 #include <QToolButton>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "app/charts/ChartView.h"
@@ -262,6 +265,18 @@ TEST_F(Zoom, PartsAreChosenByRectangleWheelAndNumbers) {
   EXPECT_EQ(Chart().Shown().values, (ValueRange{-5, 70}));
   QTest::mouseDClick(&Chart(), Qt::LeftButton, {}, Place(6, 40));
   EXPECT_EQ(Copied(), whole);
+}
+
+TEST_F(Zoom, TellsTheValuesOfThePointUnderTheMouse) {
+  session.lists.Replace(1, {1, "A < B", {2.5, 8}, {1, 2}, {60.25, 30}, {0, 0}, 8, true}, {});
+  window->ShowSession();
+  Click("cmdPublicacao");
+  const QPoint at = Chart().PlaceOf({2.5, 60.25}).toPoint() + QPoint(2, -2);
+  QHelpEvent rest(QEvent::ToolTip, at, Chart().mapToGlobal(at));
+  QApplication::sendEvent(&Chart(), &rest);
+  const QString told = QTextDocumentFragment::fromHtml(QToolTip::text()).toPlainText();
+  for (const QString& part : {u"Exp. 1: A < B"_qs, u"t (h) = 2,5"_qs, u"Cs (g/L) = 60,25"_qs})
+    EXPECT_TRUE(told.contains(part)) << told.toStdString();
 }
 
 TEST_F(Zoom, FollowsTheSessionInOtherViews) {

@@ -97,5 +97,28 @@ TEST(ChartDrawing, WritesNumbersUnderTheirTicks) {
   }
 }
 
+/// A long title takes two lines above the axes, in the middle over them, inside the paper.
+TEST(ChartDrawing, BreaksALongTitleOverItsAxes) {
+  ChartContent content = Reaching(45, 75);
+  content.title =
+      "Ethanol from diluted molasses, fed once and left to itself for two days at 32 °C";
+  const NotingCanvas canvas = Drawn(content);
+  const double top = ToPaper(content.scale, kPaper, {0, content.scale.Ymax}).y;
+  const double left = ToPaper(content.scale, kPaper, {0, 0}).x;
+  std::string written;
+  for (const auto& [start, text] : canvas.texts) {
+    if (start.y > top || text.size() < 10) continue;
+    written += (written.empty() ? "" : " ") + text;
+    EXPECT_GE(start.x, left);
+  }
+  EXPECT_EQ(written, content.title);
+}
+
+TEST(ChartDrawing, WritesNoNumbersWhereThereAreNoAxes) {
+  const NotingCanvas canvas = Drawn(ContentOf(PlotVariable::Cs, {}, nullptr, true, '.'));
+  for (const auto& [start, text] : canvas.texts)
+    EXPECT_TRUE(text == "t (h)" || text == "Cs (g/L)") << text;
+}
+
 }  // namespace
 }  // namespace velmora

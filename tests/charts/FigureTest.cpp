@@ -112,6 +112,13 @@ TEST(FigureLayout, WritesLabelsUnderTheirTicksInsideThePaper) {
   }
 }
 
+TEST(FigureLayout, LetsChartsBelowEachOtherRunAlike) {
+  NotingCanvas canvas;
+  const double left = LayOut(CourseOf(Falling(1, 60)), kPaper, canvas).frame.left;
+  for (const double Cs : {2.0, 9.0, 800.0})
+    EXPECT_EQ(LayOut(CourseOf(Falling(1, Cs)), kPaper, canvas).frame.left, left);
+}
+
 TEST(FigureLayout, PutsTheLegendWhereNoDataAre) {
   NotingCanvas canvas;
   const auto covered = [](const Figure& figure, const FigureLayout& layout) {
