@@ -115,6 +115,16 @@ Examples:
       --set Yxs=0.27 --set Yps=0.42 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50
       -o yeast-conditions.abr)text";
 
+constexpr const char* kBatchFooter = R"text(
+A line of LIST names a command, its files and its options, and may have an id:
+  {"id": "seed 1000", "command": "fit", "experiments": "yeast.abr",
+   "conditions": "yeast-conditions.abr", "iu": 1000, "set": ["Ks=3"]}
+all in one line. Commands are fit, compare, score, simulate, export and check ("file").
+Each gives one line, in the order of LIST: its number, the SHA-256 sum of the line, the
+exit code, and result or error. A command that fails does not end the rest; the exit code
+is 1 then. With -o lines that are done are passed over when the batch is started again.
+The parts of --shard follow each other: joined in order they are what one run writes.)text";
+
 std::string InputsFooter() {
   return kInputsFooter + FittableNames() + ".";
 }
@@ -133,6 +143,7 @@ struct Options {
   CheckOptions check;
   ImportOptions import;
   ConditionsOptions conditions;
+  BatchOptions batch;
 };
 
 void AddJson(CLI::App& command, bool& json) {
@@ -261,18 +272,43 @@ void AddChart(CLI::App& app, ChartOptions& chart) {
   command.footer(kChartFooter);
 }
 
+void AddCurves(CLI::App& command, CurveOptions& curves) {
+  AddJson(command, curves.json);
+  command.add_option("--format", curves.format, "print CSV, TSV or JSON with all digits")
+      ->check(CLI::IsMember({"csv", "tsv", "json"}).description(""))
+      ->type_name("csv|tsv|json");
+  command
+      .add_option("--points", curves.points,
+                  "points of each curve, on the straight lines between the 100 computed")
+      ->check(CLI::Range(2, 1'000'000).description(""))
+      ->type_name("NUMBER");
+}
+
+void AddBatch(CLI::App& app, BatchOptions& batch) {
+  CLI::App* command = app.add_subcommand("batch", "run many commands from a list");
+  command->add_option("LIST", batch.list, "one JSON object in each line")
+      ->required()
+      ->type_name("FILE.jsonl");
+  command->add_option("--shard", batch.shard, "run only the K-th of N parts of the list")
+      ->type_name("K/N");
+  command->add_option("-o,--output", batch.output, "file for the results, kept and continued")
+      ->type_name("FILE.jsonl");
+  command->footer(kBatchFooter);
+}
+
 void AddSimulations(CLI::App& app, Options& options) {
   CLI::App& simulate =
       AddCommand(app, "simulate", "integrate every experiment", options.simulate.inputs);
-  AddJson(simulate, options.simulate.json);
+  AddCurves(simulate, options.simulate);
   AddPrinted(simulate, options.general);
   CLI::App& score =
       AddCommand(app, "score", "sum of squared errors at given values", options.score.inputs);
   AddJson(score, options.score.json);
   AddPrinted(score, options.general);
-  AddPrinted(
-      AddCommand(app, "export", "computed curves as tab-separated text", options.exported.inputs),
-      options.general);
+  CLI::App& exported = AddCommand(app, "export", "computed curves as text for spreadsheets",
+                                  options.exported.inputs);
+  AddCurves(exported, options.exported);
+  AddPrinted(exported, options.general);
 }
 
 void AddImport(CLI::App& app, ImportOptions& import) {
@@ -362,6 +398,7 @@ void AddAll(CLI::App& app, Options& options) {
   check->footer(kCheckFooter);
   AddImport(app, options.import);
   AddConditions(app, options.conditions);
+  AddBatch(app, options.batch);
 }
 
 Command Chosen(const std::string& name, Options& options) {
@@ -374,6 +411,7 @@ Command Chosen(const std::string& name, Options& options) {
   if (name == "check") return options.check;
   if (name == "import") return options.import;
   if (name == "conditions") return options.conditions;
+  if (name == "batch") return options.batch;
   return ModelsOptions{};
 }
 
@@ -384,6 +422,8 @@ std::vector<std::string> InputsOf(const Command& command) {
       return {options.inputs.experiments, options.inputs.conditions};
     else if constexpr (requires { options.file; })
       return {options.file};
+    else if constexpr (requires { options.list; })
+      return {options.list};
     else
       return {};
   };

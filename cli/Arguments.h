@@ -15,7 +15,7 @@ struct HelpOptions {
 
 using Command = std::variant<HelpOptions, ModelsOptions, SimulateOptions, ScoreOptions, FitOptions,
                              CompareOptions, ChartOptions, ExportOptions, CheckOptions,
-                             ImportOptions, ConditionsOptions>;
+                             ImportOptions, ConditionsOptions, BatchOptions>;
 
 struct Arguments {
   GeneralOptions general;

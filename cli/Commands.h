@@ -69,20 +69,27 @@ struct ConditionsOptions {
 /// Prints the reason of all that it proposes.
 ExitCode Run(const ConditionsOptions& options, const Console& console);
 
-struct SimulateOptions {
-  InputOptions inputs;
+/// How curves are written.
+struct CurveOptions {
   bool json = false;
+  std::string format;  // csv, tsv or json; empty: the command's own text
+  int points = 0;      // of each curve; 0: those computed
+};
+
+struct SimulateOptions : CurveOptions {
+  InputOptions inputs;
 };
 
 /// Integrates every experiment and prints its 100 model points. An experiment that meets an
 /// arithmetic fault is reported and left out.
 ExitCode Run(const SimulateOptions& options, const Console& console);
 
-struct ExportOptions {
+struct ExportOptions : CurveOptions {
   InputOptions inputs;
 };
 
-/// Prints the computed curves as tab-separated text; nothing where an experiment meets a fault.
+/// Prints the computed curves, by default as tab-separated text; nothing where an experiment meets
+/// a fault.
 ExitCode Run(const ExportOptions& options, const Console& console);
 
 struct ScoreOptions {
@@ -133,6 +140,17 @@ struct FitOptions {
 /// Checks settings, files and fit set-up, searches, and prints the results with their deviations.
 /// Ctrl-C, SIGTERM and SIGHUP end the search; the results are printed all the same.
 ExitCode Run(const FitOptions& options, const Console& console);
+
+struct BatchOptions {
+  std::string list;
+  std::optional<std::string> shard;  // K/N
+  std::string output;                // empty: standard output
+};
+
+/// Runs the commands of a list, a JSON object in each line, and writes a JSON line for each in the
+/// list's order. A command that fails does not end the rest; lines whose results stand in the
+/// output already are passed over. A signal ends it once the running command has ended.
+ExitCode Run(const BatchOptions& options, const Console& console);
 
 struct CompareOptions {
   InputOptions inputs;

@@ -52,7 +52,7 @@ class CompareProgress : public ComparisonObserver {
   bool Stopped() const { return stopped_; }
 
   void Report(std::size_t done, double share) override {
-    if (isatty(STDERR_FILENO) == 0) return;
+    if (isatty(STDERR_FILENO) == 0 || console_.Options().quiet) return;
     const std::string of[] = {std::to_string(done), std::to_string(models_)};
     if (share == 0) return line_.Show(console_.say(TextId::ComparisonLine, {of[0], of[1]}));
     const double passed =
@@ -125,11 +125,13 @@ ExitCode Run(const CompareOptions& options, const Console& console) {
   WarnOfImpossible(inputs.lists, console);
   WarnOfUnscaled(inputs.lists, console);
 
+  Provenance made = ProvenanceOf(inputs, console);
+  made.seed = checked.IU;
+  made.threads = std::max(1U, std::thread::hardware_concurrency());
   const StopSignals signals;
   CompareProgress progress(models.size(), signals, console);
-  const Comparison comparison =
-      CompareModels(inputs.lists.Experiments(), inputs.conditions, models,
-                    {checked.IU, std::max(1U, std::thread::hardware_concurrency())}, progress);
+  const Comparison comparison = CompareModels(inputs.lists.Experiments(), inputs.conditions, models,
+                                              {checked.IU, made.threads}, progress);
   progress.ClearLine();
 
   std::optional<FileFault> unsaved;
@@ -137,7 +139,7 @@ ExitCode Run(const CompareOptions& options, const Console& console) {
     unsaved =
         SaveComparison(comparison, inputs.lists.Experiments(), {say.In(), '.'}, *options.report);
   if (unsaved) console.Complain(say.Of(*unsaved));
-  console.PrintOrRescue(options.json ? JsonOf(comparison, inputs, say)
+  console.PrintOrRescue(options.json ? JsonOf(comparison, inputs, made, say)
                                      : TextOf(comparison, inputs, say));
   if (unsaved) return ExitCode::File;
   return progress.Stopped() ? StoppedBy(signals.Noted()) : CodeOf(comparison);

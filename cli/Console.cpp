@@ -59,7 +59,7 @@ std::string Wording::Of(const FileFault& fault) const {
 }
 
 bool Output::Write(std::string_view text) {
-  if (IsFile()) {
+  if (keeps_) {
     kept_ += text;
     return true;
   }
@@ -73,7 +73,7 @@ std::optional<FileFault> Output::Save() const {
 }
 
 void Console::Print(std::string_view text) const {
-  const bool shown = !output_.IsFile() && isatty(STDOUT_FILENO) != 0;
+  const bool shown = !output_.Keeps() && isatty(STDOUT_FILENO) != 0;
   const std::string visible = shown ? Visible(text) : std::string();
   if (!output_.Write(shown ? visible : text))
     throw Failure{ExitCode::File, say(TextId::OutputFailed, {std::strerror(errno)})};
@@ -107,13 +107,15 @@ std::string Console::Read(const std::string& path) const {
   return std::move(file.bytes);
 }
 
+void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say) {
+  std::error_code absent;
+  if (std::filesystem::equivalent(input, output, absent))
+    throw Failure{ExitCode::Usage, say(TextId::SameFile, {output})};
+}
+
 void Console::TryOutput(const std::string& path, const std::vector<std::string>& inputs) const {
   if (path == kStandard) return;
-  for (const std::string& input : inputs) {
-    std::error_code absent;
-    if (std::filesystem::equivalent(input, path, absent))
-      throw Failure{ExitCode::Usage, say(TextId::SameFile, {path})};
-  }
+  for (const std::string& input : inputs) RequireOtherFile(input, path, say);
   RequireDone(TrySave(path), say);
   const SaveChanges changes = ChangesOfSaving(path);
   if (changes.otherNames) Warn(PlaceInFile(path, 0) + say(TextId::OtherNamesKeepOld));

@@ -74,6 +74,7 @@ struct GeneralOptions {
   bool json = false;
   bool quiet = false;
   std::string output = {};  // the file for what a command prints; empty or "-": standard output
+  bool timed = true;        // a result tells how long it took
   std::size_t limit = kUsualLimit;          // bytes that are read of a file
   std::vector<std::string> arguments = {};  // the command line as given
 };
@@ -84,8 +85,12 @@ inline constexpr std::string_view kStandard = "-";
 /// Standard output, or the file that takes its place.
 class Output {
  public:
-  explicit Output(const std::string& path) : path_(path) {}
+  /// Keeps what is written.
+  Output() = default;
+  explicit Output(const std::string& path) : path_(path), keeps_(IsFile()) {}
 
+  bool Keeps() const { return keeps_; }
+  const std::string& Kept() const { return kept_; }
   bool IsFile() const { return !path_.empty() && path_ != kStandard; }
   const std::string& Path() const { return path_; }
   /// Writes at once, or keeps it for the file; false where that fails, with the reason in errno.
@@ -95,6 +100,7 @@ class Output {
 
  private:
   std::string path_;
+  bool keeps_ = true;
   std::string kept_;
 };
 
@@ -133,6 +139,9 @@ class Console {
   GeneralOptions options_;
   Output& output_;
 };
+
+/// Throws a `Failure` (Usage) where `output` is the file `input`.
+void RequireOtherFile(const std::string& input, const std::string& output, const Wording& say);
 
 /// The failure on one line, with its place in front.
 std::string Worded(const Failure& failure);

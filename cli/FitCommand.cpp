@@ -69,9 +69,10 @@ FitProblem CheckedProblem(Inputs& inputs, Method method, const Wording& say) {
   return ProblemOf(inputs.lists.Experiments(), inputs.conditions);
 }
 
-ProgressForm FormOf(const FitOptions& options) {
+ProgressForm FormOf(const FitOptions& options, bool quiet) {
   if (options.progress)
-    return options.json ? ProgressForm::BlocksToError : ProgressForm::BlocksToOutput;
+    return options.json ? ProgressForm::JsonToError : ProgressForm::BlocksToOutput;
+  if (quiet) return ProgressForm::None;
   return isatty(STDERR_FILENO) != 0 ? ProgressForm::Line : ProgressForm::None;
 }
 
@@ -188,13 +189,15 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   TryReport(options, console);
   const EstimationSettings settings = SettingsOf(options.settings, say);
   Inputs inputs = LoadInputs(options.inputs, console);
+  Provenance made = ProvenanceOf(inputs, console);
   const Method method = MethodOf(options, inputs, say);
   const FitProblem problem = CheckedProblem(inputs, method, say);
   WarnOfImpossible(inputs.lists, console);
   WarnOfUnscaled(inputs.lists, console);
 
   const StopSignals signals;
-  FitProgress progress(problem.variables, method, FormOf(options), signals, console);
+  FitProgress progress(problem.variables, method, FormOf(options, console.Options().quiet), signals,
+                       console);
   const SearchResult result = SearchOrFail(method, problem, settings, progress, inputs, console);
   const std::string fault = result.fault ? WordedFault(*result.fault, inputs, say) : "";
   if (result.fault) console.Complain(fault);
@@ -202,10 +205,14 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   if (deviations.fault) console.Complain(say.Of(InversionMessage()));
 
   const std::vector<Intervals> intervals = IntervalsOf(problem, result, options, settings, signals);
+  made.model = ModelNames(inputs.conditions.At(1), inputs.conditions.fitted);
+  if (method == Method::ED) made.settings = settings;
+  made.seed = settings.IU;
   const FitVerdict verdict = JudgeFit(problem, result, deviations);
   const EndedFit fit{inputs,    problem,          method,
                      result,    deviations,       verdict,
-                     intervals, OnOneLine(fault), RemarkOn(method, result, say)};
+                     intervals, OnOneLine(fault), RemarkOn(method, result, say),
+                     made};
   return Show(fit, options, progress, console) ? CodeOf(fit, signals) : ExitCode::File;
 }
 

@@ -2,6 +2,7 @@
 
 #include <atomic>
 
+#include "cli/Json.h"
 #include "estimation/ResultTexts.h"
 #include "language/Numbers.h"
 
@@ -67,8 +68,8 @@ void FitProgress::Report(const Generation& generation) {
       return;
     case ProgressForm::BlocksToOutput:
       return PrintBlock(generation);
-    case ProgressForm::BlocksToError:
-      return console_.Note(ProgressText(variables_, generation, {console_.say.In(), '.'}));
+    case ProgressForm::JsonToError:
+      return console_.Note(JsonOf(generation, variables_));
     case ProgressForm::Line:
       return ShowLine(generation);
   }

@@ -36,8 +36,8 @@ class StopSignals {
 enum class ProgressForm {
   None,
   BlocksToOutput,  // the text of each generation
-  BlocksToError,
-  Line,  // one line on the terminal, written over and over
+  JsonToError,     // a line each
+  Line,            // one line on the terminal, written over and over
 };
 
 /// One line on the terminal, written over and over.

@@ -1,6 +1,7 @@
 #include "cli/Inputs.h"
 
 #include <algorithm>
+#include <tuple>
 #include <utility>
 
 #include "cli/Given.h"
@@ -46,9 +47,10 @@ std::string LoadBytes(const std::string& path, FileKind wanted, const Console& c
   return bytes;
 }
 
-CultivationConditions LoadConditions(const std::string& path, const Console& console) {
-  ConditionsRead read = ReadConditionsBytes(LoadBytes(path, FileKind::Conditions, console), path);
-  RequireDone(read.fault, console.say);
+CultivationConditions ConditionsIn(std::string_view bytes, const std::string& path,
+                                   const Wording& say) {
+  ConditionsRead read = ReadConditionsBytes(bytes, path);
+  RequireDone(read.fault, say);
   return std::move(read.conditions);
 }
 
@@ -67,10 +69,13 @@ bool HasBatchLine(std::string_view bytes) {
 }
 
 ExperimentLists LoadExperiments(const std::string& path, const Console& console) {
+  return ExperimentsIn(LoadBytes(path, FileKind::Experiments, console), path, console.say);
+}
+
+ExperimentLists ExperimentsIn(std::string_view bytes, const std::string& path, const Wording& say) {
   ExperimentLists lists;
-  const std::string bytes = LoadBytes(path, FileKind::Experiments, console);
   const ExperimentsRead read = ReadExperimentBytes(bytes, path, lists);
-  RequireDone(read.fault, console.say);
+  RequireDone(read.fault, say);
   return lists;
 }
 
@@ -78,10 +83,20 @@ Inputs LoadInputs(const InputOptions& options, const Console& console) {
   const Given given = GivenBy(options.model, options.set, options.fit, console.say);
   if (options.experiments == kStandard && options.conditions == kStandard)
     throw Failure{ExitCode::Usage, console.say(TextId::StandardInputTwice)};
-  Inputs inputs{LoadExperiments(options.experiments, console),
-                LoadConditions(options.conditions, console)};
+  const auto& [experiments, conditions] = std::tie(options.experiments, options.conditions);
+  const std::string experimentBytes = LoadBytes(experiments, FileKind::Experiments, console);
+  const std::string conditionBytes = LoadBytes(conditions, FileKind::Conditions, console);
+  Inputs inputs{ExperimentsIn(experimentBytes, experiments, console.say),
+                ConditionsIn(conditionBytes, conditions, console.say),
+                {ReadFileOf(experiments, experimentBytes), ReadFileOf(conditions, conditionBytes)}};
   PutInto(inputs.conditions, given, options.fits, console.say);
   return inputs;
+}
+
+Provenance ProvenanceOf(const Inputs& inputs, const Console& console) {
+  Provenance made{console.Options().arguments, inputs.files};
+  if (!console.Options().timed) made.start.reset();
+  return made;
 }
 
 void RequireRoom(int experiments, const Wording& say) {

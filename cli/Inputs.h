@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "cli/Console.h"
+#include "cli/Provenance.h"
 #include "cultivation/CultivationConditions.h"
 #include "data/ExperimentLists.h"
 #include "kinetics/ArithmeticFault.h"
@@ -26,6 +27,7 @@ struct InputOptions {
 struct Inputs {
   ExperimentLists lists;
   CultivationConditions conditions;
+  std::vector<ReadFile> files;
 
   int Count() const { return lists.Count(); }
 };
@@ -41,9 +43,13 @@ bool HasBatchLine(std::string_view bytes);
 
 /// The experiments of a file; throws a `Failure` (File) where it cannot be read.
 ExperimentLists LoadExperiments(const std::string& path, const Console& console);
+ExperimentLists ExperimentsIn(std::string_view bytes, const std::string& path, const Wording& say);
 
 /// Reads both files and puts what the command line states into the conditions, as `PutInto` does.
 Inputs LoadInputs(const InputOptions& options, const Console& console);
+
+/// What a result of these inputs was made from.
+Provenance ProvenanceOf(const Inputs& inputs, const Console& console);
 
 /// Throws a `Failure` (Refused) where experiments and conditions do not make up one cultivation.
 void RequireCultivation(const Inputs& inputs, const Wording& say);

@@ -134,6 +134,29 @@ Json RankedOf(const ComparedModel& compared, const Wording& say) {
           {"outcome", NameOf(compared.result.end)}};
 }
 
+Json ValuesOf(const EstimationSettings& settings) {
+  return {{"NPOP", settings.NPOP}, {"ITER", settings.ITER},   {"PCROS", settings.PCROS},
+          {"FACT", settings.FACT}, {"FACT1", settings.FACT1}, {"EPS", settings.EPS}};
+}
+
+Json MadeBy(const Provenance& made) {
+  Json command = Json::array(), files = Json::array();
+  for (const std::string& word : made.command) command.push_back(word);
+  for (const auto& [path, bytes, sha256] : made.files)
+    files.push_back({{"path", path}, {"bytes", bytes}, {"sha256", sha256}});
+  Json json = {{"program", "velmora-cli"},
+               {"version", VELMORA_VERSION},
+               {"command", command},
+               {"files", files}};
+  if (!made.model.empty()) json["model"] = made.model;
+  if (made.settings) json["settings"] = ValuesOf(*made.settings);
+  if (made.seed) json["seed"] = *made.seed;
+  json["threads"] = made.threads;
+  if (made.start)
+    json["seconds"] = std::chrono::duration<double>(Provenance::Clock::now() - *made.start).count();
+  return json;
+}
+
 /// In the order of RemarkKind.
 std::string_view NameOf(RemarkKind kind) {
   static constexpr std::array<std::string_view, 15> kNames = {"falling cells",
@@ -194,20 +217,33 @@ std::string JsonOf(const EndedFit& fit, const Wording& say) {
   for (const Intervals& intervals : fit.intervals)
     if (intervals.betterScore) line["betterScore"] = *intervals.betterScore;
   if (!fit.remark.empty()) line["remark"] = fit.remark;
+  line["made"] = MadeBy(fit.made);
   return LineOf(line);
 }
 
-std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists) {
+std::string JsonOf(const Generation& generation, std::span<const FitVariable> variables) {
+  Json values = Json::object();
+  for (std::size_t j = 0; j < variables.size(); ++j)
+    values[std::string(ParameterAt(variables[j].position).name)] = generation.best[j];
+  return LineOf({{"progress",
+                  {{"number", generation.number},
+                   {"sumOfSquaredErrors", generation.score},
+                   {"functionCalls", generation.functionCalls},
+                   {"values", values}}}});
+}
+
+std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists, const Provenance& made) {
   Json experiments = Json::array();
   for (int place = 1; place <= lists.Count(); ++place) {
     const auto& [Cx, Cs, Cp] = fit.experiments.at(static_cast<std::size_t>(place) - 1).share;
     experiments.push_back(
         {{"place", place}, {"number", lists.At(place).number}, {"Cx", Cx}, {"Cs", Cs}, {"Cp", Cp}});
   }
-  return LineOf({{"score", fit.score}, {"experiments", experiments}});
+  return LineOf({{"score", fit.score}, {"experiments", experiments}, {"made", MadeBy(made)}});
 }
 
-std::string JsonOf(const Comparison& comparison, const Inputs& inputs, const Wording& say) {
+std::string JsonOf(const Comparison& comparison, const Inputs& inputs, const Provenance& made,
+                   const Wording& say) {
   Json ranked = Json::array(), unranked = Json::array(), level = Json::array();
   for (const ComparedModel& compared : comparison.models) {
     if (compared.Ranked())
@@ -226,19 +262,16 @@ std::string JsonOf(const Comparison& comparison, const Inputs& inputs, const Wor
                  {"models", ranked},
                  {"notRanked", unranked},
                  {"notToldApart", level.size() > 1 ? level : Json::array()},
-                 {"remarks", remarks}});
+                 {"remarks", remarks},
+                 {"made", MadeBy(made)}});
 }
 
-std::string JsonOf(const std::vector<PlacedCurve>& curves) {
+std::string JsonOf(const std::vector<PlacedCurve>& curves, const Provenance& made) {
   Json experiments = Json::array();
-  for (const auto& [place, number, curve] : curves)
-    experiments.push_back({{"place", place},
-                           {"number", number},
-                           {"time", curve.time},
-                           {"Cx", curve.Cx},
-                           {"Cs", curve.Cs},
-                           {"Cp", curve.Cp}});
-  return LineOf({{"experiments", experiments}});
+  for (const auto& [place, number, time, Cx, Cs, Cp] : curves)
+    experiments.push_back(
+        {{"place", place}, {"number", number}, {"time", time}, {"Cx", Cx}, {"Cs", Cs}, {"Cp", Cp}});
+  return LineOf({{"experiments", experiments}, {"made", MadeBy(made)}});
 }
 
 std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& remarks,

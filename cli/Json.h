@@ -2,9 +2,11 @@
 // double.
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
+#include "cli/CurveText.h"
 #include "cli/Inputs.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/CultivationForm.h"
@@ -28,22 +30,19 @@ struct EndedFit {
   const std::vector<Intervals>& intervals;  // by each method that was asked for
   std::string fault;   // what ended the search, in a sentence; empty where nothing did
   std::string remark;  // that the result is worse than the start values; empty where it is not
-};
-
-/// The curve of the experiment at `place`.
-struct PlacedCurve {
-  int place;
-  int number;
-  const ModelCurve& curve;
+  const Provenance& made;
 };
 
 std::string JsonOf(const Failure& failure);
 std::string JsonOf(const EndedFit& fit, const Wording& say);
 /// The score with the share of each experiment's variables; `lists` holds the experiments.
-std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists);
+std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists, const Provenance& made);
 /// Models compared; `inputs` are what they were fitted to.
-std::string JsonOf(const Comparison& comparison, const Inputs& inputs, const Wording& say);
-std::string JsonOf(const std::vector<PlacedCurve>& curves);
+std::string JsonOf(const Comparison& comparison, const Inputs& inputs, const Provenance& made,
+                   const Wording& say);
+std::string JsonOf(const std::vector<PlacedCurve>& curves, const Provenance& made);
+/// The state of a search, as one of many lines.
+std::string JsonOf(const Generation& generation, std::span<const FitVariable> variables);
 /// What an experiment file holds, and what its data look like.
 std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& remarks,
                    const Wording& say);

@@ -34,17 +34,17 @@ struct Simulation {
   ModelCurves curves{};
   std::vector<ArithmeticFault> faults;
 
-  /// The curves that met no fault.
-  std::vector<PlacedCurve> Whole() const;
+  /// The curves that met no fault, with `points` points, or as computed where that is 0.
+  std::vector<PlacedCurve> Whole(int points) const;
 };
 
-std::vector<PlacedCurve> Simulation::Whole() const {
+std::vector<PlacedCurve> Simulation::Whole(int points) const {
   std::vector<PlacedCurve> whole;
   for (int place = 1; place <= inputs.Count(); ++place)
     if (std::none_of(faults.begin(), faults.end(),
                      [=](const ArithmeticFault& fault) { return fault.place == place; }))
-      whole.push_back(
-          {place, inputs.lists.At(place).number, curves[static_cast<std::size_t>(place) - 1]});
+      whole.push_back(CurveAt(place, inputs.lists.At(place).number,
+                              curves[static_cast<std::size_t>(place) - 1], points));
   return whole;
 }
 
@@ -68,7 +68,7 @@ std::string Cell(double value) {
   return std::abs(value) < kLong ? Formatted(value, kFour, '.') : ShortestText(value);
 }
 
-std::string TableOf(const ModelCurve& curve) {
+std::string ColumnsOf(const PlacedCurve& curve) {
   constexpr std::size_t kWidth = 12;
   std::string text;
   for (const auto* heading : {"t (h)", "Cx (g/L)", "Cs (g/L)", "Cp (g/L)"})
@@ -84,9 +84,10 @@ std::string TableOf(const ModelCurve& curve) {
 
 std::string TextOf(const std::vector<PlacedCurve>& curves, const Wording& say) {
   std::string text;
-  for (const auto& [place, number, curve] : curves)
-    text += say(TextId::ExperimentHeading, {std::to_string(number), std::to_string(place)}) + "\n" +
-            TableOf(curve);
+  for (const PlacedCurve& curve : curves)
+    text += say(TextId::ExperimentHeading,
+                {std::to_string(curve.number), std::to_string(curve.place)}) +
+            "\n" + ColumnsOf(curve);
   return text;
 }
 
@@ -99,7 +100,7 @@ ExitCode Run(const ScoreOptions& options, const Console& console) {
   try {
     const SimulatedFit fit =
         Objective(ProblemOf(inputs.lists.Experiments(), inputs.conditions)).Simulate({});
-    console.Print(options.json ? JsonOf(fit, inputs.lists)
+    console.Print(options.json ? JsonOf(fit, inputs.lists, ProvenanceOf(inputs, console))
                                : TableOf(fit, inputs.lists, console.say));
   } catch (const ArithmeticFault& fault) {
     throw Failure{ExitCode::Arithmetic, Describe(fault, inputs, console.say)};
@@ -107,16 +108,36 @@ ExitCode Run(const ScoreOptions& options, const Console& console) {
   return ExitCode::Done;
 }
 
+namespace {
+
+/// The curves in the form that was asked for; nothing where that is the command's own text.
+std::optional<std::string> InFormat(const CurveOptions& options, const Simulation& run,
+                                    const Console& console) {
+  const std::vector<PlacedCurve> curves = run.Whole(options.points);
+  if (options.json || options.format == "json")
+    return JsonOf(curves, ProvenanceOf(run.inputs, console));
+  if (options.format == "csv") return TableOf(curves, ',');
+  if (options.format == "tsv") return TableOf(curves, '\t');
+  return std::nullopt;
+}
+
+}  // namespace
+
 ExitCode Run(const SimulateOptions& options, const Console& console) {
   const Simulation run = Simulate(options.inputs, console);
-  const std::vector<PlacedCurve> curves = run.Whole();
-  console.Print(options.json ? JsonOf(curves) : TextOf(curves, console.say));
+  const auto text = InFormat(options, run, console);
+  console.Print(text ? *text : TextOf(run.Whole(options.points), console.say));
   return CodeOf(run);
 }
 
 ExitCode Run(const ExportOptions& options, const Console& console) {
+  const bool ownText = !options.json && options.format.empty();
+  if (options.points != 0 && ownText)
+    throw Failure{ExitCode::Usage, console.say(TextId::PointsNeedFormat)};
   const Simulation run = Simulate(options.inputs, console);
-  if (run.faults.empty()) console.Print(ExportarDados(run.curves, run.inputs.Count(), '.'));
+  if (!run.faults.empty()) return CodeOf(run);
+  const auto text = InFormat(options, run, console);
+  console.Print(text ? *text : ExportarDados(run.curves, run.inputs.Count(), '.'));
   return CodeOf(run);
 }
 

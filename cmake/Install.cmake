@@ -1,6 +1,6 @@
 # What `cmake --install` puts where, in two components: cli, and desktop.
 install(TARGETS velmora-cli RUNTIME COMPONENT cli)
-install(DIRECTORY examples docs TYPE DOC COMPONENT cli)
+install(DIRECTORY examples docs schemas TYPE DOC COMPONENT cli USE_SOURCE_PERMISSIONS)
 install(FILES README.md CHANGELOG.md LICENSE NOTICE TYPE DOC COMPONENT cli)
 
 # Debian's zsh looks into vendor-completions.

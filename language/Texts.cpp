@@ -568,6 +568,11 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::SeeHelp, "; see --help", "; veja --help"},
     {TextId::NoSuchCommand, "there is no command \"{1}\"", "não existe o comando \"{1}\""},
     {TextId::StandardInputTwice, "\"-\" stands for standard input, which holds one file only", "\"-\" indica a entrada padrão, que contém um só arquivo"},
+    {TextId::PointsNeedFormat, "--points goes with --format csv, tsv or json", "--points requer --format csv, tsv ou json"},
+    {TextId::BatchLineWrong, "the line is no JSON object with \"command\", \"experiments\" and options", "a linha não é um objeto JSON com \"command\", \"experiments\" e opções"},
+    {TextId::NotInBatch, "the command \"{1}\" has no JSON result; a batch takes fit, compare, score, simulate, export and check", "o comando \"{1}\" não tem resultado em JSON; um lote aceita fit, compare, score, simulate, export e check"},
+    {TextId::BatchOfOtherList, "the file holds results of another list; choose another name, or remove it", "o arquivo contém resultados de outra lista; escolha outro nome ou remova-o"},
+    {TextId::BatchInUse, "another batch is writing to it", "outro lote está gravando nele"},
 
     // Rules that only the command line has.
     {TextId::ModelLacks, "the model {1} has no parameter {2}; its parameters are {3}", "o modelo {1} não tem o parâmetro {2}; seus parâmetros são {3}"},

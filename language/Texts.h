@@ -441,6 +441,11 @@ enum class TextId : std::int16_t {
   SeeHelp,
   NoSuchCommand,
   StandardInputTwice,
+  PointsNeedFormat,
+  BatchLineWrong,
+  NotInBatch,
+  BatchOfOtherList,
+  BatchInUse,
 
   // Rules that only the command line has.
   ModelLacks,

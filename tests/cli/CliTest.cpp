@@ -128,6 +128,37 @@ TEST_F(Cli, SimulatesAndExportsHundredPoints) {
   EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 103);
 }
 
+// A table of curves is one that can be imported again; half way the curve is on its straight line.
+TEST_F(Cli, WritesCurvesAsTables) {
+  const std::string curves = folder_ / "curves.csv", back = folder_ / "back.abr";
+  ASSERT_EQ(RunCli("export " + kBoth + "--format csv --points 199 -o " + curves).code, 0);
+  ASSERT_EQ(RunCli("import " + curves + " -o " + back).code, 0);
+  const json run = json::parse(RunCli("simulate " + kBoth + "--json").out).at("experiments").at(0);
+  const json dense = json::parse(RunCli("simulate " + kBoth + "--format json --points 199").out)
+                         .at("experiments")
+                         .at(0);
+  EXPECT_NEAR(dense.at("Cs").at(21),
+              (run.at("Cs").at(10).get<double>() + run.at("Cs").at(11).get<double>()) / 2, 1e-9);
+  EXPECT_NEAR(dense.at("Cx").at(198), run.at("Cx").at(99), 1e-9);
+  EXPECT_NE(RunCli("check " + back).out.find("199 point(s)"), std::string::npos);
+  EXPECT_NE(RunCli("export " + kBoth + "--format tsv").out.find("experiment\tt_h\t"),
+            std::string::npos);
+  ExpectRefusal("export " + kBoth + "--points 5", 2, "--points goes with --format");
+}
+
+TEST_F(Cli, WritesWhatItPrintsWholeOrNotAtAll) {
+  const std::string file = folder_ / "out.json", link = folder_ / "other";
+  WriteFile(file, "old");
+  ExpectRefusal("score " + kBoth + "--model Moser -o " + file, 1, "needs u");
+  EXPECT_EQ(BytesOf(file), "old");
+  std::filesystem::create_hard_link(file, link);
+  const Ran ran = RunCli("score " + kBoth + "--json -o " + file);
+  EXPECT_EQ(ran.out, "");
+  EXPECT_NE(ran.err.find("other names (hard links)"), std::string::npos) << ran.err;
+  EXPECT_TRUE(json::parse(BytesOf(file)).contains("score"));
+  ExpectRefusal("score " + kBoth + "--json -o " + (folder_ / "no/file"), 3, R"("code":3)");
+}
+
 TEST_F(Cli, RefusesToFitASimulation) {
   const std::string manual =
       Conditions("manual.abr",

@@ -264,6 +264,17 @@ TEST_F(Fit, PrintsTheResultsOfASearchThatEndedBeforeCtrlC) {
   EXPECT_EQ(program.Wait().code, 0);
 }
 
+// The results go to standard error where standard output is a full disk.
+TEST_F(Fit, RescuesResultsThatCannotBeWritten) {
+  const int full = open("/dev/full", O_WRONLY | O_CLOEXEC);
+  Program program({"fit", kExamples + "molasses.abr", kExamples + "molasses-conditions.abr"},
+                  {.out = full});
+  close(full);
+  const Ran ran = program.Wait();
+  EXPECT_EQ(ran.code, 3);
+  EXPECT_NE(ran.err.find("\nKs = 11.5"), std::string::npos) << ran.err;
+}
+
 TEST_F(Fit, WritesTheReportWhereNobodyReadsTheProgress) {
   int ends[2];
   ASSERT_EQ(pipe2(ends, O_CLOEXEC), 0);
