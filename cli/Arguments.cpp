@@ -8,125 +8,38 @@
 
 #include "cli/Assignments.h"
 #include "cli/Description.h"
+#include "language/HelpTexts.h"
 
 namespace velmora::cli {
 namespace {
 
-constexpr const char* kAbout =
-    R"text(Fits kinetic parameters of batch fermentations to measured time courses of cells (Cx),
-substrate (Cs) and product (Cp), by Levenberg-Marquardt from many starts or by differential
-evolution, over 32 growth models.)text";
+/// What the help says, in the language that it is asked in.
+class Help {
+ public:
+  explicit Help(Language language) : language_(language) {}
 
-constexpr const char* kFooter = R"text(
-"velmora-cli COMMAND --help" explains a command. --language en|pt may stand anywhere.
-Numbers have a decimal point. Exit codes: 0 done, 1 refused by a rule, 2 usage, 3 a file
-cannot be read or written, 4 an arithmetic fault; a fit or a comparison that was stopped:
-129 by SIGHUP, 130 by Ctrl-C, 143 by SIGTERM.)text";
+  std::string operator()(const HelpText& text) const { return text.In(language_); }
+  std::string OfInputs() const { return (*this)(kInputsFooterText) + FittableNames() + "."; }
+  /// Puts all of a command into that language.
+  void Translate(CLI::App& app) const;
 
-// Of the commands that take experiments and conditions; the names follow.
-constexpr const char* kInputsFooter = R"text(
---model takes the place of the conditions' own model, and --set gives the values that the
-conditions lack for it. NAME is one of )text";
+ private:
+  const Language language_;
+};
 
-constexpr const char* kFitFooter = R"text(
-Searches the parameters that the conditions file marks as fitted, between their bounds;
---fit adds one, or gives one of them another start and other bounds. The settings but for
-the seed are those of the method ED. Ctrl-C, SIGTERM and SIGHUP stop the search; the
-results are printed all the same.
-)text";
-
-constexpr const char* kCompareFooter = R"text(
-Each model is fitted by Levenberg-Marquardt from a start and between bounds that the data
-propose for it (as "conditions --propose" does), those of the conditions' own fit aside;
-all else is as the conditions say. The table has the best model first, by AICc:
-n ln(SSE/n) + 2k + 2k(k+1)/(n-k-1) of n scored values, k being the D fitted parameters and
-the variance. An AICc less than 2 above the best means that the data do not tell the models
-apart. R² is of the scored values in g/L. Two threads or more share the models where the
-machine has them; the result is the same. Ctrl-C, SIGTERM and SIGHUP stop it; what is done
-is printed all the same.)text";
-
-constexpr const char* kChartFooter = R"text(
-Draws Cx, Cs and Cp below each other, each with its own axes, as people publish them: the
-curves in the colours of their experiments, told apart in grey print and by colour-blind
-readers, with a legend. The end of the name tells the format: .svg, .pdf or .png.
-Without a conditions file the measured points stand alone. Where the conditions mark
-parameters as fitted they are fitted first, and the charts show the best values; with
---as-given they show the values that stand in the file.
-curves      points and curves over time
-residuals   measured minus model, over time
-parity      model over measured values
-profile     of each fitted parameter: the sum of squared errors with the parameter held and
-            the others fitted again, and its 95 % interval
-
-Examples:
-  velmora-cli chart yeast.abr yeast-conditions.abr -o yeast.pdf
-  velmora-cli chart yeast.abr yeast-conditions.abr -o parity.png --kind parity --dpi 600)text";
-
-constexpr const char* kCheckFooter = R"text(
-Of experiments it also tells what looks odd, with experiment, row and value: falling Cx,
-rising Cs, product before growth, more cells and product than substrate used, times out of
-order, a first sample that is not at 0 h, single points far off the others, and values
-that look like another unit. It changes nothing, and the exit code stays 0.)text";
-
-constexpr const char* kImportFooter = R"text(
-A header line names the columns: experiment, t, Cs, Cx, Cp, in any order, with units or
-without (t_h, "Cs (g/L)"); where these are missing, names such as time, biomass, glucose,
-ethanol, tempo, células, substrato, produto, batch, run and ensaio do as well. Other
-columns are ignored, and so are lines that begin with #. Without an experiment column each
-block with a header of its own, below others or beside them, is an experiment, with the
-title above it for its label; of several files each is one. Titles above the header and
-remarks below the data are left out and told. Rows stay in their order; times out of order are told.
-Of an Excel workbook (.xlsx) the first sheet is read, or the one of --sheet; its numbers
-need no mark, and dates are refused. Cells of a text are separated by commas, semicolons or tabs, or by what a first line "sep=;" says.
-The text is UTF-8, UTF-16 with its mark, or Windows-1252. A cell that is empty, NA or no
-number is an error, never 0; --missing drops the rows that lack Cs, Cx or Cp, or puts the
-value there that lies on the straight line between its neighbours in time, and tells each.
-The decimal mark is the one that the table shows: 20,5 shows a comma, 1.234,5 too. Where
-nothing shows it, 1,234 is refused; --decimal and --thousands decide.
-The unit is the one in the header, as in t_min, "Glucose (mg/L)" or "Cp, mM", or in a row
-below it; without one it is h or g/L. Known are s, min, h and d; g/L, mg/L, mg/mL, kg/m3,
-g/100 mL and their like; and mM, mmol/L and M with a molar mass in g/mol. What was
-converted, and which columns were taken by another name, is told.
-
-Examples:
-  velmora-cli import yeast.csv -o yeast.abr
-  velmora-cli import hplc.csv --columns t=1,Cx=biomass,Cs=4,Cp=5 --unit Cs=mM
-      --molar-mass Cs=180.16 -o hplc.abr)text";
-
-// Before and behind the names of --set.
-constexpr const char* kConditionsFooter = R"text(
-The initial values are those of each experiment's earliest point and T is its final time,
-unless set. NAME for --set is one of
-  )text";
-constexpr const char* kConditionsRules = R"text(
-and a place in front of it (2:Cx0=0.05) sets the value of that experiment alone. NAME
-for --fit is one of the last ten. Every parameter of the model needs a value or a fit;
-other values are 0 where they are not set. Kd acts while Cs is at or below CsAst1, Beta
-while Cs is at or below CsAst2. With global yields Alfa is Yps/Yxs.
-
---propose takes initial values and final time from the samples, the yields from a
-regression over all of them, and a start and bounds for every parameter of the model from
-the measured ranges; --set and --fit win. It needs neither --product nor --yields (PAC,
-where product is measured, and global).
-
-Examples:
-  velmora-cli conditions yeast.abr --model Monod --propose -o yeast-conditions.abr
-  velmora-cli conditions yeast.abr --model Monod --product PAC --yields global
-      --set Yxs=0.27 --set Yps=0.42 --fit MiMax=0.2:0.05:1 --fit Ks=10:1:50
-      -o yeast-conditions.abr)text";
-
-constexpr const char* kBatchFooter = R"text(
-A line of LIST names a command, its files and its options, and may have an id:
-  {"id": "seed 1000", "command": "fit", "experiments": "yeast.abr",
-   "conditions": "yeast-conditions.abr", "iu": 1000, "set": ["Ks=3"]}
-all in one line. Commands are fit, compare, score, simulate, export and check ("file").
-Each gives one line, in the order of LIST: its number, the SHA-256 sum of the line, the
-exit code, and result or error. A command that fails does not end the rest; the exit code
-is 1 then. With -o lines that are done are passed over when the batch is started again.
-The parts of --shard follow each other: joined in order they are what one run writes.)text";
-
-std::string InputsFooter() {
-  return kInputsFooter + FittableNames() + ".";
+void Help::Translate(CLI::App& app) const {
+  if (language_ == Language::English) return;
+  const auto in = [](const std::string& text) { return std::string(HelpInPortuguese(text)); };
+  for (const char* const label : {"Usage", "OPTIONS", "Positionals", "SUBCOMMAND", "REQUIRED"})
+    app.get_formatter()->label(label, in(label));
+  app.description(in(app.get_description()));
+  app.group(in(app.get_group()));
+  for (CLI::Option* const option : app.get_options()) {
+    option->description(in(option->get_description()));
+    if (!option->get_group().empty()) option->group(in(option->get_group()));
+  }
+  for (CLI::App* const command : app.get_subcommands([](CLI::App*) { return true; }))
+    Translate(*command);
 }
 
 /// All options of the command line, filled by the parser.
@@ -194,19 +107,20 @@ CLI::App& AddFilesCommand(CLI::App& app, const char* name, const char* about,
 }
 
 /// A command that takes experiments, conditions, and what is to be used in place of these.
-CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, InputOptions& inputs) {
+CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, InputOptions& inputs,
+                     const Help& help) {
   CLI::App& command = AddFilesCommand(app, name, about, inputs);
   command.add_option("--model", inputs.model, "growth model to use instead of the file's")
       ->type_name("MODEL");
   AddRepeated(command, "--set", inputs.set, "value of a parameter in every experiment")
       ->type_name("NAME=VALUE");
-  command.footer(InputsFooter());
+  command.footer(help.OfInputs());
   return command;
 }
 
-void AddFit(CLI::App& app, FitOptions& fit, GeneralOptions& general) {
+void AddFit(CLI::App& app, FitOptions& fit, GeneralOptions& general, const Help& help) {
   CLI::App& command =
-      AddCommand(app, "fit", "fit the parameters and print their deviations", fit.inputs);
+      AddCommand(app, "fit", "fit the parameters and print their deviations", fit.inputs, help);
   AddFitted(command, fit.inputs.fit);
   command
       .add_option("--method", fit.method,
@@ -229,10 +143,10 @@ void AddFit(CLI::App& app, FitOptions& fit, GeneralOptions& general) {
   AddJson(command, fit.json);
   AddPrinted(command, general);
   AddReport(command, fit.report);
-  command.footer(kFitFooter + InputsFooter());
+  command.footer(help(kFitFooterText) + help.OfInputs());
 }
 
-void AddCompare(CLI::App& app, CompareOptions& compare, GeneralOptions& general) {
+void AddCompare(CLI::App& app, CompareOptions& compare, GeneralOptions& general, const Help& help) {
   CLI::App& command =
       AddFilesCommand(app, "compare", "fit all models and rank them", compare.inputs);
   command.add_option("--models", compare.models, "models to compare (default all)")
@@ -242,10 +156,10 @@ void AddCompare(CLI::App& app, CompareOptions& compare, GeneralOptions& general)
   AddJson(command, compare.json);
   AddPrinted(command, general);
   AddReport(command, compare.report);
-  command.footer(kCompareFooter);
+  command.footer(help(kCompareFooterText));
 }
 
-void AddChart(CLI::App& app, ChartOptions& chart) {
+void AddChart(CLI::App& app, ChartOptions& chart, const Help& help) {
   CLI::App& command = *app.add_subcommand("chart", "draw experiments and models for publication");
   AddExperiments(command, chart.inputs.experiments);
   command.add_option("CONDITIONS", chart.inputs.conditions, "conditions file")
@@ -269,7 +183,7 @@ void AddChart(CLI::App& app, ChartOptions& chart) {
   command.add_option("--dpi", chart.dpi, "pixels an inch, of PNG (default 300)")
       ->check(CLI::Range(50.0, 600.0).description(""))
       ->type_name("NUMBER");
-  command.footer(kChartFooter);
+  command.footer(help(kChartFooterText));
 }
 
 void AddCurves(CLI::App& command, CurveOptions& curves) {
@@ -284,7 +198,7 @@ void AddCurves(CLI::App& command, CurveOptions& curves) {
       ->type_name("NUMBER");
 }
 
-void AddBatch(CLI::App& app, BatchOptions& batch) {
+void AddBatch(CLI::App& app, BatchOptions& batch, const Help& help) {
   CLI::App* command = app.add_subcommand("batch", "run many commands from a list");
   command->add_option("LIST", batch.list, "one JSON object in each line")
       ->required()
@@ -293,25 +207,25 @@ void AddBatch(CLI::App& app, BatchOptions& batch) {
       ->type_name("K/N");
   command->add_option("-o,--output", batch.output, "file for the results, kept and continued")
       ->type_name("FILE.jsonl");
-  command->footer(kBatchFooter);
+  command->footer(help(kBatchFooterText));
 }
 
-void AddSimulations(CLI::App& app, Options& options) {
+void AddSimulations(CLI::App& app, Options& options, const Help& help) {
   CLI::App& simulate =
-      AddCommand(app, "simulate", "integrate every experiment", options.simulate.inputs);
+      AddCommand(app, "simulate", "integrate every experiment", options.simulate.inputs, help);
   AddCurves(simulate, options.simulate);
   AddPrinted(simulate, options.general);
   CLI::App& score =
-      AddCommand(app, "score", "sum of squared errors at given values", options.score.inputs);
+      AddCommand(app, "score", "sum of squared errors at given values", options.score.inputs, help);
   AddJson(score, options.score.json);
   AddPrinted(score, options.general);
   CLI::App& exported = AddCommand(app, "export", "computed curves as text for spreadsheets",
-                                  options.exported.inputs);
+                                  options.exported.inputs, help);
   AddCurves(exported, options.exported);
   AddPrinted(exported, options.general);
 }
 
-void AddImport(CLI::App& app, ImportOptions& import) {
+void AddImport(CLI::App& app, ImportOptions& import, const Help& help) {
   CLI::App* command = app.add_subcommand("import", "make an experiment file from tables");
   command->add_option("TABLE", import.tables, "tables, text (CSV) or Excel workbooks (.xlsx)")
       ->required()
@@ -335,10 +249,10 @@ void AddImport(CLI::App& app, ImportOptions& import) {
   command->add_option("--missing", import.missing, "what becomes of a row that lacks Cs, Cx or Cp")
       ->check(CLI::IsMember({"drop-row", "interpolate"}).description(""))
       ->type_name("drop-row|interpolate");
-  command->footer(kImportFooter);
+  command->footer(help(kImportFooterText));
 }
 
-void AddConditions(CLI::App& app, ConditionsOptions& conditions) {
+void AddConditions(CLI::App& app, ConditionsOptions& conditions, const Help& help) {
   CLI::App* command = app.add_subcommand("conditions", "make a conditions file for experiments");
   AddExperiments(*command, conditions.experiments);
   command->add_option("--model", conditions.model, "growth model")->required()->type_name("MODEL");
@@ -366,13 +280,13 @@ void AddConditions(CLI::App& app, ConditionsOptions& conditions) {
     for (const char* const option : {"--product", "--yields"})
       if (!conditions.propose && command->count(option) == 0) throw CLI::RequiredError(option);
   });
-  command->footer(kConditionsFooter + ConditionNames() + kConditionsRules);
+  command->footer(help(kConditionsFooterText) + ConditionNames() + help(kConditionsRulesText));
 }
 
-void AddAll(CLI::App& app, Options& options) {
+void AddAll(CLI::App& app, Options& options, const Help& help) {
   app.require_subcommand(1);
   app.fallthrough();
-  app.footer(kFooter);
+  app.footer(help(kFooterText));
   app.set_version_flag("--version", "velmora-cli " VELMORA_VERSION);
   // Hidden: what the manual pages and the completions are made from.
   app.add_flag_callback("--describe", [&app] { throw CLI::CallForVersion(DescriptionOf(app), 0); })
@@ -385,20 +299,20 @@ void AddAll(CLI::App& app, Options& options) {
       ->type_name("MB");
   app.add_flag("--quiet", options.general.quiet, "say nothing beside results and errors");
   AddPrinted(*app.add_subcommand("models", "list the 32 growth models"), options.general);
-  AddSimulations(app, options);
-  AddFit(app, options.fit, options.general);
-  AddCompare(app, options.compare, options.general);
-  AddChart(app, options.chart);
+  AddSimulations(app, options, help);
+  AddFit(app, options.fit, options.general, help);
+  AddCompare(app, options.compare, options.general, help);
+  AddChart(app, options.chart, help);
   CLI::App* check = app.add_subcommand("check", "tell what a file is and what it holds");
   check->add_option("FILE", options.check.file, "experiment or conditions file")
       ->required()
       ->type_name("FILE.abr");
   AddJson(*check, options.check.json);
   AddPrinted(*check, options.general);
-  check->footer(kCheckFooter);
-  AddImport(app, options.import);
-  AddConditions(app, options.conditions);
-  AddBatch(app, options.batch);
+  check->footer(help(kCheckFooterText));
+  AddImport(app, options.import, help);
+  AddConditions(app, options.conditions, help);
+  AddBatch(app, options.batch, help);
 }
 
 Command Chosen(const std::string& name, Options& options) {
@@ -433,7 +347,9 @@ std::vector<std::string> InputsOf(const Command& command) {
 /// The parser only misses a command where it meets a word that is none.
 std::string WhatIsWrong(const CLI::App& app, const CLI::ParseError& error, const Wording& say) {
   const bool word = app.get_subcommands().empty() && app.remaining_size() > 0;
-  return (word ? say(TextId::NoSuchCommand, {app.remaining().front()}) : error.what()) +
+  if (word) return say(TextId::NoSuchCommand, {app.remaining().front()}) + say(TextId::SeeHelp);
+  const std::string message = error.what();
+  return (say.In() == Language::Portuguese ? ParserMessageInPortuguese(message) : message) +
          say(TextId::SeeHelp);
 }
 
@@ -459,8 +375,10 @@ GeneralOptions FirstLook(const std::vector<std::string>& arguments) {
 Arguments ParseArguments(int argc, const char* const* argv) {
   Options options;
   options.general = FirstLook({argv + 1, argv + argc});
-  CLI::App app(kAbout, "velmora-cli");
-  AddAll(app, options);
+  const Help help(options.general.language);
+  CLI::App app(help(kAboutText), "velmora-cli");
+  AddAll(app, options, help);
+  help.Translate(app);
   try {
     app.parse(argc, argv);
   } catch (const CLI::CallForHelp&) {

@@ -39,7 +39,11 @@ TEST_F(Cli, RefusesWithOneLineAndItsExitCode) {
   ExpectRefusal("fit absent.abr " + kConditions, 3, "absent.abr: the file cannot be opened");
   ExpectRefusal("fit " + kConditions + kMolasses, 3, ":2: this is a conditions file");
   ExpectRefusal("check " + kExamples + "README.md", 3, "README.md:2:");
-  EXPECT_EQ(RunCli("fit --help").code, 0);
+  ExpectRefusal("fit --language pt", 2, "falta EXPERIMENTS; veja --help");
+  ExpectRefusal("fit " + kBoth + "--method XX --language pt", 2, "--method: XX não é um de {");
+  ExpectRefusal("fit " + kBoth + "--wrong --language pt", 2, "argumento inesperado: --wrong");
+  EXPECT_NE(RunCli("fit --help --language pt").out.find("Uso: velmora-cli fit [OPÇÕES]"),
+            std::string::npos);
 }
 
 // A description can hold what clears the screen.
