@@ -47,6 +47,7 @@ struct Options {
   std::string language = "en";
   double limit = 64;  // MB
   GeneralOptions general;
+  ModelsOptions models;
   SimulateOptions simulate;
   ScoreOptions score;
   FitOptions fit;
@@ -139,6 +140,13 @@ void AddFit(CLI::App& app, FitOptions& fit, GeneralOptions& general, const Help&
   command.add_option("--replicates", fit.replicates, "fits of the bootstrap (default 500)")
       ->check(CLI::Range(20, 100'000).description(""))
       ->type_name("NUMBER");
+  command
+      .add_option_function<std::string>(
+          "--digits", [&fit](const std::string& digits) { fit.allDigits = digits == "all"; },
+          "digits of the values behind the results: those that their deviations leave\n"
+          "certain (default), or all")
+      ->check(CLI::IsMember({"certain", "all"}).description(""))
+      ->type_name("certain|all");
   command.add_flag("--progress", fit.progress, "print the results after every generation or start");
   AddJson(command, fit.json);
   AddPrinted(command, general);
@@ -230,6 +238,7 @@ void AddImport(CLI::App& app, ImportOptions& import, const Help& help) {
   command->add_option("TABLE", import.tables, "tables, text (CSV) or Excel workbooks (.xlsx)")
       ->required()
       ->type_name("FILE.csv|FILE.xlsx");
+  AddJson(*command, import.json);
   AddOutput(*command, import.output);
   AddRepeated(*command, "--only", import.only, "keep only this experiment (may be repeated)")
       ->type_name("LABEL");
@@ -273,6 +282,7 @@ void AddConditions(CLI::App& app, ConditionsOptions& conditions, const Help& hel
       ->type_name("LM|ED|Manual");
   AddRepeated(*command, "--set", conditions.set, "a value")->type_name("[PLACE:]NAME=VALUE");
   AddFitted(*command, conditions.fit);
+  AddJson(*command, conditions.json);
   command->add_flag("--propose", conditions.propose,
                     "propose from the data what is not given, and print why");
   AddOutput(*command, conditions.output);
@@ -298,7 +308,9 @@ void AddAll(CLI::App& app, Options& options, const Help& help) {
       ->check(CLI::Range(1e-6, 1e6).description(""))
       ->type_name("MB");
   app.add_flag("--quiet", options.general.quiet, "say nothing beside results and errors");
-  AddPrinted(*app.add_subcommand("models", "list the 32 growth models"), options.general);
+  CLI::App& models = *app.add_subcommand("models", "list the 32 growth models");
+  AddJson(models, options.models.json);
+  AddPrinted(models, options.general);
   AddSimulations(app, options, help);
   AddFit(app, options.fit, options.general, help);
   AddCompare(app, options.compare, options.general, help);
@@ -326,7 +338,7 @@ Command Chosen(const std::string& name, Options& options) {
   if (name == "import") return options.import;
   if (name == "conditions") return options.conditions;
   if (name == "batch") return options.batch;
-  return ModelsOptions{};
+  return options.models;
 }
 
 /// The files that a command reads.

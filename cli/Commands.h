@@ -15,7 +15,9 @@
 
 namespace velmora::cli {
 
-struct ModelsOptions {};
+struct ModelsOptions {
+  bool json = false;
+};
 
 /// Prints the catalogue: name, parameters and growth rate of each model.
 ExitCode Run(const ModelsOptions& options, const Console& console);
@@ -40,6 +42,7 @@ struct ImportOptions {
   std::vector<std::string> molarMasses;  // NAME=VALUE, g/mol
   std::optional<std::string> missing;    // drop-row or interpolate
   std::optional<std::string> sheet;      // of a workbook
+  bool json = false;
 };
 
 /// The names of what stands between thousands.
@@ -62,6 +65,7 @@ struct ConditionsOptions {
   std::vector<std::string> set;  // NAME=VALUE or PLACE:NAME=VALUE
   std::vector<std::string> fit;  // NAME=START:LOWER:UPPER
   bool propose = false;          // from the data, what is not given
+  bool json = false;
   std::string output;
 };
 
@@ -134,6 +138,7 @@ struct FitOptions {
   int replicates = kReplicates;
   bool progress = false;
   bool json = false;
+  bool allDigits = false;             // of the values in short
   std::optional<std::string> report;  // the file to write the report to
 };
 

@@ -3,6 +3,7 @@
 
 #include "cli/Commands.h"
 #include "cli/Given.h"
+#include "cli/Json.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
@@ -169,6 +170,11 @@ ExitCode Run(const ConditionsOptions& options, const Console& console) {
     console.Print(ToWindows1252(ConditionsText(conditions, lists.Count(), true)).bytes);
   else
     RequireDone(WriteConditions(conditions, lists.Count(), true, options.output), say);
+  if (options.json) {
+    console.Tell(JsonOf(lists.Count(), plan.values, plan.ranges, options.output, say),
+                 options.output);
+    return ExitCode::Done;
+  }
   console.Tell(say(TextId::Written, {options.output, std::to_string(lists.Count())}) + "\n" +
                    Reasons(plan, say),
                options.output);

@@ -84,7 +84,11 @@ std::string ConditionsReport(const CheckOptions& options, std::string_view bytes
 
 }  // namespace
 
-ExitCode Run(const ModelsOptions&, const Console& console) {
+ExitCode Run(const ModelsOptions& options, const Console& console) {
+  if (options.json) {
+    console.Print(JsonOfModels());
+    return ExitCode::Done;
+  }
   constexpr std::size_t kNameWidth = 24;
   constexpr std::size_t kParametersWidth = 39;
   const auto line = [](std::string_view name, std::string_view parameters, std::string_view rate) {

@@ -18,6 +18,7 @@
 #include "language/Numbers.h"
 #include "report/Relatorio.h"
 #include "report/ReportCharts.h"
+#include "report/Summary.h"
 
 namespace velmora::cli {
 
@@ -102,7 +103,23 @@ SearchResult SearchOrFail(Method method, const FitProblem& problem,
   return result;
 }
 
-std::string TextOf(const EndedFit& fit, const Wording& say) {
+/// Each parameter on a line, with its deviation and in the digits that this leaves certain.
+std::string LinesInShort(const EndedFit& fit, bool allDigits) {
+  std::string text;
+  if (fit.deviations.fault) return text;
+  for (std::size_t j = 0; j < fit.problem.variables.size(); ++j) {
+    const Parameter& parameter = ParameterAt(fit.problem.variables[j].position);
+    const double value = fit.result.best[j], deviation = fit.deviations.values[j];
+    text += std::string(parameter.label) + " ";
+    text += allDigits ? ShortestText(value) + " ± " + ShortestText(deviation)
+                      : WithDeviation(value, deviation, '.');
+    if (!parameter.unit.empty()) text += " " + std::string(parameter.unit);
+    text += "\n";
+  }
+  return text;
+}
+
+std::string TextOf(const EndedFit& fit, bool allDigits, const Wording& say) {
   std::string text;
   const std::string model = ModelNames(fit.inputs.conditions.At(1), fit.inputs.conditions.fitted);
   if (!model.empty()) text += say(TextId::ModelHeading) + ": " + model + "\n";
@@ -118,7 +135,7 @@ std::string TextOf(const EndedFit& fit, const Wording& say) {
   text += VerdictsText(fit.verdict, fit.problem, {say.In(), '.'});
   for (const Intervals& intervals : fit.intervals)
     text += Worded(intervals, fit.problem.variables, {say.In(), '.'});
-  return text;
+  return text + LinesInShort(fit, allDigits);
 }
 
 std::vector<ReportPicture> PicturesOf(const EndedFit& fit, const Console& console) {
@@ -178,7 +195,8 @@ bool Show(const EndedFit& fit, const FitOptions& options, const FitProgress& pro
   if (options.report) unsaved = WriteReport(fit, options, console);
   if (unsaved) console.Complain(console.say.Of(*unsaved));
   if (progress.Unwritten()) throw *progress.Unwritten();
-  console.PrintOrRescue(options.json ? JsonOf(fit, console.say) : TextOf(fit, console.say));
+  console.PrintOrRescue(options.json ? JsonOf(fit, console.say)
+                                     : TextOf(fit, options.allDigits, console.say));
   return !unsaved;
 }
 

@@ -5,6 +5,7 @@
 #include "cli/Assignments.h"
 #include "cli/Commands.h"
 #include "cli/Given.h"
+#include "cli/Json.h"
 #include "data/ExperimentFile.h"
 #include "data/MeasuredTable.h"
 #include "data/Windows1252.h"
@@ -138,6 +139,10 @@ ExitCode Run(const ImportOptions& options, const Console& console) {
     console.Print(ToWindows1252(ExperimentText(read.lists)).bytes);
   else
     RequireDone(WriteExperiments(read.lists, options.output), say);
+  if (options.json) {
+    console.Tell(JsonOf(read, options.tables, options.output, say), options.output);
+    return ExitCode::Done;
+  }
   console.Tell(say(TextId::Written, {options.output, std::to_string(read.lists.Count())}) + "\n" +
                    RemarksOn(read, options, say),
                options.output);

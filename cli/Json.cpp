@@ -274,8 +274,9 @@ std::string JsonOf(const std::vector<PlacedCurve>& curves, const Provenance& mad
   return LineOf({{"experiments", experiments}, {"made", MadeBy(made)}});
 }
 
-std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& remarks,
-                   const Wording& say) {
+namespace {
+
+Json ListOf(const ExperimentLists& lists) {
   Json experiments = Json::array();
   for (int place = 1; place <= lists.Count(); ++place) {
     const Experiment& experiment = lists.At(place);
@@ -285,6 +286,10 @@ std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& rema
                            {"finalTime", experiment.finalTime},
                            {"description", experiment.description}});
   }
+  return experiments;
+}
+
+Json ListOf(const std::vector<Remark>& remarks, const Wording& say) {
   Json told = Json::array();
   for (const Remark& remark : remarks)
     told.push_back({{"kind", NameOf(remark.kind)},
@@ -294,7 +299,63 @@ std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& rema
                     {"variable", remark.variable},
                     {"values", remark.values},
                     {"text", Worded(remark, say.In())}});
-  return LineOf({{"file", "experiments"}, {"experiments", experiments}, {"remarks", told}});
+  return told;
+}
+
+}  // namespace
+
+std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& remarks,
+                   const Wording& say) {
+  return LineOf(
+      {{"file", "experiments"}, {"experiments", ListOf(lists)}, {"remarks", ListOf(remarks, say)}});
+}
+
+std::string JsonOfModels() {
+  Json models = Json::array();
+  for (const Model& model : kModels) {
+    Json parameters = Json::array();
+    for (const Parameter& parameter : kFittable)
+      if (Uses(model, parameter.position)) parameters.push_back(parameter.name);
+    models.push_back(
+        {{"name", model.name}, {"parameters", parameters}, {"equation", Equation(model)}});
+  }
+  return LineOf({{"models", models}});
+}
+
+std::string JsonOf(const TableRead& read, const std::vector<std::string>& tables,
+                   const std::string& output, const Wording& say) {
+  Json told = Json::array();
+  for (const TableFault& remark : read.remarks)
+    told.push_back({{"file", tables[remark.table]},
+                    {"line", remark.line == 0 ? Json() : Json(remark.line)},
+                    {"row", remark.row == 0 ? Json() : Json(remark.row)},
+                    {"column", remark.column.empty() ? Json() : Json(remark.column)},
+                    {"text", FaultReason(remark, say.In())}});
+  return LineOf({{"written", output},
+                 {"experiments", ListOf(read.lists)},
+                 {"told", told},
+                 {"remarks", ListOf(CheckPossible(read.lists.Experiments()), say)}});
+}
+
+std::string JsonOf(int experiments, const std::vector<ProposedValue>& values,
+                   const std::vector<ProposedRange>& ranges, const std::string& output,
+                   const Wording& say) {
+  Json proposed = Json::array(), fitted = Json::array();
+  for (const auto& [position, value, reason, place] : values)
+    proposed.push_back({{"place", place == 0 ? Json() : Json(place)},
+                        {"name", ParameterAt(position).name},
+                        {"value", value},
+                        {"reason", Worded(reason, say.In())}});
+  for (const auto& [range, reason] : ranges)
+    fitted.push_back({{"name", ParameterAt(range.position).name},
+                      {"start", range.start},
+                      {"lower", range.lower},
+                      {"upper", range.upper},
+                      {"reason", Worded(reason, say.In())}});
+  return LineOf({{"written", output},
+                 {"experiments", experiments},
+                 {"proposed", proposed},
+                 {"proposedFit", fitted}});
 }
 
 std::string JsonOf(const ConditionsRead& read) {

@@ -10,11 +10,13 @@
 #include "cli/Inputs.h"
 #include "cultivation/ConditionsFile.h"
 #include "cultivation/CultivationForm.h"
+#include "data/MeasuredTable.h"
 #include "estimation/Deviations.h"
 #include "estimation/SearchResult.h"
 #include "inference/Comparison.h"
 #include "inference/DataChecks.h"
 #include "inference/Intervals.h"
+#include "inference/Proposal.h"
 #include "inference/Verdicts.h"
 
 namespace velmora::cli {
@@ -45,6 +47,15 @@ std::string JsonOf(const std::vector<PlacedCurve>& curves, const Provenance& mad
 std::string JsonOf(const Generation& generation, std::span<const FitVariable> variables);
 /// What an experiment file holds, and what its data look like.
 std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& remarks,
+                   const Wording& say);
+/// The catalogue of models.
+std::string JsonOfModels();
+/// Tables that were imported into the file at `output`; `tables` are their paths.
+std::string JsonOf(const TableRead& read, const std::vector<std::string>& tables,
+                   const std::string& output, const Wording& say);
+/// The conditions written to the file at `output`, and what of them was proposed.
+std::string JsonOf(int experiments, const std::vector<ProposedValue>& values,
+                   const std::vector<ProposedRange>& ranges, const std::string& output,
                    const Wording& say);
 /// What a conditions file holds, read without a fault.
 std::string JsonOf(const ConditionsRead& read);

@@ -260,6 +260,7 @@ constexpr auto kHelp = std::to_array<HelpText>({
     {"95 % intervals by linear theory, by the likelihood profile, or by fits to\nresampled data (may be repeated)", "intervalos de 95 % por teoria linear, pelo perfil de verossimilhança ou por\najustes a dados reamostrados (pode repetir-se)"},
     {"fits of the bootstrap (default 500)", "ajustes do bootstrap (padrão 500)"},
     {"print the results after every generation or start", "imprimir os resultados após cada geração ou partida"},
+    {"digits of the values behind the results: those that their deviations leave\ncertain (default), or all", "dígitos dos valores após os resultados: os que seus desvios deixam certos\n(padrão), ou todos"},
     {"models to compare (default all)", "modelos a comparar (padrão todos)"},
     {"what is drawn (default curves)", "o que se desenha (padrão curves)"},
     {"draw the conditions' own values, without a fit", "desenhar os valores das condições, sem ajuste"},

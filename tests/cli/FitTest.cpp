@@ -62,6 +62,10 @@ TEST_F(Fit, SaysWhatTheDataTell) {
                 "Ks (correlation 0.9"),
       std::string::npos)
       << text;
+  // 0.1803 with a deviation of 0.0086, and 11.5 with one of 3.2.
+  EXPECT_TRUE(text.ends_with("µmáx = 0.180 ± 0.009 1/h\nKs = 12 ± 3 g/L\n")) << text;
+  EXPECT_NE(RunCli("fit " + kBoth + "--digits all").out.find("\nµmáx = 0.18033400"),
+            std::string::npos);
   const std::string levenspiel =
       "fit " + kBoth + "--model Levenspiel --fit CpAst=50:10:100 --fit n=1:0.2:4 ";
   const json fit = json::parse(RunCli(levenspiel + "--language pt --json").out);
