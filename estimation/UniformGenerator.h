@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <random>
 
+#include "kinetics/Powers.h"
+
 namespace velmora {
 
 /// 53-bit uniform numbers in [0, 1) from the Mersenne twister MT19937-64 (Matsumoto and Nishimura
@@ -23,7 +25,7 @@ class UniformGenerator {
   double GaussianRandom() {
     const double u1 = Draw();
     const double u2 = Draw();
-    return std::sqrt(-2 * std::log(u1)) * std::cos(6.283185307179586 * u2);
+    return std::sqrt(-2 * Logarithm(u1)) * Cosine(6.283185307179586 * u2);
   }
 
  private:

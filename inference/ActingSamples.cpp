@@ -17,7 +17,7 @@ bool AnySample(const FitProblem& problem, std::span<const double> candidate, Hol
     for (std::size_t j = 0; j < candidate.size(); ++j)
       p[problem.variables[j].position] = candidate[j];
     for (std::size_t k = 0; k + 1 < experiment.time.size(); ++k)
-      if (holds(p, State{experiment.Cx[k], experiment.Cs[k], experiment.Cp[k]})) return true;
+      if (holds(p, BatchState{experiment.Cx[k], experiment.Cs[k], experiment.Cp[k]})) return true;
   }
   return false;
 }
@@ -47,7 +47,7 @@ std::optional<MissingSample> NeededFor(At position, const KineticParameters& p) 
 }
 
 /// Whether a sample is one of those that `needed` names.
-bool Shows(MissingSample needed, const KineticParameters& p, const State& sample) {
+bool Shows(MissingSample needed, const KineticParameters& p, const BatchState& sample) {
   switch (needed) {
     case MissingSample::LowCs:
       return sample.Cs < 2 * p[At::Ks];
@@ -79,7 +79,7 @@ std::optional<MissingSample> MissingFor(At position, const FitProblem& problem,
     p[problem.variables[i].position] = candidate[i];
   const std::optional<MissingSample> needed = NeededFor(position, p);
   const bool shown =
-      needed && AnySample(problem, candidate, [&](const auto& at, const State& sample) {
+      needed && AnySample(problem, candidate, [&](const auto& at, const BatchState& sample) {
         return Shows(*needed, at, sample);
       });
   return shown ? std::nullopt : needed;

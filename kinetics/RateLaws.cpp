@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "kinetics/BatchBalances.h"
+#include "kinetics/Powers.h"
 
 namespace velmora {
 namespace {
@@ -27,8 +28,8 @@ double Divided(double numerator, double denominator, FaultTerm term) {
   return Finite(numerator / denominator, term);
 }
 
-double Power(double base, double exponent, FaultTerm term) {
-  const double power = std::pow(base, exponent);
+double CheckedPower(double base, double exponent, FaultTerm term) {
+  const double power = Power(base, exponent);
   if (std::isfinite(power)) return power;
   const bool invalid =
       (base == 0 && exponent < 0) || (base < 0 && exponent != std::floor(exponent));
@@ -55,17 +56,17 @@ double RateLaws::GrowthRate(double& Cx, double& Cs, double& Cp, const double& mu
   if (CpAst < Cp && n != 0) Cp = CpAst;
   if (CxAst < Cx && m != 0) Cx = CxAst;
 
-  const double substratePower = Power(Cs, u, FaultTerm::SubstratePower);
-  const double cellPower = Power(Cx + B1, B, FaultTerm::CellPower);
-  const double inhibition =
-      Power(Divided(Cs, Kis, FaultTerm::SubstrateInhibition), v, FaultTerm::SubstrateInhibition);
+  const double substratePower = CheckedPower(Cs, u, FaultTerm::SubstratePower);
+  const double cellPower = CheckedPower(Cx + B1, B, FaultTerm::CellPower);
+  const double inhibition = CheckedPower(Divided(Cs, Kis, FaultTerm::SubstrateInhibition), v,
+                                         FaultTerm::SubstrateInhibition);
   const double denominator =
       Finite(substratePower + Ks * cellPower + C * Cs * inhibition, FaultTerm::SubstrateQuotient);
   double mu = Divided(muMax * substratePower, denominator, FaultTerm::SubstrateQuotient);
-  mu *= Power(1 - Divided(Cp, CpAst, FaultTerm::Levenspiel), n, FaultTerm::Levenspiel);
-  mu *= Power(1 - Divided(Cx, CxAst, FaultTerm::Lee), m, FaultTerm::Lee);
-  mu *= Finite(std::exp(Finite(-G * Kip * Cp, FaultTerm::Aiba)), FaultTerm::Aiba);
-  mu *= Power(Divided(Kip, Kip + B2 + Cp, FaultTerm::Hoppe), H1, FaultTerm::Hoppe);
+  mu *= CheckedPower(1 - Divided(Cp, CpAst, FaultTerm::Levenspiel), n, FaultTerm::Levenspiel);
+  mu *= CheckedPower(1 - Divided(Cx, CxAst, FaultTerm::Lee), m, FaultTerm::Lee);
+  mu *= Finite(Exponential(Finite(-G * Kip * Cp, FaultTerm::Aiba)), FaultTerm::Aiba);
+  mu *= CheckedPower(Divided(Kip, Kip + B2 + Cp, FaultTerm::Hoppe), H1, FaultTerm::Hoppe);
   return Counted(Finite(mu, FaultTerm::SubstrateQuotient));
 }
 

@@ -4,8 +4,7 @@
 #include <limits>
 #include <utility>
 
-#include "kinetics/BatchBalances.h"
-#include "kinetics/GrowthKernel.h"
+#include "kinetics/KernelStep.h"
 
 namespace velmora {
 namespace {
@@ -14,77 +13,10 @@ constexpr int kSteps = kModelPoints - 1;
 constexpr std::int32_t kEvaluationsPerStep = 16;
 constexpr std::int32_t kEvaluationsPerMarch = kSteps * kEvaluationsPerStep;
 
-// Below this a concentration is none.
-constexpr double kTrace = 0.000001;
-
-// While parameters, states, denominators and rates stay below kTame, and divisors above 1/kTame, no
-// operation of the rate laws can overflow, nor divide by zero: the largest product is of order
-// kTame^6, a double reaches 10^308.
-constexpr double kTame = 1e40;
-
-State operator+(const State& a, const State& b) {
-  return {a.Cx + b.Cx, a.Cs + b.Cs, a.Cp + b.Cp};
-}
-State operator/(const State& a, double d) {
-  return {a.Cx / d, a.Cs / d, a.Cp / d};
-}
-
-Indicators IndicatorsAt(const State& state, const KineticParameters& p) {
-  return {state.Cs <= p[At::CsAst1] ? 1.0 : 0.0, state.Cs <= p[At::CsAst2] ? 1.0 : 0.0};
-}
-
-State WithoutTraces(const State& state) {
-  return {state.Cx < kTrace ? 0 : state.Cx, state.Cs < kTrace ? 0 : state.Cs,
-          state.Cp < kTrace ? 0 : state.Cp};
-}
-
-/// One classical step. `changes(stage, state)` gives the step's length times the three balances;
-/// its guards act on the state that it is handed, in stage 1 the state of the cultivation itself.
-template <class Changes>
-State ClassicalStep(State state, Changes&& changes) {
-  const State k1 = changes(1, state);
-  State at2 = state + k1 / 2;
-  const State k2 = changes(2, at2);
-  State at3 = state + k2 / 2;
-  const State k3 = changes(3, at3);
-  State at4 = state + k3;
-  const State k4 = changes(4, at4);
-  return {state.Cx + (k1.Cx + 2 * k2.Cx + 2 * k3.Cx + k4.Cx) / 6,
-          state.Cs + (k1.Cs + 2 * k2.Cs + 2 * k3.Cs + k4.Cs) / 6,
-          state.Cp + (k1.Cp + 2 * k2.Cp + 2 * k3.Cp + k4.Cp) / 6};
-}
-
-void RequireFinite(const State& state) {
+void RequireFinite(const BatchState& state) {
   if (!std::isfinite(state.Cx) || !std::isfinite(state.Cs) || !std::isfinite(state.Cp))
     throw ArithmeticFault{FaultKind::Overflow, FaultTerm::State};
 }
-
-/// A growth kernel and the balances around it, for one step.
-template <SubstrateTerm S, ProductTerm P, CellTerm X>
-struct ComposedKernel {
-  static State Step(const KineticParameters& p, const State& start, double h,
-                    kernel::Reach& reach) {
-    const Indicators on = IndicatorsAt(start, p);
-    const State end = ClassicalStep(WithoutTraces(start), [&](int, State& s) -> State {
-      AddState(s, reach);
-      const double mu = kernel::GrowthRate<S, P, X>(p, s, reach);
-      return {h * balance::Cells(s.Cx, mu, on.deathOn, p[At::Kd]),
-              h * balance::Substrate(s.Cx, p[At::ms], mu, p[At::Yxs], p[At::Fp], p[At::alpha],
-                                     on.productionOn, p[At::beta], p[At::Yps]),
-              h * balance::Product(s.Cx, p[At::alpha], mu, on.productionOn, p[At::beta], p[At::Kdp],
-                                   s.Cp)};
-    });
-    AddState(end, reach);
-    return end;
-  }
-
- private:
-  static void AddState(const State& s, kernel::Reach& reach) {
-    reach.Add(s.Cx);
-    reach.Add(s.Cs);
-    reach.Add(s.Cp);
-  }
-};
 
 /// Whether an integration of these parameters can fault only through its state.
 bool Tame(const KineticParameters& p) {
@@ -156,26 +88,27 @@ struct KernelTable {
   }
 };
 
-double Runge_Kutta::GeneralGrowthRate(State& s) {
+double Runge_Kutta::GeneralGrowthRate(BatchState& s) {
   KineticParameters& p = working_;
   return laws_.GrowthRate(s.Cx, s.Cs, s.Cp, p[At::muMax], p[At::Ks], p[At::Kis], p[At::Kip],
                           p[At::CxAst], p[At::CpAst], p[At::m], p[At::n], p[At::u], p[At::v],
                           p[At::C], p[At::B], p[At::B1], p[At::B2], p[At::G], p[At::H1]);
 }
 
-State Runge_Kutta::GeneralStep(State state, double h) {
+BatchState Runge_Kutta::GeneralStep(BatchState state, double h) {
   const KineticParameters& p = working_;
-  const Indicators on = IndicatorsAt(state, p);
-  const State end = ClassicalStep(WithoutTraces(state), [&](int stage, State& s) -> State {
-    stage_ = stage;
-    RequireFinite(s);
-    const double mu = GeneralGrowthRate(s);
-    return {h * laws_.CellBalance(s.Cx, mu, on.deathOn, p[At::Kd]),
-            h * laws_.SubstrateBalance(s.Cx, p[At::ms], mu, p[At::Yxs], p[At::Fp], p[At::alpha],
-                                       on.productionOn, p[At::beta], p[At::Yps]),
-            h * laws_.ProductBalance(s.Cx, p[At::alpha], mu, on.productionOn, p[At::beta],
-                                     p[At::Kdp], s.Cp)};
-  });
+  const BasicIndicators<double> on = IndicatorsAt(state, p);
+  const BatchState end =
+      ClassicalStep(WithoutTraces(state), [&](int stage, BatchState& s) -> BatchState {
+        stage_ = stage;
+        RequireFinite(s);
+        const double mu = GeneralGrowthRate(s);
+        return {h * laws_.CellBalance(s.Cx, mu, on.deathOn, p[At::Kd]),
+                h * laws_.SubstrateBalance(s.Cx, p[At::ms], mu, p[At::Yxs], p[At::Fp], p[At::alpha],
+                                           on.productionOn, p[At::beta], p[At::Yps]),
+                h * laws_.ProductBalance(s.Cx, p[At::alpha], mu, on.productionOn, p[At::beta],
+                                         p[At::Kdp], s.Cp)};
+      });
   RequireFinite(end);
   return end;
 }
@@ -183,7 +116,7 @@ State Runge_Kutta::GeneralStep(State state, double h) {
 template <class Step>
 void Runge_Kutta::March(ModelCurve& curve, Step&& step) {
   const double h = working_[At::T] / kSteps;
-  State state{curve.Cx[0], curve.Cs[0], curve.Cp[0]};
+  BatchState state{curve.Cx[0], curve.Cs[0], curve.Cp[0]};
   double time = 0;
   for (std::size_t i = 1; i < curve.time.size(); ++i) {
     point_ = static_cast<int>(i) + 1;
@@ -199,9 +132,9 @@ void Runge_Kutta::March(ModelCurve& curve, Step&& step) {
 template <class Kernel>
 void Runge_Kutta::MarchKernel(ModelCurve& curve) {
   const KineticParameters parameters = working_;
-  March(curve, [&](const State& state, double h) {
-    kernel::Reach reach;
-    const State end = Kernel::Step(parameters, state, h, reach);
+  March(curve, [&](const BatchState& state, double h) {
+    kernel::Reach<double> reach;
+    const BatchState end = Kernel::Step(parameters, state, h, reach);
     // A step that left the safe range is taken again by the general law, which names the fault at
     // the operation where it arises, or finds that there is none.
     if (!(reach.sum < kTame) || reach.zeroDivisor) return GeneralStep(state, h);
@@ -220,7 +153,7 @@ void Runge_Kutta::Integrate(const KineticParameters& parameters, ModelCurve& cur
   stage_ = 0;
   try {
     // An initial state that the law cannot take faults here, at point 1.
-    State initial{curve.Cx[0], curve.Cs[0], curve.Cp[0]};
+    BatchState initial{curve.Cx[0], curve.Cs[0], curve.Cp[0]};
     GeneralGrowthRate(initial);
     const bool counts =
         laws_.Evaluations() <= std::numeric_limits<std::int32_t>::max() - kEvaluationsPerMarch;
@@ -228,7 +161,7 @@ void Runge_Kutta::Integrate(const KineticParameters& parameters, ModelCurve& cur
     if (const auto march = kernels ? KernelTable::For(parameters) : nullptr)
       (this->*march)(curve);
     else
-      March(curve, [this](const State& state, double h) { return GeneralStep(state, h); });
+      March(curve, [this](const BatchState& state, double h) { return GeneralStep(state, h); });
     curve.points = kModelPoints;
   } catch (ArithmeticFault& fault) {
     curve.points = point_ - 1;

@@ -31,8 +31,8 @@ class Runge_Kutta {
   void SetEvaluations(std::int32_t count) { laws_.SetEvaluations(count); }
 
  private:
-  State GeneralStep(State state, double step);
-  double GeneralGrowthRate(State& state);
+  BatchState GeneralStep(BatchState state, double step);
+  double GeneralGrowthRate(BatchState& state);
   template <class Step>
   void March(ModelCurve& curve, Step&& step);
   template <class Kernel>

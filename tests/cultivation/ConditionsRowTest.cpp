@@ -56,7 +56,7 @@ ConditionsRead Read() {
 struct Written {
   double Yxs, Yps, Fp, alpha, H1, deathOn, productionOn;
 
-  State At(const State& s) const {
+  BatchState At(const BatchState& s) const {
     const double Cs_u = std::pow(s.Cs, 0.95);
     const double mu =
         0.4 * Cs_u /
@@ -69,19 +69,19 @@ struct Written {
   }
 };
 
-State Moved(const State& from, const State& change, double by) {
+BatchState Moved(const BatchState& from, const BatchState& change, double by) {
   return {from.Cx + by * change.Cx, from.Cs + by * change.Cs, from.Cp + by * change.Cp};
 }
 
 /// One step of the classical Runge-Kutta method from the initial values, 9.9 h / 99 long.
-State AfterOneStep(const Written& law) {
+BatchState AfterOneStep(const Written& law) {
   constexpr double kStep = 0.1;
-  const State start{2, 30, 3};
-  const State a = law.At(start);
-  const State b = law.At(Moved(start, a, kStep / 2));
-  const State c = law.At(Moved(start, b, kStep / 2));
-  const State d = law.At(Moved(start, c, kStep));
-  State end = start;
+  const BatchState start{2, 30, 3};
+  const BatchState a = law.At(start);
+  const BatchState b = law.At(Moved(start, a, kStep / 2));
+  const BatchState c = law.At(Moved(start, b, kStep / 2));
+  const BatchState d = law.At(Moved(start, c, kStep));
+  BatchState end = start;
   for (const auto& [change, weight] : {std::pair{a, 1.0}, {b, 2.0}, {c, 2.0}, {d, 1.0}})
     end = Moved(end, change, weight * kStep / 6);
   return end;
@@ -93,7 +93,7 @@ TEST(ConditionsRow, ActsValueByValueInTheBalances) {
   ASSERT_TRUE(Manual(Read().conditions, 2, curves).empty());
   for (std::size_t i = 0; i < 2; ++i) {
     const ModelCurve& curve = curves[i];
-    const State expected = AfterOneStep(laws[i]);
+    const BatchState expected = AfterOneStep(laws[i]);
     EXPECT_EQ(curve.Cx[0], 2);
     EXPECT_EQ(curve.Cs[0], 30);
     EXPECT_EQ(curve.Cp[0], 3);

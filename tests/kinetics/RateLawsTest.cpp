@@ -44,9 +44,9 @@ TEST(GrowthRate, IsTheProductOfTheModelsTerms) {
 
 struct GuardCase {
   const char* name;
-  State at;  // before
+  BatchState at;  // before
   double CxAst, CpAst, exponent;
-  State after;
+  BatchState after;
   double CxAstAfter, CpAstAfter;
 };
 

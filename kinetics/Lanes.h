@@ -1,0 +1,156 @@
+// Vectors of doubles, one number a lane. To be included only where one instruction set is compiled:
+// everything stands in an anonymous namespace, so that no copy for one processor is ever linked
+// into what runs on another.
+//
+// The vectors are those of the compiler's vector extension, which GCC and Clang share: it needs no
+// library whose inline functions could be compiled for the wrong processor, and each operation is
+// the IEEE one in every lane, so that a lane's bits depend neither on the width nor on what stands
+// beside it.
+#pragma once
+
+namespace velmora {
+namespace {
+
+// Vectors side by side are independent of each other: while one waits for its result, the next is
+// computed. The loops over them must vanish, or the compiler keeps the vectors in memory.
+#define VELMORA_SIDE_BY_SIDE _Pragma("GCC unroll 8")
+
+template <unsigned Width>
+struct VectorTypes {
+  using Doubles [[gnu::vector_size(sizeof(double) * Width)]] = double;
+  using Integers [[gnu::vector_size(sizeof(double) * Width)]] = long long;
+  using Stored [[gnu::vector_size(sizeof(double) * Width), gnu::aligned(8), gnu::may_alias]] =
+      double;
+};
+
+/// `Width` x `Count` integers of 64 bits: bit patterns, or masks whose lanes are all ones or zero.
+template <unsigned Width, unsigned Count>
+struct LaneBits {
+  typename VectorTypes<Width>::Integers of[Count];
+};
+
+/// `Width` x `Count` doubles.
+template <unsigned Width, unsigned Count>
+struct Lanes {
+  using Vector = typename VectorTypes<Width>::Doubles;
+  using Bits = LaneBits<Width, Count>;
+  static constexpr unsigned kLanes = Width * Count;
+
+  Vector of[Count];
+
+  Lanes() = default;
+  [[gnu::always_inline]] Lanes(double value) {
+    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < Count; ++i) of[i] = value - Vector{};
+  }
+
+  [[gnu::always_inline]] static Lanes From(const double* values) {
+    Lanes lanes;
+    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < Count; ++i) lanes.of[i] =
+        *reinterpret_cast<const Stored*>(values + i * Width);
+    return lanes;
+  }
+  [[gnu::always_inline]] void To(double* values) const {
+    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < Count; ++i) *
+        reinterpret_cast<Stored*>(values + i * Width) = of[i];
+  }
+
+ private:
+  using Stored = typename VectorTypes<Width>::Stored;
+};
+
+#define VELMORA_LANES_OPERATOR(op)                                                      \
+  template <unsigned W, unsigned C>                                                     \
+  [[gnu::always_inline]] inline Lanes<W, C> operator op(Lanes<W, C> a, Lanes<W, C> b) { \
+    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = a.of[i] op b.of[i]; \
+    return a;                                                                           \
+  }                                                                                     \
+  template <unsigned W, unsigned C>                                                     \
+  [[gnu::always_inline]] inline Lanes<W, C> operator op(Lanes<W, C> a, double b) {      \
+    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = a.of[i] op b;       \
+    return a;                                                                           \
+  }                                                                                     \
+  template <unsigned W, unsigned C>                                                     \
+  [[gnu::always_inline]] inline Lanes<W, C> operator op(double a, Lanes<W, C> b) {      \
+    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) b.of[i] = a op b.of[i];       \
+    return b;                                                                           \
+  }
+VELMORA_LANES_OPERATOR(+)
+VELMORA_LANES_OPERATOR(-)
+VELMORA_LANES_OPERATOR(*)
+VELMORA_LANES_OPERATOR(/)
+#undef VELMORA_LANES_OPERATOR
+
+template <unsigned W, unsigned C>
+[[gnu::always_inline]] inline Lanes<W, C> operator-(Lanes<W, C> a) {
+  VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = -a.of[i];
+  return a;
+}
+
+#define VELMORA_LANES_COMPARISON(op)                                                       \
+  template <unsigned W, unsigned C>                                                        \
+  [[gnu::always_inline]] inline LaneBits<W, C> operator op(Lanes<W, C> a, Lanes<W, C> b) { \
+    LaneBits<W, C> mask;                                                                   \
+    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) mask.of[i] = a.of[i] op b.of[i]; \
+    return mask;                                                                           \
+  }                                                                                        \
+  template <unsigned W, unsigned C>                                                        \
+  [[gnu::always_inline]] inline LaneBits<W, C> operator op(Lanes<W, C> a, double b) {      \
+    return a op Lanes<W, C>(b);                                                            \
+  }
+VELMORA_LANES_COMPARISON(<)
+VELMORA_LANES_COMPARISON(<=)
+VELMORA_LANES_COMPARISON(==)
+VELMORA_LANES_COMPARISON(>)
+#undef VELMORA_LANES_COMPARISON
+
+#define VELMORA_BITS_OPERATOR(op)                                                                \
+  template <unsigned W, unsigned C>                                                              \
+  [[gnu::always_inline]] inline LaneBits<W, C> operator op(LaneBits<W, C> a, LaneBits<W, C> b) { \
+    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = a.of[i] op b.of[i];          \
+    return a;                                                                                    \
+  }                                                                                              \
+  template <unsigned W, unsigned C>                                                              \
+  [[gnu::always_inline]] inline LaneBits<W, C> operator op(LaneBits<W, C> a, long long b) {      \
+    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = a.of[i] op b;                \
+    return a;                                                                                    \
+  }
+VELMORA_BITS_OPERATOR(+)
+VELMORA_BITS_OPERATOR(-)
+VELMORA_BITS_OPERATOR(&)
+VELMORA_BITS_OPERATOR(|)
+VELMORA_BITS_OPERATOR(<<)
+VELMORA_BITS_OPERATOR(>>)
+#undef VELMORA_BITS_OPERATOR
+
+template <unsigned W, unsigned C>
+[[gnu::always_inline]] inline LaneBits<W, C> BitsOf(Lanes<W, C> a) {
+  LaneBits<W, C> bits;
+  VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) bits.of[i] =
+      reinterpret_cast<typename VectorTypes<W>::Integers>(a.of[i]);
+  return bits;
+}
+
+template <unsigned W, unsigned C>
+[[gnu::always_inline]] inline Lanes<W, C> FromBits(LaneBits<W, C> bits) {
+  Lanes<W, C> a;
+  VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] =
+      reinterpret_cast<typename VectorTypes<W>::Doubles>(bits.of[i]);
+  return a;
+}
+
+/// Lane by lane `yes` where the mask is set, else `no`.
+template <unsigned W, unsigned C>
+[[gnu::always_inline]] inline Lanes<W, C> Select(LaneBits<W, C> mask, Lanes<W, C> yes,
+                                                 Lanes<W, C> no) {
+  VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) no.of[i] =
+      mask.of[i] ? yes.of[i] : no.of[i];
+  return no;
+}
+
+template <unsigned W, unsigned C>
+[[gnu::always_inline]] inline Lanes<W, C> Magnitude(Lanes<W, C> a) {
+  return FromBits(BitsOf(a) & 0x7FFFFFFFFFFFFFFF);
+}
+
+}  // namespace
+}  // namespace velmora
