@@ -23,6 +23,20 @@ function(velmora_engine_library folder)
     PUBLIC ${arg_LIBRARIES})
 endfunction()
 
+# Sources of a library that are compiled once for each width of the processor's vectors: NAME2.cpp for
+# every processor, NAME4.cpp and NAME8.cpp for those that have them. Where they are unknown, vectors of
+# two lanes serve, as every 64-bit processor has them.
+function(velmora_lanes target name)
+  target_sources(${target} PRIVATE ${name}2.cpp)
+  if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
+    target_sources(${target} PRIVATE ${name}4.cpp ${name}8.cpp)
+    set_source_files_properties(${name}4.cpp PROPERTIES COMPILE_OPTIONS "-mavx2")
+    set_source_files_properties(${name}8.cpp PROPERTIES
+      COMPILE_OPTIONS "-mavx512f;-mavx512dq;-mavx512vl")
+    target_compile_definitions(${target} PRIVATE VELMORA_WIDE_LANES)
+  endif()
+endfunction()
+
 # Stops where a target outside app, help and tests links Qt.
 function(velmora_refuse_qt folder)
   get_property(targets DIRECTORY ${folder} PROPERTY BUILDSYSTEM_TARGETS)

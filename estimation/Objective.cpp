@@ -1,7 +1,9 @@
 #include "estimation/Objective.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <limits>
 
 namespace velmora {
 namespace {
@@ -108,35 +110,38 @@ double Objective::NormalisationScale(std::span<const double> values) {
   return scale;
 }
 
-PerVariable<double> Objective::Scales(const Experiment& experiment) {
-  const auto scaleOf = [this](const std::vector<double>& values) {
+std::vector<NormalisedExperiment> Objective::Normalised(const FitProblem& problem, int& unscaled) {
+  const auto scaleOf = [&](const std::vector<double>& values) {
     const double scale = NormalisationScale(values);
     if (scale != 0) return scale;
-    ++unscaledVariables_;
+    ++unscaled;
     return 1.0;
   };
-  return {scaleOf(experiment.Cx), scaleOf(experiment.Cs), scaleOf(experiment.Cp)};
-}
-
-Objective::Objective(const FitProblem& problem) : variables_(problem.variables) {
+  std::vector<NormalisedExperiment> experiments;
   for (std::size_t e = 0; e < problem.experiments.size(); ++e) {
     const Experiment& record = problem.experiments[e];
-    const PerVariable<double> scale = Scales(record);
-    experiments_.push_back(
+    const PerVariable<double> scale{scaleOf(record.Cx), scaleOf(record.Cs), scaleOf(record.Cp)};
+    experiments.push_back(
         {record.time,
          {Divided(record.Cx, scale.Cx), Divided(record.Cs, scale.Cs), Divided(record.Cp, scale.Cp)},
          scale,
          problem.rows.at(e)});
   }
+  return experiments;
 }
+
+Objective::Objective(const FitProblem& problem)
+    : experiments_(Normalised(problem, unscaledVariables_)),
+      variables_(problem.variables),
+      lanes_(experiments_, variables_) {}
 
 int Objective::Observations() const {
   std::size_t values = 0;
-  for (const Measured& experiment : experiments_) values += 3 * experiment.time.size();
+  for (const NormalisedExperiment& experiment : experiments_) values += 3 * experiment.time.size();
   return static_cast<int>(values);
 }
 
-void Objective::Integrate(std::span<const double> x, const Measured& experiment,
+void Objective::Integrate(std::span<const double> x, const NormalisedExperiment& experiment,
                           Workspace& workspace) const {
   workspace.parameters_ = experiment.parameters;
   for (std::size_t i = 0; i < x.size(); ++i) workspace.parameters_[variables_[i].position] = x[i];
@@ -173,17 +178,32 @@ double Objective::SumOverExperiments(std::span<const double> x, Workspace& works
   return sum;
 }
 
-double Objective::ScoreOf(std::span<const double> x, std::span<double> residuals,
-                          Workspace& workspace) const {
-  double score = 0;
-  for (int pass = 0; pass < kScoringPasses; ++pass)
-    score = SumOverExperiments(x, workspace, Residuals{residuals});
-  return score;
+CandidateScore Objective::ScoreAlone(std::span<const double> x, std::span<double> residuals,
+                                     Workspace& workspace) const {
+  const std::int32_t before = workspace.Evaluations();
+  CandidateScore scored;
+  try {
+    for (int pass = 0; pass < kScoringPasses; ++pass)
+      scored.score = SumOverExperiments(x, workspace, Residuals{residuals});
+  } catch (const ArithmeticFault& fault) {
+    scored = {0, fault, 0};
+  }
+  scored.rateEvaluations = workspace.Evaluations() - before;
+  return scored;
+}
+
+std::int32_t Objective::RateEvaluations() const {
+  return kRateEvaluations * static_cast<std::int32_t>(experiments_.size());
+}
+
+bool Objective::Counts(std::size_t candidates, const Workspace& workspace) const {
+  const std::int32_t room = std::numeric_limits<std::int32_t>::max() - workspace.Evaluations();
+  return candidates <= static_cast<std::size_t>(room / std::max(1, RateEvaluations()));
 }
 
 std::size_t Objective::Scored() const {
   std::size_t values = 0;
-  for (const Measured& experiment : experiments_)
+  for (const NormalisedExperiment& experiment : experiments_)
     if (!experiment.time.empty()) values += 3 * (experiment.time.size() - 1);
   return values;
 }
@@ -192,13 +212,35 @@ void Objective::Score(std::span<const double> candidates, std::span<CandidateSco
                       std::span<double> residuals, Workspace& workspace) const {
   const std::size_t size = variables_.size();
   const std::size_t row = residuals.empty() ? 0 : Scored();
+  const bool inLanes = lanes_.Serve() && size > 0;
+  for (std::size_t done = 0; done < scores.size();) {
+    const std::size_t left = scores.size() - done;
+    const std::size_t block = inLanes && left > 1 ? lanes_.BlockOf(left) : 1;
+    const auto theirs = candidates.subspan(done * size, block * size);
+    const auto rows = residuals.subspan(done * row, block * row);
+    if (block > 1 && Counts(block, workspace))
+      ScoreBlock(theirs, scores.subspan(done, block), rows, workspace);
+    else
+      for (std::size_t i = 0; i < block; ++i)
+        scores[done + i] =
+            ScoreAlone(theirs.subspan(i * size, size), rows.subspan(i * row, row), workspace);
+    done += block;
+  }
+}
+
+/// A candidate of which the lanes cannot tell is scored alone, where a fault is named.
+void Objective::ScoreBlock(std::span<const double> candidates, std::span<CandidateScore> scores,
+                           std::span<double> residuals, Workspace& workspace) const {
+  const std::size_t size = variables_.size(), row = residuals.size() / scores.size();
+  std::array<double, kMostLanes> sums;
+  lanes_.Score(candidates, std::span(sums).first(scores.size()), residuals, workspace.lanes_);
   for (std::size_t i = 0; i < scores.size(); ++i) {
-    try {
-      scores[i] = {
-          ScoreOf(candidates.subspan(i * size, size), residuals.subspan(i * row, row), workspace),
-          std::nullopt};
-    } catch (const ArithmeticFault& fault) {
-      scores[i] = {0, fault};
+    if (std::isfinite(sums[i])) {
+      scores[i] = {sums[i], std::nullopt, RateEvaluations()};
+      workspace.SetEvaluations(workspace.Evaluations() + RateEvaluations());
+    } else {
+      scores[i] = ScoreAlone(candidates.subspan(i * size, size), residuals.subspan(i * row, row),
+                             workspace);
     }
   }
 }

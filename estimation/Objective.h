@@ -6,27 +6,19 @@
 #include <span>
 #include <vector>
 
+#include "estimation/CandidateLanes.h"
 #include "estimation/FitProblem.h"
+#include "estimation/NormalisedExperiment.h"
 #include "kinetics/ModelCurves.h"
 #include "kinetics/Runge_Kutta.h"
 
 namespace velmora {
 
-/// One value for each measured variable.
-template <class Value>
-struct PerVariable {
-  Value Cx{};
-  Value Cs{};
-  Value Cp{};
-};
-
-/// Values at the measured points of one experiment; each series holds one value for each point.
-using MeasuredSeries = PerVariable<std::vector<double>>;
-
 /// A candidate's score, or the fault for which it has none.
 struct CandidateScore {
   double score = 0;
   std::optional<ArithmeticFault> fault;
+  std::int32_t rateEvaluations = 0;  // that it took
 };
 
 /// What a candidate comes to in one experiment.
@@ -53,10 +45,14 @@ class Objective {
   class Workspace {
    public:
     /// Begins with a count of `evaluations`.
-    explicit Workspace(std::int32_t evaluations = 0) { integrator_.SetEvaluations(evaluations); }
+    explicit Workspace(std::int32_t evaluations = 0) { SetEvaluations(evaluations); }
+
+    std::int32_t Evaluations() const { return integrator_.Evaluations(); }
+    void SetEvaluations(std::int32_t evaluations) { integrator_.SetEvaluations(evaluations); }
 
    private:
     friend class Objective;
+    CandidateLanes::Memory lanes_;
     Runge_Kutta integrator_;
     KineticParameters parameters_;
     ModelCurve curve_;
@@ -79,7 +75,8 @@ class Objective {
 
   /// Scores as many candidates as `scores` is long; candidate i is row i of `candidates`, with one
   /// component for each fitted parameter, and is scored as it stands. A fault ends its own
-  /// candidate alone and names the experiment's place. Allocates nothing.
+  /// candidate alone and names the experiment's place. Many are scored side by side, each to the
+  /// same bits as alone. Allocates nothing once the workspace has served.
   void Score(std::span<const double> candidates, std::span<CandidateScore> scores,
              Workspace& workspace) const {
     Score(candidates, scores, {}, workspace);
@@ -89,30 +86,33 @@ class Objective {
   void Score(std::span<const double> candidates, std::span<CandidateScore> scores,
              std::span<double> residuals, Workspace& workspace) const;
 
+  /// How many candidates are best scored in one call.
+  std::size_t Together() const { return lanes_.Serve() ? lanes_.Together() : 1; }
+  /// Whether the counter of rate evaluations holds those of `candidates` more.
+  bool Counts(std::size_t candidates, const Workspace& workspace) const;
+
   /// Simulates every experiment with candidate `x`; throws an `ArithmeticFault` with the
   /// experiment's place. An empty `x` leaves the problem's rows as they are. Counts its own rate
   /// evaluations.
   SimulatedFit Simulate(std::span<const double> x) const;
 
  private:
-  struct Measured {
-    std::vector<double> time;
-    MeasuredSeries normalised;
-    PerVariable<double> scale;
-    KineticParameters parameters;
-  };
-
-  PerVariable<double> Scales(const Experiment& experiment);
-  double ScoreOf(std::span<const double> x, std::span<double> residuals,
+  static std::vector<NormalisedExperiment> Normalised(const FitProblem& problem, int& unscaled);
+  CandidateScore ScoreAlone(std::span<const double> x, std::span<double> residuals,
+                            Workspace& workspace) const;
+  void ScoreBlock(std::span<const double> candidates, std::span<CandidateScore> scores,
+                  std::span<double> residuals, Workspace& workspace) const;
+  std::int32_t RateEvaluations() const;
+  void Integrate(std::span<const double> x, const NormalisedExperiment& experiment,
                  Workspace& workspace) const;
-  void Integrate(std::span<const double> x, const Measured& experiment, Workspace& workspace) const;
   template <class Visitor>
   double SumOverExperiments(std::span<const double> x, Workspace& workspace,
                             Visitor&& visitor) const;
 
-  std::vector<Measured> experiments_;
-  std::vector<FitVariable> variables_;
   int unscaledVariables_ = 0;
+  std::vector<NormalisedExperiment> experiments_;
+  std::vector<FitVariable> variables_;
+  CandidateLanes lanes_;
 };
 
 }  // namespace velmora

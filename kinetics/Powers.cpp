@@ -87,6 +87,8 @@ double SineNearZero(const Exact& r) {
 }  // namespace
 
 double Power(double x, double y) {
+  if (y == 1) return x;
+  if (y == 0) return 1;
   // Zeros and what is not finite give exact results.
   if (!std::isfinite(x) || !std::isfinite(y) || x == 0) return std::pow(x, y);
   if (x > 0) return PositivePower(x, y);

@@ -1,10 +1,12 @@
 #include "kinetics/Runge_Kutta.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 #include <utility>
 
 #include "kinetics/KernelStep.h"
+#include "kinetics/LaneMarches.h"
 
 namespace velmora {
 namespace {
@@ -20,10 +22,8 @@ void RequireFinite(const BatchState& state) {
 
 /// Whether an integration of these parameters can fault only through its state.
 bool Tame(const KineticParameters& p) {
-  for (const double value : p.values)
-    if (!(std::fabs(value) < kTame)) return false;
-  for (const At divisor : {At::Yxs, At::Yps, At::Kis, At::CxAst, At::CpAst})
-    if (!(std::fabs(p[divisor]) > 1 / kTame)) return false;
+  for (int position = 1; position <= KineticParameters::kCount; ++position)
+    if (!IsTame(static_cast<At>(position), p[position])) return false;
   return true;
 }
 
@@ -79,14 +79,34 @@ struct KernelTable {
   /// The march for a row's switches, or null where only the general law serves.
   static March For(const KineticParameters& p) {
     static constexpr auto kMarches = Make(std::make_index_sequence<kModels.size()>{});
-    const NamedTerms terms = TermsOf(p);
-    for (std::size_t i = 0; terms.found && i < kModels.size(); ++i)
-      if (kModels[i].substrate == terms.substrate && kModels[i].product == terms.product &&
-          kModels[i].cell == terms.cell)
-        return kMarches[i];
-    return nullptr;
+    const std::ptrdiff_t kernel = KernelOf(p);
+    return kernel < 0 ? nullptr : kMarches[static_cast<std::size_t>(kernel)];
   }
 };
+
+std::ptrdiff_t KernelOf(const KineticParameters& p) {
+  const NamedTerms terms = TermsOf(p);
+  if (!terms.found) return -1;
+  const auto at = std::find_if(kModels.begin(), kModels.end(), [&](const Model& model) {
+    return model.substrate == terms.substrate && model.product == terms.product &&
+           model.cell == terms.cell;
+  });
+  return at == kModels.end() ? -1 : at - kModels.begin();
+}
+
+bool IsTame(At position, double value) {
+  const auto magnitude = std::fabs(value);
+  switch (position) {
+    case At::Yxs:
+    case At::Yps:
+    case At::Kis:
+    case At::CxAst:
+    case At::CpAst:  // divisors
+      return magnitude < kTame && magnitude > 1 / kTame;
+    default:
+      return magnitude < kTame;
+  }
+}
 
 double Runge_Kutta::GeneralGrowthRate(BatchState& s) {
   KineticParameters& p = working_;

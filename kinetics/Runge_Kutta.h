@@ -11,6 +11,9 @@
 
 namespace velmora {
 
+/// Of one integration: one at the start, 16 for each of the 99 steps.
+inline constexpr std::int32_t kRateEvaluations = 1585;
+
 /// Which rate law an integration evaluates. Both give the same bits, faults and counts.
 enum class Law {
   Kernel,   // the kernel that the parameters' switches name, the general law where none does
@@ -22,7 +25,7 @@ class Runge_Kutta {
  public:
   /// Fills the 100 points of `curve`, point 1 being the initial values. Time is the repeated sum of
   /// the step T/99. Whether cells die and whether non-growth production acts is decided once a step
-  /// from Cs at its start. Counts 1585 rate evaluations. A fault leaves at once as an
+  /// from Cs at its start. Counts `kRateEvaluations`. A fault leaves at once as an
   /// `ArithmeticFault` with point and stage: the curve has the points before it.
   void Integrate(const KineticParameters& parameters, ModelCurve& curve, Law law = Law::Kernel);
 

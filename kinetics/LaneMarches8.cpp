@@ -1,0 +1,8 @@
+#include "kinetics/LaneMarching.h"
+
+namespace velmora {
+
+extern const LaneMarches kLaneMarches8;
+constinit const LaneMarches kLaneMarches8 = MarchesOf<8, 3>();
+
+}  // namespace velmora
