@@ -25,7 +25,10 @@ constexpr int kReportEvery = 1;                   // generations
 // A component outside its bounds is brought back inside before it is scored.
 constexpr bool kRepairsBounds = true;
 
-constexpr int kScoredTogether = 64;  // members of a population that is scored whole
+// Members of a population that is scored whole, for each block that is scored at once.
+constexpr int kBlocksOfMembers = 4;
+// Trials that stand ready, at most, for each that is scored at once.
+constexpr std::size_t kReadyTrials = 4;
 
 constexpr double kMostCounted = std::numeric_limits<int>::max();
 
@@ -34,6 +37,17 @@ int Members(double NPOP) {
   if (!(NPOP <= kMostCounted)) throw std::bad_alloc();
   return static_cast<int>(NPOP);
 }
+
+/// A trial that was made before its turn. It holds while none of its members has been replaced
+/// since.
+struct TrialAhead {
+  int madeAt = 0;  // the target whose turn it was
+  std::array<int, kDrawnMembers> drawn{};
+  std::size_t position = 0;  // of its first random number
+  std::vector<double> x;
+  bool isScored = false;
+  CandidateScore scored;
+};
 
 /// One search: the population table and the best vector found.
 class Evolution {
@@ -49,7 +63,13 @@ class Evolution {
         population_(static_cast<std::size_t>(members_) * variables_.size()),
         scores_(static_cast<std::size_t>(members_)),
         mutant_(variables_.size()),
-        trial_(variables_.size()) {}
+        trial_(variables_.size()),
+        replaced_(static_cast<std::size_t>(members_) + kIndexOffset),
+        ready_(kReadyTrials * objective_.Together()),
+        before_(ready_.size()) {
+    for (auto* trials : {&ready_, &before_})
+      for (TrialAhead& trial : *trials) trial.x.resize(Size());
+  }
 
   SearchResult Run(SearchObserver& observer);
 
@@ -74,25 +94,34 @@ class Evolution {
   void CrossOver(int target);
   void BinomialCrossOver();
   void ExponentialCrossOver();
-  void EvaluateAndSelect(int target);
+  TrialAhead& MakeTrial(int target, int turn);
+  bool IsStale(const TrialAhead& trial, int target) const;
+  void LookAhead(int turn);
+  void ScoreTrials(std::size_t count);
+  void Select(int target, const TrialAhead& trial);
   void KeepIfBest(std::span<const double> x, double score);
   bool Converged() const { return std::fabs(previousScore_ - result_.score) < settings_.EPS; }
 
   void RepairBounds(std::span<double> x);
   double EvaluateCandidate(std::span<double> x);
-  double CountedEvaluate(std::span<double> x);
   void CountCall();
 
   const Objective objective_;
   const std::vector<FitVariable> variables_;
   const EstimationSettings settings_;
   Objective::Workspace workspace_;
-  UniformGenerator random_;
+  RepeatableGenerator random_;
   int members_;
   std::vector<double> population_;  // row = member, column = fitted parameter
   std::vector<double> scores_;
   std::vector<double> mutant_;
   std::vector<double> trial_;
+  std::vector<char> replaced_;  // members, in this generation
+  // The trials that are made but have not had their turn: ready_[first_] to ready_[last_ - 1].
+  std::vector<TrialAhead> ready_, before_;
+  std::size_t first_ = 0, last_ = 0;
+  std::vector<double> unscored_;
+  std::vector<CandidateScore> scored_;
   SearchResult result_;
   double previousScore_ = 0;
   int generation_ = 0;
@@ -116,7 +145,7 @@ double Evolution::ScoreStart() {
                  [](const FitVariable& variable) { return variable.start; });
   const double score = EvaluateCandidate(trial_);
   // A start outside the bounds costs draws; the search itself always begins with those of the seed.
-  random_ = UniformGenerator(settings_.IU);
+  random_ = RepeatableGenerator(settings_.IU);
   return score;
 }
 
@@ -133,10 +162,10 @@ SearchEnd Evolution::Evolve(SearchObserver& observer) {
   for (generation_ = 1; generation_ <= limit; ++generation_) {
     if (observer.StopRequested()) return SearchEnd::Stopped;
     ReinitialisePartly();
+    std::fill(replaced_.begin(), replaced_.end(), char{0});
     for (int target = kIndexOffset; target <= members_; ++target) {
-      Mutate(DrawFour(target));
-      CrossOver(target);
-      EvaluateAndSelect(target);
+      if (first_ == last_ || IsStale(ready_[first_], target)) LookAhead(target);
+      Select(target, ready_[first_++]);
     }
     result_.generations = generation_;
     if (generation_ % kReportEvery == 0)
@@ -156,14 +185,15 @@ void Evolution::DrawMember(int i) {
 
 /// What is drawn does not depend on scores, so that many members are scored in one call.
 void Evolution::ScoreMembers(int first, int last) {
-  std::array<CandidateScore, kScoredTogether> scores;
-  for (int block = first; block <= last; block += kScoredTogether) {
-    const int count = std::min(kScoredTogether, last - block + 1);
+  const int together = kBlocksOfMembers * static_cast<int>(objective_.Together());
+  for (int block = first; block <= last; block += together) {
+    const int count = std::min(together, last - block + 1);
     for (int i = block; i < block + count; ++i) RepairBounds(Member(i));
-    objective_.Score(MembersFrom(block, count),
-                     std::span(scores).first(static_cast<std::size_t>(count)), workspace_);
+    random_.Forget();
+    scored_.resize(static_cast<std::size_t>(count));
+    objective_.Score(MembersFrom(block, count), scored_, workspace_);
     for (int i = block; i < block + count; ++i) {
-      const CandidateScore& scored = scores[static_cast<std::size_t>(i - block)];
+      const CandidateScore& scored = scored_[static_cast<std::size_t>(i - block)];
       CountCall();
       if (scored.fault) throw *scored.fault;
       Score(i) = scored.score;
@@ -229,13 +259,80 @@ void Evolution::ExponentialCrossOver() {
   } while (taken < Size() && random_.Draw() < settings_.PCROS);
 }
 
-void Evolution::EvaluateAndSelect(int target) {
-  const double score = CountedEvaluate(trial_);
-  if (score < Score(target)) {
-    std::copy(trial_.begin(), trial_.end(), Member(target).begin());
-    Score(target) = score;
+/// The trial of a target from the population as it stands, inside the bounds.
+TrialAhead& Evolution::MakeTrial(int target, int turn) {
+  TrialAhead& made = ready_[last_++];
+  made.madeAt = turn;
+  made.position = random_.Position();
+  made.drawn = DrawFour(target);
+  Mutate(made.drawn);
+  CrossOver(target);
+  RepairBounds(trial_);
+  std::copy(trial_.begin(), trial_.end(), made.x.begin());
+  made.isScored = false;
+  return made;
+}
+
+bool Evolution::IsStale(const TrialAhead& trial, int target) const {
+  return std::any_of(trial.drawn.begin(), trial.drawn.end(), [&](int member) {
+    return member >= trial.madeAt && member < target && replaced_[static_cast<std::size_t>(member)];
+  });
+}
+
+/// Makes the trials from this turn on, as many as can be scored at once beside those whose score
+/// is known from before, and scores them. What is drawn for a trial does not depend on scores; only
+/// where a trial changes, because one of its members has been replaced, may the random numbers fall
+/// otherwise on those behind it. So all are made anew, with the numbers that are theirs.
+void Evolution::LookAhead(int turn) {
+  before_.swap(ready_);
+  const std::size_t first = first_, last = last_;
+  if (first == last)
+    random_.Forget();
+  else
+    random_.ReturnTo(before_[first].position);
+  first_ = last_ = 0;
+  const std::size_t together =
+      objective_.Counts(objective_.Together(), workspace_) ? objective_.Together() : 1;
+  unscored_.clear();
+  std::size_t fresh = 0;
+  for (int target = turn; target <= members_ && fresh < together && last_ < ready_.size();
+       ++target) {
+    TrialAhead& made = MakeTrial(target, turn);
+    const std::size_t same = first + static_cast<std::size_t>(target - turn);
+    if (same < last && before_[same].x == made.x) {
+      made.scored = before_[same].scored;
+      made.isScored = true;
+    } else {
+      ++fresh;
+      unscored_.insert(unscored_.end(), made.x.begin(), made.x.end());
+    }
   }
-  KeepIfBest(trial_, score);
+  ScoreTrials(fresh);
+}
+
+/// Scores the trials that are not. Those whose turn never comes are not counted.
+void Evolution::ScoreTrials(std::size_t count) {
+  const std::int32_t counted = workspace_.Evaluations();
+  scored_.resize(count);
+  objective_.Score(unscored_, scored_, workspace_);
+  workspace_.SetEvaluations(counted);
+  std::size_t next = 0;
+  for (std::size_t i = first_; i < last_; ++i)
+    if (!ready_[i].isScored) ready_[i].scored = scored_[next++];
+  result_.simulations += static_cast<std::int64_t>(count);
+}
+
+void Evolution::Select(int target, const TrialAhead& trial) {
+  CountCall();
+  workspace_.SetEvaluations(workspace_.Evaluations() + trial.scored.rateEvaluations);
+  if (trial.scored.fault) throw *trial.scored.fault;
+  const double score = trial.scored.score;
+  if (score < Score(target)) {
+    std::copy(trial.x.begin(), trial.x.end(), Member(target).begin());
+    Score(target) = score;
+    replaced_[static_cast<std::size_t>(target)] = 1;
+  }
+  KeepIfBest(trial.x, score);
 }
 
 void Evolution::KeepIfBest(std::span<const double> x, double score) {
@@ -260,11 +357,6 @@ double Evolution::EvaluateCandidate(std::span<double> x) {
   objective_.Score(x, std::span(&scored, 1), workspace_);
   if (scored.fault) throw *scored.fault;
   return scored.score;
-}
-
-double Evolution::CountedEvaluate(std::span<double> x) {
-  CountCall();
-  return EvaluateCandidate(x);
 }
 
 void Evolution::CountCall() {

@@ -46,9 +46,10 @@ struct SearchResult {
   int bestGeneration = 0;    // in which it was found; 0: the initial population
   double startScore = 0;     // of the start values; 0 where these met the fault that ended it
   std::int32_t functionCalls = 0;
-  int generations = 0;  // that ended, or starts and rounds
-  int starts = 0;       // descents that ended, where the method makes any
-  int agreeing = 0;     // those of them that ended within 1 % of the best score
+  std::int64_t simulations = 0;  // of trials, those among them that were made and not used
+  int generations = 0;           // that ended, or starts and rounds
+  int starts = 0;                // descents that ended, where the method makes any
+  int agreeing = 0;              // those of them that ended within 1 % of the best score
 
   bool HasResult() const { return !best.empty(); }
 };
