@@ -4,6 +4,7 @@
 #include <Eigen/LU>
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <vector>
 
 namespace velmora {
@@ -102,48 +103,28 @@ void Accept(Descent& descent, const Place& place, double score, Eigen::VectorXd&
   descent.ended = descent.quiet >= kMostQuiet;
 }
 
-void Iterate(Descent& descent, Landscape& landscape) {
-  Differentiate(descent, landscape);
-  Eigen::VectorXd residuals;
-  double firstPromise = 0;
-  for (int trial = 0; trial < kMostTrials && !landscape.Exhausted(); ++trial) {
-    const Eigen::VectorXd step = BoundedStep(descent).Solve();
-    const double promised = Promised(descent, step);
-    if (trial == 0) firstPromise = promised;
-    if (!(step.cwiseAbs().maxCoeff() > kShortestStep) || !(promised > 0)) break;
-    const Place place = (descent.at + step).cwiseMax(0).cwiseMin(1);
-    const double score = landscape.Score(place, residuals);
-    if (score < descent.score)
-      return Accept(descent, place, score, residuals, (descent.score - score) / promised);
-    descent.damping *= descent.growth;
-    descent.growth *= 2;
+/// The residuals and scores of places as the data of a descent give them.
+void MeasureBy(const OtherData* measured, Eigen::Ref<Eigen::VectorXd> scores,
+               Eigen::Ref<Eigen::MatrixXd> residuals) {
+  if (measured == nullptr) return;
+  for (Eigen::Index i = 0; i < scores.size(); ++i) {
+    if (!std::isfinite(scores[i])) continue;
+    residuals.col(i) = (residuals.col(i) + measured->shift).cwiseProduct(measured->factor).eval();
+    scores[i] = residuals.col(i).squaredNorm();
   }
-  if (landscape.Exhausted()) return;
-  descent.ended = true;
-  descent.blocked = firstPromise > kPromise * descent.score;
 }
 
-}  // namespace
-
-Descent BeginDescent(const Place& place, Landscape& landscape) {
-  Descent descent;
-  descent.at = place;
-  descent.score = landscape.Score(place, descent.residuals);
-  descent.ended = !std::isfinite(descent.score);
-  return descent;
+/// The places at which the derivatives at `at` are taken, one for each component.
+Eigen::MatrixXd Beside(const Place& at) {
+  Eigen::MatrixXd places = at.replicate(1, at.size());
+  for (Eigen::Index j = 0; j < at.size(); ++j)
+    places(j, j) += at[j] + kDifference <= 1 ? kDifference : -kDifference;
+  return places;
 }
 
-void Differentiate(Descent& descent, Landscape& landscape) {
-  const Eigen::Index size = descent.at.size();
-  Eigen::MatrixXd places = descent.at.replicate(1, size);
-  Eigen::VectorXd steps(size);
-  for (Eigen::Index j = 0; j < size; ++j) {
-    steps[j] = descent.at[j] + kDifference <= 1 ? kDifference : -kDifference;
-    places(j, j) += steps[j];
-  }
-  Eigen::MatrixXd jacobian;
-  const Eigen::VectorXd scores = landscape.Score(places, jacobian);
-  for (Eigen::Index j = 0; j < size; ++j) {
+void SetDerivatives(Descent& descent, const Eigen::MatrixXd& places, const Eigen::VectorXd& scores,
+                    Eigen::MatrixXd jacobian) {
+  for (Eigen::Index j = 0; j < places.cols(); ++j) {
     if (std::isfinite(scores[j]))
       jacobian.col(j) = (jacobian.col(j) - descent.residuals) / (places(j, j) - descent.at[j]);
     else
@@ -153,11 +134,141 @@ void Differentiate(Descent& descent, Landscape& landscape) {
   descent.gradient = jacobian.transpose() * descent.residuals;
 }
 
-void Descend(Descent& descent, int iterations, Landscape& landscape) {
-  for (int i = 0; i < iterations && !descent.ended && !landscape.Exhausted(); ++i) {
-    descent.ended = landscape.IsPerfect(descent.score);
-    if (!descent.ended) Iterate(descent, landscape);
+/// A descent on its way: it asks for scores of places, and goes on by them.
+class Walk {
+ public:
+  Walk(Descent& descent, int iterations) : descent_(&descent), left_(iterations) {}
+
+  /// The places that it wants to know of; none where it is at its end.
+  Eigen::MatrixXd Ask(const Landscape& landscape) {
+    if (descent_->ended) return {};
+    if (state_ == State::Between) {
+      descent_->ended = landscape.IsPerfect(descent_->score);
+      if (descent_->ended || left_-- == 0) return {};
+      places_ = Beside(descent_->at);
+      state_ = State::Differentiating;
+    } else {
+      Try();
+    }
+    return places_;
   }
+
+  void Hear(Eigen::VectorXd scores, Eigen::MatrixXd residuals) {
+    MeasureBy(descent_->measured, scores, residuals);
+    if (state_ == State::Differentiating) {
+      SetDerivatives(*descent_, places_, scores, std::move(residuals));
+      state_ = State::Trying;
+      trial_ = 0;
+    } else if (scores[0] < descent_->score) {
+      Eigen::VectorXd taken = residuals.col(0);
+      Accept(*descent_, places_.col(0), scores[0], taken,
+             (descent_->score - scores[0]) / promised_);
+      state_ = State::Between;
+    } else {
+      descent_->damping *= descent_->growth;
+      descent_->growth *= 2;
+      ++trial_;
+    }
+  }
+
+ private:
+  enum class State : std::uint8_t { Between, Differentiating, Trying };
+
+  void Try() {
+    const Eigen::VectorXd step = BoundedStep(*descent_).Solve();
+    promised_ = Promised(*descent_, step);
+    if (trial_ == 0) firstPromise_ = promised_;
+    if (trial_ < kMostTrials && step.cwiseAbs().maxCoeff() > kShortestStep && promised_ > 0) {
+      places_ = (descent_->at + step).cwiseMax(0).cwiseMin(1);
+      return;
+    }
+    descent_->ended = true;
+    descent_->blocked = firstPromise_ > kPromise * descent_->score;
+    places_.resize(0, 0);
+  }
+
+  Descent* descent_;
+  int left_;  // iterations
+  State state_ = State::Between;
+  Eigen::MatrixXd places_;
+  int trial_ = 0;
+  double promised_ = 0;
+  double firstPromise_ = 0;
+};
+
+}  // namespace
+
+std::vector<Descent> BeginDescents(const std::vector<Place>& places, Landscape& landscape) {
+  std::vector<Descent> descents(places.size());
+  Eigen::MatrixXd columns(landscape.Size(), static_cast<Eigen::Index>(places.size()));
+  for (std::size_t i = 0; i < places.size(); ++i)
+    columns.col(static_cast<Eigen::Index>(i)) = places[i];
+  Eigen::MatrixXd residuals;
+  const Eigen::VectorXd scores = landscape.Score(columns, residuals);
+  for (std::size_t i = 0; i < places.size(); ++i) {
+    const auto column = static_cast<Eigen::Index>(i);
+    descents[i].at = places[i];
+    descents[i].score = scores[column];
+    descents[i].residuals = residuals.col(column);
+    descents[i].ended = !std::isfinite(scores[column]);
+  }
+  return descents;
+}
+
+Descent BeginDescent(const Place& place, Landscape& landscape) {
+  return BeginDescents({place}, landscape).front();
+}
+
+Descent BeginWith(const OtherData& measured, const Descent& descent) {
+  Descent begun;
+  begun.at = descent.at;
+  begun.measured = &measured;
+  begun.ended = !std::isfinite(descent.score);
+  begun.residuals = (descent.residuals + measured.shift).cwiseProduct(measured.factor);
+  begun.score = begun.residuals.squaredNorm();
+  return begun;
+}
+
+void Differentiate(Descent& descent, Landscape& landscape) {
+  const Eigen::MatrixXd places = Beside(descent.at);
+  Eigen::MatrixXd residuals;
+  Eigen::VectorXd scores = landscape.Score(places, residuals);
+  MeasureBy(descent.measured, scores, residuals);
+  SetDerivatives(descent, places, scores, std::move(residuals));
+}
+
+void Descend(std::span<Descent> descents, int iterations, Landscape& landscape) {
+  std::vector<Walk> walks;
+  for (Descent& descent : descents) walks.emplace_back(descent, iterations);
+  while (!walks.empty()) {
+    std::vector<Eigen::MatrixXd> asked;
+    std::erase_if(walks, [&](Walk& walk) {
+      Eigen::MatrixXd places = walk.Ask(landscape);
+      const bool ended = places.size() == 0;
+      if (!ended) asked.push_back(std::move(places));
+      return ended;
+    });
+    Eigen::Index count = 0;
+    for (const Eigen::MatrixXd& places : asked) count += places.cols();
+    if (count == 0 || landscape.Exhausted(count)) return;
+    Eigen::MatrixXd together(landscape.Size(), count), residuals;
+    Eigen::Index first = 0;
+    for (const Eigen::MatrixXd& places : asked) {
+      together.middleCols(first, places.cols()) = places;
+      first += places.cols();
+    }
+    const Eigen::VectorXd scores = landscape.Score(together, residuals);
+    first = 0;
+    for (std::size_t i = 0; i < walks.size(); ++i) {
+      const Eigen::Index cols = asked[i].cols();
+      walks[i].Hear(scores.segment(first, cols), residuals.middleCols(first, cols));
+      first += cols;
+    }
+  }
+}
+
+void Descend(Descent& descent, int iterations, Landscape& landscape) {
+  Descend(std::span(&descent, 1), iterations, landscape);
 }
 
 Eigen::MatrixXd ShapeAround(const Descent& descent, double spread) {
@@ -167,15 +278,20 @@ Eigen::MatrixXd ShapeAround(const Descent& descent, double spread) {
 }
 
 bool HasKink(const Descent& descent, Landscape& landscape) {
+  std::vector<Place> places;
+  std::vector<double> explained;
   for (Eigen::Index j = 0; j < descent.at.size(); ++j)
     for (const double move : {-kKinkMove, kKinkMove}) {
       Place place = descent.at;
       place[j] = std::clamp(place[j] + move, 0.0, 1.0);
-      const double explained =
-          kKinkRise * descent.score + kKinkCurvature * descent.normal(j, j) * move * move;
-      if (place[j] != descent.at[j] && landscape.Score(place) > descent.score + explained)
-        return true;
+      if (place[j] == descent.at[j]) continue;
+      places.push_back(place);
+      explained.push_back(kKinkRise * descent.score +
+                          kKinkCurvature * descent.normal(j, j) * move * move);
     }
+  const std::vector<double> scores = landscape.Scores(places);
+  for (std::size_t i = 0; i < places.size(); ++i)
+    if (scores[i] > descent.score + explained[i]) return true;
   return false;
 }
 

@@ -1,11 +1,22 @@
-// One descent by the method of Levenberg and Marquardt, inside the box of the bounds.
+// Descents by the method of Levenberg and Marquardt, inside the box of the bounds. Many go on side
+// by side, since many places are scored together in little more time than one; each goes as it
+// would alone.
 #pragma once
 
 #include <Eigen/Core>
+#include <span>
+#include <vector>
 
 #include "estimation/Landscape.h"
 
 namespace velmora {
+
+/// Measured values other than those of the landscape, to which a descent may fit: its residuals are
+/// `factor` times the sum of the landscape's and `shift`, value by value.
+struct OtherData {
+  Eigen::VectorXd shift;
+  Eigen::VectorXd factor;
+};
 
 /// Where a descent stands. It can be taken up again at any time.
 struct Descent {
@@ -18,16 +29,21 @@ struct Descent {
   double growth = 2;  // of the damping after the next failure
   int quiet = 0;      // iterations in a row that gained next to nothing
   bool ended = false;
-  bool blocked = false;  // it ended although a step promised more: the score has a kink here
+  bool blocked = false;                 // a step promised more: the score has a kink here
+  const OtherData* measured = nullptr;  // must outlive the descent; null: the landscape's own
 };
 
-/// Begins at `place`, which is scored.
+/// Begins at each of `places`, which are scored.
+std::vector<Descent> BeginDescents(const std::vector<Place>& places, Landscape& landscape);
 Descent BeginDescent(const Place& place, Landscape& landscape);
+/// Begins with other data where `descent` stands, whose residuals are the landscape's.
+Descent BeginWith(const OtherData& measured, const Descent& descent);
 
-/// Goes on for at most `iterations`. Minimises the sum of squared residuals (Levenberg 1944,
+/// Each goes on for at most `iterations`. Minimises the sum of squared residuals (Levenberg 1944,
 /// Marquardt 1963) with derivatives by forward differences, the damping controlled by the gain
 /// ratio (Nielsen 1999), the diagonal of J'J as scale, and components that would leave the box held
 /// at its edge. A place where a simulation faults counts as infinitely high.
+void Descend(std::span<Descent> descents, int iterations, Landscape& landscape);
 void Descend(Descent& descent, int iterations, Landscape& landscape);
 
 /// The derivatives at the descent's place: sets `normal` and `gradient`.

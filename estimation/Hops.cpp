@@ -7,6 +7,8 @@
 #include <numeric>
 #include <utility>
 
+#include "kinetics/Powers.h"
+
 namespace velmora {
 namespace {
 
@@ -69,7 +71,8 @@ std::vector<Place> Hops::Hypercube(int count) {
 /// A limit between `least` and `most` times the highest measured value, log-uniformly.
 double Hops::LimitComponent(Eigen::Index j, double least, double most) {
   const double highest = landscape_.Variable(j).position == At::CxAst ? highestCx_ : highestCp_;
-  return landscape_.ComponentOf(j, highest * std::exp(Between(std::log(least), std::log(most))));
+  return landscape_.ComponentOf(j,
+                                highest * Exponential(Between(Logarithm(least), Logarithm(most))));
 }
 
 Place Hops::From(const Descent& base) {
@@ -79,7 +82,7 @@ Place Hops::From(const Descent& base) {
 }
 
 Place Hops::AlongValley(const Descent& base) {
-  const double spread = std::pow(10.0, Between(kLeastSpread, kMostSpread));
+  const double spread = Power(10.0, Between(kLeastSpread, kMostSpread));
   Eigen::VectorXd normal(landscape_.Size());
   for (double& component : normal) component = random_.GaussianRandom();
   return base.at + ShapeAround(base, spread).llt().matrixL() * normal;
@@ -134,17 +137,12 @@ void Hops::LowerExponentOf(At limit, Place& place) {
 }
 
 Place Hops::BestOfSome() {
-  Place best;
-  double least = std::numeric_limits<double>::infinity();
-  for (int i = 0; i < kSome; ++i) {
-    Place place(landscape_.Size());
+  std::vector<Place> places(kSome, Place(landscape_.Size()));
+  for (Place& place : places)
     for (double& component : place) component = random_.Draw();
-    const double score = landscape_.Score(place);
-    if (i > 0 && !(score < least)) continue;
-    best = place;
-    least = score;
-  }
-  return best;
+  const std::vector<double> scores = landscape_.Scores(places);
+  const auto least = std::min_element(scores.begin(), scores.end());
+  return places[static_cast<std::size_t>(least - scores.begin())];
 }
 
 }  // namespace velmora

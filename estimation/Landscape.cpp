@@ -5,6 +5,8 @@
 #include <limits>
 #include <utility>
 
+#include "kinetics/Powers.h"
+
 namespace velmora {
 namespace {
 
@@ -20,7 +22,7 @@ double ValueAt(const FitVariable& variable, double component) {
   if (component <= 0) return lower;
   if (component >= 1) return upper;
   const double value = IsLogarithmic(variable)
-                           ? lower * std::exp(component * std::log(upper / lower))
+                           ? lower * Exponential(component * Logarithm(upper / lower))
                            : lower + component * (upper - lower);
   return std::clamp(value, lower, upper);
 }
@@ -54,7 +56,7 @@ Place Landscape::PlaceOf(const std::vector<double>& candidate) const {
 double Landscape::ComponentOf(Eigen::Index j, double value) const {
   const auto& [position, lower, upper, start] = Variable(j);
   const double inside = std::clamp(value, lower, upper);
-  return IsLogarithmic(Variable(j)) ? std::log(inside / lower) / std::log(upper / lower)
+  return IsLogarithmic(Variable(j)) ? Logarithm(inside / lower) / Logarithm(upper / lower)
                                     : (inside - lower) / (upper - lower);
 }
 
@@ -99,7 +101,15 @@ Eigen::VectorXd Landscape::Score(const Eigen::MatrixXd& places, Eigen::MatrixXd&
   return scores;
 }
 
-bool Landscape::Exhausted() {
+std::vector<double> Landscape::Scores(const std::vector<Place>& places) {
+  Eigen::VectorXd scores(static_cast<Eigen::Index>(places.size()));
+  for (const Place& place : places) Append(place);
+  ScoreAppended(scores, {});
+  return {scores.begin(), scores.end()};
+}
+
+bool Landscape::Exhausted(Eigen::Index wanted) {
+  spent_ = spent_ || evaluations_ + wanted > limit_;
   if (!stopped_ && evaluations_ - lastAsked_ >= kBetweenStops) {
     lastAsked_ = evaluations_;
     stopped_ = stopRequested_();

@@ -8,6 +8,7 @@
 #include "estimation/Elite.h"
 #include "estimation/Hops.h"
 #include "estimation/Polish.h"
+#include "kinetics/Powers.h"
 
 namespace velmora {
 namespace {
@@ -33,6 +34,7 @@ constexpr double kKinkNear = 1.02;        // times the best: where a kink matter
 constexpr double kQuietGain = 1e-5;
 constexpr int kQuietRoundsAtKinks = 5;
 constexpr int kQuietRounds = 2;
+constexpr int kQuietRoundsAlone = 5;  // where no other descent reached the best
 constexpr int kEnoughAgree = 4;
 
 // The polish, with evaluations for each parameter.
@@ -65,7 +67,7 @@ class ManyStarts {
   std::vector<Descent> BestOfHypercube(std::size_t count);
   void Hop();
   const Descent& Base();
-  void Follow(const Place& place);
+  void FollowPromising(std::vector<Descent>& descents);
   void Polish();
   void EndRound();
   bool ShouldEnd();
@@ -102,8 +104,8 @@ void ManyStarts::Start() {
   for (const auto& [count, iterations] : kStages) {
     ByScore(descents);
     descents.resize(std::min(descents.size(), count));
-    for (Descent& descent : descents) {
-      Descend(descent, iterations, landscape_);
+    Descend(descents, iterations, landscape_);
+    for (const Descent& descent : descents) {
       Admit(descent);
       if (count == kStages[0].descents) Report();
     }
@@ -123,23 +125,42 @@ Descent ManyStarts::UserStart() {
 }
 
 std::vector<Descent> ManyStarts::BestOfHypercube(std::size_t count) {
-  std::vector<Descent> descents;
-  for (const Place& place : hops_.Hypercube(kPlaces)) {
-    if (landscape_.Exhausted()) break;
-    descents.push_back(BeginDescent(place, landscape_));
-  }
+  std::vector<Place> places = hops_.Hypercube(kPlaces);
+  if (landscape_.Exhausted(kPlaces)) return {};
+  std::vector<Descent> descents = BeginDescents(places, landscape_);
   ByScore(descents);
   descents.resize(std::min(descents.size(), count));
   return descents;
 }
 
+/// Descents from beside the best, all at once.
 void ManyStarts::Hop() {
   endsBeforeRound_ = elite_.Ends();
   scoreBeforeRound_ = elite_.BestScore();
-  for (int hop = 0; hop < kHops; ++hop) {
-    if (landscape_.Exhausted() || landscape_.IsPerfect(elite_.BestScore())) return;
-    Follow(hops_.From(Base()));
+  std::vector<Place> places;
+  for (int hop = 0; hop < kHops && !landscape_.Exhausted(); ++hop) {
+    const Place place = hops_.From(Base());
+    if (place.allFinite()) places.push_back(place.cwiseMax(0).cwiseMin(1));
   }
+  if (places.empty() || landscape_.Exhausted(kHops)) return;
+  std::vector<Descent> descents = BeginDescents(places, landscape_);
+  Descend(descents, kHopIterations, landscape_);
+  FollowPromising(descents);
+  for (const Descent& descent : descents) {
+    elite_.NoteEnd(descent.score);
+    Admit(descent);
+  }
+  for (const Descent& descent : descents) LookForKinks(descent);
+}
+
+/// Those that came near to the best go on.
+void ManyStarts::FollowPromising(std::vector<Descent>& descents) {
+  double best = elite_.BestScore();
+  for (const Descent& descent : descents) best = std::min(best, descent.score);
+  const auto rest =
+      std::partition(descents.begin(), descents.end(),
+                     [best](const Descent& descent) { return descent.score < kPromising * best; });
+  Descend({descents.begin(), rest}, kPromisingIterations, landscape_);
 }
 
 /// Mostly the best; sometimes another one that is about as good.
@@ -147,17 +168,6 @@ const Descent& ManyStarts::Base() {
   const std::size_t near = elite_.CountWithin(kOtherBaseWithin);
   if (near == 1 || random_.Draw() >= kOtherBase) return elite_.Best();
   return elite_.Member(static_cast<std::size_t>(random_.DrawIndex(static_cast<int>(near) - 1)));
-}
-
-void ManyStarts::Follow(const Place& place) {
-  if (!place.allFinite()) return;
-  Descent descent = BeginDescent(place.cwiseMax(0).cwiseMin(1), landscape_);
-  Descend(descent, kHopIterations, landscape_);
-  if (descent.score < kPromising * elite_.BestScore())
-    Descend(descent, kPromisingIterations, landscape_);
-  elite_.NoteEnd(descent.score);
-  Admit(descent);
-  LookForKinks(descent);
 }
 
 void ManyStarts::LookForKinks(const Descent& descent) {
@@ -170,7 +180,7 @@ void ManyStarts::Polish() {
   const Descent& from = elite_.Best();
   if (!kinked_ || landscape_.Exhausted() || landscape_.IsPerfect(from.score)) return;
   const int size = static_cast<int>(landscape_.Size());
-  const int population = 4 + static_cast<int>(3 * std::log(static_cast<double>(size)));
+  const int population = 4 + static_cast<int>(3 * Logarithm(static_cast<double>(size)));
   Found best{from.at, from.score};
   AdaptCovariance(best, ShapeAround(from, kNarrow), population, kNarrowEvaluations * size,
                   landscape_, random_);
@@ -200,6 +210,7 @@ bool ManyStarts::ShouldEnd() {
     return true;
   if (quietRounds_ == 0) return false;
   if (kinked_) return quietRounds_ >= kQuietRoundsAtKinks;
+  if (elite_.Agreeing(0, landscape_) <= 1) return quietRounds_ >= kQuietRoundsAlone;
   const int agreeing = elite_.Agreeing(endsBeforeRound_, landscape_);
   const int rivals = elite_.Rivals(endsBeforeRound_, landscape_);
   return quietRounds_ >= kQuietRounds || (agreeing >= kEnoughAgree && 4 * rivals <= agreeing);

@@ -7,6 +7,8 @@
 #include <numeric>
 #include <vector>
 
+#include "kinetics/Powers.h"
+
 namespace velmora {
 namespace {
 
@@ -29,7 +31,7 @@ struct Weights {
     weights = Eigen::VectorXd(parents);
     for (Eigen::Index i = 0; i < parents; ++i)
       weights[i] =
-          std::log(static_cast<double>(parents) + 0.5) - std::log(static_cast<double>(i) + 1);
+          Logarithm(static_cast<double>(parents) + 0.5) - Logarithm(static_cast<double>(i) + 1);
     weights /= weights.sum();
     mass = 1 / weights.squaredNorm();
     pathC = (4 + mass / n) / (n + 4 + 2 * mass / n);
@@ -59,13 +61,11 @@ class CovarianceAdaptation {
   double Generation(Found& best, Landscape& landscape, UniformGenerator& random) {
     if (!Decompose()) return std::numeric_limits<double>::infinity();
     Sample(random);
-    Eigen::VectorXd scores(population_);
-    for (Eigen::Index i = 0; i < population_; ++i) {
-      scores[i] = landscape.Score(samples_.col(i));
-      Keep(best, samples_.col(i), scores[i]);
-    }
+    const std::vector<Place> places(samples_.colwise().begin(), samples_.colwise().end());
+    const std::vector<double> scores = landscape.Scores(places);
+    for (std::size_t i = 0; i < places.size(); ++i) Keep(best, places[i], scores[i]);
     Update(Ranked(scores));
-    return scores.minCoeff();
+    return *std::min_element(scores.begin(), scores.end());
   }
 
  private:
@@ -86,11 +86,12 @@ class CovarianceAdaptation {
     }
   }
 
-  static std::vector<Eigen::Index> Ranked(const Eigen::VectorXd& scores) {
-    std::vector<Eigen::Index> order(static_cast<std::size_t>(scores.size()));
+  static std::vector<Eigen::Index> Ranked(const std::vector<double>& scores) {
+    std::vector<Eigen::Index> order(scores.size());
     std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(),
-                     [&](Eigen::Index a, Eigen::Index b) { return scores[a] < scores[b]; });
+    std::stable_sort(order.begin(), order.end(), [&](Eigen::Index a, Eigen::Index b) {
+      return scores[static_cast<std::size_t>(a)] < scores[static_cast<std::size_t>(b)];
+    });
     return order;
   }
 
@@ -106,7 +107,7 @@ class CovarianceAdaptation {
     pathS_ = remembered * pathS_ +
              std::sqrt(constants_.pathS * (2 - constants_.pathS) * constants_.mass) * white;
     ++generation_;
-    const double settled = std::sqrt(1 - std::pow(remembered, 2 * generation_));
+    const double settled = std::sqrt(1 - Power(remembered, 2 * generation_));
     const double n = static_cast<double>(mean_.size());
     const bool stalls = pathS_.norm() / settled > (1.4 + 2 / (n + 1)) * constants_.expectedNorm;
     pathC_ = (1 - constants_.pathC) * pathC_;
@@ -117,8 +118,8 @@ class CovarianceAdaptation {
         (1 - constants_.rankOne - constants_.rankMany + constants_.rankOne * lost) * covariance_ +
         constants_.rankOne * pathC_ * pathC_.transpose() +
         constants_.rankMany * steps * constants_.weights.asDiagonal() * steps.transpose();
-    sigma_ *= std::exp(constants_.pathS / constants_.damping *
-                       (pathS_.norm() / constants_.expectedNorm - 1));
+    sigma_ *= Exponential(constants_.pathS / constants_.damping *
+                          (pathS_.norm() / constants_.expectedNorm - 1));
   }
 
   const Weights constants_;
@@ -143,7 +144,7 @@ void AdaptCovariance(Found& best, const Eigen::MatrixXd& shape, int population, 
   double lowest = std::numeric_limits<double>::infinity();
   int spent = 0, gainedAt = 0;
   while (spent + population <= evaluations && spent - gainedAt < patience &&
-         !landscape.Exhausted()) {
+         !landscape.Exhausted(population)) {
     const double score = adaptation.Generation(best, landscape, random);
     if (!std::isfinite(score)) return;
     spent += population;
