@@ -17,6 +17,8 @@ constexpr int kMostTrials = 25;          // of one iteration
 constexpr double kQuietGain = 1e-10;     // of the score
 constexpr int kMostQuiet = 3;            // iterations
 constexpr double kPromise = 1e-6;        // of the score: a promise that a smooth score would keep
+constexpr double kKeptPromise = 0.5;     // share of the promised gain: the derivatives were right
+constexpr int kMostUpdates = 8;          // of derivatives, before they are taken anew
 constexpr double kShortestStep = 1e-14;  // of a component
 constexpr double kWidest = 0.3;          // of a shape, in components
 
@@ -122,6 +124,11 @@ Eigen::MatrixXd Beside(const Place& at) {
   return places;
 }
 
+void SetNormal(Descent& descent) {
+  descent.normal = descent.jacobian.transpose() * descent.jacobian;
+  descent.gradient = descent.jacobian.transpose() * descent.residuals;
+}
+
 void SetDerivatives(Descent& descent, const Eigen::MatrixXd& places, const Eigen::VectorXd& scores,
                     Eigen::MatrixXd jacobian) {
   for (Eigen::Index j = 0; j < places.cols(); ++j) {
@@ -130,8 +137,17 @@ void SetDerivatives(Descent& descent, const Eigen::MatrixXd& places, const Eigen
     else
       jacobian.col(j).setZero();
   }
-  descent.normal = jacobian.transpose() * jacobian;
-  descent.gradient = jacobian.transpose() * descent.residuals;
+  descent.jacobian = std::move(jacobian);
+  descent.updates = 0;
+  SetNormal(descent);
+}
+
+/// The derivatives after an accepted step, as far as the step itself tells of them (Broyden 1965).
+void Update(Descent& descent, const Eigen::VectorXd& step, const Eigen::VectorXd& before) {
+  const Eigen::VectorXd untold = descent.residuals - before - descent.jacobian * step;
+  descent.jacobian += untold * step.transpose() / step.squaredNorm();
+  ++descent.updates;
+  SetNormal(descent);
 }
 
 /// A descent on its way: it asks for scores of places, and goes on by them.
@@ -145,11 +161,11 @@ class Walk {
     if (state_ == State::Between) {
       descent_->ended = landscape.IsPerfect(descent_->score);
       if (descent_->ended || left_-- == 0) return {};
-      places_ = Beside(descent_->at);
-      state_ = State::Differentiating;
-    } else {
-      Try();
+      trial_ = 0;
+      state_ = State::Trying;
+      if (!fresh_) Differentiating();
     }
+    if (state_ == State::Trying) Try();
     return places_;
   }
 
@@ -157,13 +173,12 @@ class Walk {
     MeasureBy(descent_->measured, scores, residuals);
     if (state_ == State::Differentiating) {
       SetDerivatives(*descent_, places_, scores, std::move(residuals));
+      fresh_ = true;
       state_ = State::Trying;
-      trial_ = 0;
     } else if (scores[0] < descent_->score) {
-      Eigen::VectorXd taken = residuals.col(0);
-      Accept(*descent_, places_.col(0), scores[0], taken,
-             (descent_->score - scores[0]) / promised_);
-      state_ = State::Between;
+      Take(scores[0], residuals.col(0));
+    } else if (descent_->updates > 0) {
+      Differentiating();
     } else {
       descent_->damping *= descent_->growth;
       descent_->growth *= 2;
@@ -174,6 +189,22 @@ class Walk {
  private:
   enum class State : std::uint8_t { Between, Differentiating, Trying };
 
+  void Differentiating() {
+    places_ = Beside(descent_->at);
+    state_ = State::Differentiating;
+  }
+
+  /// Accepts the trial. Where it kept its promise, it also tells enough of the derivatives.
+  void Take(double score, const Eigen::VectorXd& residuals) {
+    const double gainRatio = (descent_->score - score) / promised_;
+    const Eigen::VectorXd step = places_.col(0) - descent_->at;
+    Eigen::VectorXd taken = residuals;
+    Accept(*descent_, places_.col(0), score, taken, gainRatio);
+    fresh_ = gainRatio > kKeptPromise && descent_->updates < kMostUpdates && descent_->quiet == 0;
+    if (fresh_) Update(*descent_, step, taken);
+    state_ = State::Between;
+  }
+
   void Try() {
     const Eigen::VectorXd step = BoundedStep(*descent_).Solve();
     promised_ = Promised(*descent_, step);
@@ -182,6 +213,7 @@ class Walk {
       places_ = (descent_->at + step).cwiseMax(0).cwiseMin(1);
       return;
     }
+    if (descent_->updates > 0) return Differentiating();
     descent_->ended = true;
     descent_->blocked = firstPromise_ > kPromise * descent_->score;
     places_.resize(0, 0);
@@ -190,6 +222,7 @@ class Walk {
   Descent* descent_;
   int left_;  // iterations
   State state_ = State::Between;
+  bool fresh_ = false;  // the derivatives hold at the descent's place
   Eigen::MatrixXd places_;
   int trial_ = 0;
   double promised_ = 0;

@@ -23,8 +23,10 @@ struct Descent {
   Place at;
   double score = 0;
   Eigen::VectorXd residuals;
-  Eigen::MatrixXd normal;    // J'J at the place of the last derivatives
-  Eigen::VectorXd gradient;  // J'r there
+  Eigen::MatrixXd jacobian;  // J, n x D: by differences, or brought up to date by a step
+  Eigen::MatrixXd normal;    // J'J
+  Eigen::VectorXd gradient;  // J'r
+  int updates = 0;           // of the derivatives, since they were taken by differences
   double damping = 1e-3;
   double growth = 2;  // of the damping after the next failure
   int quiet = 0;      // iterations in a row that gained next to nothing

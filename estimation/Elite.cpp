@@ -10,7 +10,6 @@ constexpr std::size_t kMost = 12;
 constexpr double kSamePlace = 1e-3;     // of a component
 constexpr double kSameScore = 1e-4;     // relative
 constexpr double kReachedScore = 1e-2;  // relative
-constexpr double kNearScore = 1.1;      // times the best
 
 }  // namespace
 
@@ -41,17 +40,9 @@ bool Elite::Agrees(double score, const Landscape& landscape) const {
   return score <= (1 + kSameScore) * BestScore() || landscape.IsPerfect(score);
 }
 
-int Elite::Agreeing(std::size_t first, const Landscape& landscape) const {
-  const auto from = ends_.begin() + static_cast<std::ptrdiff_t>(first);
-  return static_cast<int>(
-      std::count_if(from, ends_.end(), [&](double score) { return Agrees(score, landscape); }));
-}
-
-int Elite::Rivals(std::size_t first, const Landscape& landscape) const {
-  const auto from = ends_.begin() + static_cast<std::ptrdiff_t>(first);
-  return static_cast<int>(std::count_if(from, ends_.end(), [&](double score) {
-    return !Agrees(score, landscape) && score < kNearScore * BestScore();
-  }));
+int Elite::Agreeing(const Landscape& landscape) const {
+  return static_cast<int>(std::count_if(ends_.begin(), ends_.end(),
+                                        [&](double score) { return Agrees(score, landscape); }));
 }
 
 int Elite::Reached(const Landscape& landscape) const {

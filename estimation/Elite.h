@@ -29,10 +29,8 @@ class Elite {
   /// Notes that a descent ended at `score`.
   void NoteEnd(double score) { ends_.push_back(score); }
   std::size_t Ends() const { return ends_.size(); }
-  /// How many ends from the one numbered `first` on (from 0) agree with the best score.
-  int Agreeing(std::size_t first, const Landscape& landscape) const;
-  /// How many of them do not, and come near: optima of their own beside the best.
-  int Rivals(std::size_t first, const Landscape& landscape) const;
+  /// How many ends agree with the best score.
+  int Agreeing(const Landscape& landscape) const;
   /// How many ends in all came within 1 % of the best score.
   int Reached(const Landscape& landscape) const;
 

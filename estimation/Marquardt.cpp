@@ -32,10 +32,10 @@ constexpr double kKinkNear = 1.02;        // times the best: where a kink matter
 
 // A round that gains less is quiet.
 constexpr double kQuietGain = 1e-5;
-constexpr int kQuietRoundsAtKinks = 5;
+constexpr int kQuietRoundsAtKinks = 6;
 constexpr int kQuietRounds = 2;
-constexpr int kQuietRoundsAlone = 5;  // where no other descent reached the best
-constexpr int kEnoughAgree = 4;
+constexpr int kQuietRoundsWhereFewAgree = 5;
+constexpr int kFew = 8;  // one of so many descents
 
 // The polish, with evaluations for each parameter.
 constexpr double kNarrow = 0.02, kWide = 0.3;  // spreads of the first population
@@ -54,7 +54,10 @@ class ManyStarts {
   SearchResult Run() {
     Start();
     while (!ShouldEnd()) {
-      Hop();
+      if (quietRounds_ + 1 == QuietRoundsWanted())
+        StartAfresh();
+      else
+        Hop();
       Polish();
       EndRound();
     }
@@ -63,6 +66,8 @@ class ManyStarts {
 
  private:
   void Start();
+  void StartAfresh();
+  void DescendInStages(std::vector<Descent>& descents);
   Descent UserStart();
   std::vector<Descent> BestOfHypercube(std::size_t count);
   void Hop();
@@ -71,6 +76,7 @@ class ManyStarts {
   void Polish();
   void EndRound();
   bool ShouldEnd();
+  int QuietRoundsWanted() const;
   SearchResult Result() const;
 
   void Admit(const Descent& descent);
@@ -86,7 +92,6 @@ class ManyStarts {
   bool kinked_ = false;  // near the best the score has a kink: it wants the polish
   double startScore_ = 0;
   double scoreBeforeRound_ = 0;
-  std::size_t endsBeforeRound_ = 0;
   int quietRounds_ = 0;  // in a row
   int reports_ = 0;
   int bestReport_ = 0;
@@ -101,17 +106,30 @@ void ManyStarts::Start() {
   std::vector<Descent> descents{UserStart()};
   for (Descent& descent : BestOfHypercube(kStages[0].descents - 1))
     descents.push_back(std::move(descent));
+  DescendInStages(descents);
+  if (!elite_.Empty()) LookForKinks(elite_.Best());
+}
+
+/// Before the end, once more from anywhere: hops may never leave a wide basin.
+void ManyStarts::StartAfresh() {
+  scoreBeforeRound_ = elite_.BestScore();
+  std::vector<Descent> descents = BestOfHypercube(kStages[0].descents);
+  DescendInStages(descents);
+  LookForKinks(elite_.Best());
+}
+
+void ManyStarts::DescendInStages(std::vector<Descent>& descents) {
+  const bool reports = reports_ == 0;
   for (const auto& [count, iterations] : kStages) {
     ByScore(descents);
     descents.resize(std::min(descents.size(), count));
     Descend(descents, iterations, landscape_);
     for (const Descent& descent : descents) {
       Admit(descent);
-      if (count == kStages[0].descents) Report();
+      if (reports && count == kStages[0].descents) Report();
     }
   }
   for (const Descent& descent : descents) elite_.NoteEnd(descent.score);
-  if (!elite_.Empty()) LookForKinks(elite_.Best());
 }
 
 /// The start values, which are a result as soon as they are scored.
@@ -135,7 +153,6 @@ std::vector<Descent> ManyStarts::BestOfHypercube(std::size_t count) {
 
 /// Descents from beside the best, all at once.
 void ManyStarts::Hop() {
-  endsBeforeRound_ = elite_.Ends();
   scoreBeforeRound_ = elite_.BestScore();
   std::vector<Place> places;
   for (int hop = 0; hop < kHops && !landscape_.Exhausted(); ++hop) {
@@ -171,7 +188,7 @@ const Descent& ManyStarts::Base() {
 }
 
 void ManyStarts::LookForKinks(const Descent& descent) {
-  if (kinked_ || landscape_.Exhausted()) return;
+  if (kinked_ || landscape_.Exhausted(2 * landscape_.Size())) return;
   if (!(descent.score <= kKinkNear * elite_.BestScore())) return;
   kinked_ = descent.blocked || HasKink(descent, landscape_);
 }
@@ -209,11 +226,13 @@ bool ManyStarts::ShouldEnd() {
   if (elite_.Empty() || landscape_.IsPerfect(elite_.BestScore()) || landscape_.Exhausted())
     return true;
   if (quietRounds_ == 0) return false;
-  if (kinked_) return quietRounds_ >= kQuietRoundsAtKinks;
-  if (elite_.Agreeing(0, landscape_) <= 1) return quietRounds_ >= kQuietRoundsAlone;
-  const int agreeing = elite_.Agreeing(endsBeforeRound_, landscape_);
-  const int rivals = elite_.Rivals(endsBeforeRound_, landscape_);
-  return quietRounds_ >= kQuietRounds || (agreeing >= kEnoughAgree && 4 * rivals <= agreeing);
+  return quietRounds_ >= QuietRoundsWanted();
+}
+
+int ManyStarts::QuietRoundsWanted() const {
+  if (kinked_) return kQuietRoundsAtKinks;
+  const bool fewAgree = kFew * elite_.Agreeing(landscape_) < static_cast<int>(elite_.Ends());
+  return fewAgree ? kQuietRoundsWhereFewAgree : kQuietRounds;
 }
 
 void ManyStarts::Report() {
