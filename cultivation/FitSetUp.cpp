@@ -92,10 +92,11 @@ FitProblem ProblemOf(const std::vector<Experiment>& experiments,
 }
 
 SearchResult SearchBy(Method method, const FitProblem& problem, const EstimationSettings& settings,
-                      SearchObserver& observer) {
+                      SearchObserver& observer, unsigned threads) {
   assert(method == Method::ED || method == Method::LM);
-  if (method == Method::LM) return SearchMarquardt(problem, {.IU = settings.IU}, observer);
-  return Search(problem, settings, observer);
+  if (method == Method::LM)
+    return SearchMarquardt(problem, {.IU = settings.IU, .threads = threads}, observer);
+  return Search(problem, settings, observer, Objective::Workspace(0, threads));
 }
 
 }  // namespace velmora

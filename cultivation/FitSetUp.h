@@ -42,8 +42,9 @@ FitProblem ProblemOf(const std::vector<Experiment>& experiments,
                      const CultivationConditions& conditions);
 
 /// Minimises the problem's score by the method, ED or LM. Of the settings LM takes the seed alone.
-/// Throws std::bad_alloc where no memory holds the population.
+/// The result does not depend on the number of threads. Throws std::bad_alloc where no memory holds
+/// the population.
 SearchResult SearchBy(Method method, const FitProblem& problem, const EstimationSettings& settings,
-                      SearchObserver& observer);
+                      SearchObserver& observer, unsigned threads = 1);
 
 }  // namespace velmora

@@ -34,7 +34,7 @@ class CandidateLanes {
   bool Serve() const { return marches_ != nullptr && !experiments_.empty(); }
   /// How many candidates are best scored together.
   std::size_t Together() const { return marches_->together; }
-  /// How many of `left` candidates the next block takes.
+  /// Of how many candidates a block is best made where there are `left`.
   std::size_t BlockOf(std::size_t left) const;
 
   /// Scores a block, as many candidates as `scores` is long, each bit for bit as alone. A score is

@@ -65,7 +65,7 @@ class Evolution {
         mutant_(variables_.size()),
         trial_(variables_.size()),
         replaced_(static_cast<std::size_t>(members_) + kIndexOffset),
-        ready_(kReadyTrials * objective_.Together()),
+        ready_(kReadyTrials * objective_.Together(workspace_)),
         before_(ready_.size()) {
     for (auto* trials : {&ready_, &before_})
       for (TrialAhead& trial : *trials) trial.x.resize(Size());
@@ -185,7 +185,7 @@ void Evolution::DrawMember(int i) {
 
 /// What is drawn does not depend on scores, so that many members are scored in one call.
 void Evolution::ScoreMembers(int first, int last) {
-  const int together = kBlocksOfMembers * static_cast<int>(objective_.Together());
+  const int together = kBlocksOfMembers * static_cast<int>(objective_.Together(workspace_));
   for (int block = first; block <= last; block += together) {
     const int count = std::min(together, last - block + 1);
     for (int i = block; i < block + count; ++i) RepairBounds(Member(i));
@@ -291,8 +291,9 @@ void Evolution::LookAhead(int turn) {
   else
     random_.ReturnTo(before_[first].position);
   first_ = last_ = 0;
-  const std::size_t together =
-      objective_.Counts(objective_.Together(), workspace_) ? objective_.Together() : 1;
+  const std::size_t together = objective_.Counts(objective_.Together(workspace_), workspace_)
+                                   ? objective_.Together(workspace_)
+                                   : 1;
   unscored_.clear();
   std::size_t fresh = 0;
   for (int target = turn; target <= members_ && fresh < together && last_ < ready_.size();

@@ -30,11 +30,12 @@ double ValueAt(const FitVariable& variable, double component) {
 }  // namespace
 
 Landscape::Landscape(const FitProblem& problem, std::int32_t limit,
-                     std::function<bool()> stopRequested)
+                     std::function<bool()> stopRequested, unsigned threads)
     : objective_(problem),
       variables_(problem.variables),
       limit_(limit),
-      stopRequested_(std::move(stopRequested)) {}
+      stopRequested_(std::move(stopRequested)),
+      workspace_(0, threads) {}
 
 bool Landscape::IsPerfect(double score) const {
   return score <= kPerfect * static_cast<double>(Scored());
@@ -67,7 +68,7 @@ void Landscape::Append(const Place& place) {
 void Landscape::ScoreAppended(Eigen::Ref<Eigen::VectorXd> scores, std::span<double> residuals) {
   scores_.resize(static_cast<std::size_t>(scores.size()));
   // What a local method simulates has no count that could fill.
-  workspace_ = Objective::Workspace();
+  workspace_.SetEvaluations(0);
   objective_.Score(candidates_, scores_, residuals, workspace_);
   for (Eigen::Index i = 0; i < scores.size(); ++i) {
     const CandidateScore& scored = scores_[static_cast<std::size_t>(i)];

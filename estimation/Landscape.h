@@ -19,7 +19,8 @@ using Place = Eigen::VectorXd;
 class Landscape {
  public:
   /// `limit` is the most evaluations; `stopRequested` is asked now and then.
-  Landscape(const FitProblem& problem, std::int32_t limit, std::function<bool()> stopRequested);
+  Landscape(const FitProblem& problem, std::int32_t limit, std::function<bool()> stopRequested,
+            unsigned threads = 1);
 
   Eigen::Index Size() const { return static_cast<Eigen::Index>(variables_.size()); }
   const FitVariable& Variable(Eigen::Index j) const {

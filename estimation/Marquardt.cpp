@@ -47,7 +47,9 @@ class ManyStarts {
   ManyStarts(const FitProblem& problem, const MarquardtSettings& settings, SearchObserver& observer)
       : problem_(problem),
         observer_(observer),
-        landscape_(problem, settings.limit, [&observer] { return observer.StopRequested(); }),
+        landscape_(
+            problem, settings.limit, [&observer] { return observer.StopRequested(); },
+            settings.threads),
         random_(settings.IU),
         hops_(problem, landscape_, random_) {}
 

@@ -10,6 +10,7 @@ namespace velmora {
 struct MarquardtSettings {
   std::int32_t IU = 5471;       // seed
   std::int32_t limit = 60'000;  // evaluations of all experiments
+  unsigned threads = 1;         // of which the result does not depend
 };
 
 /// Minimises the problem's score inside the bounds, from many starts:

@@ -12,6 +12,9 @@ namespace {
 // deterministic, so that once is enough.
 constexpr int kScoringPasses = 1;
 
+// Fewer simulations than this take less time than to hand them to another thread.
+constexpr std::size_t kWorthSharing = 24;
+
 double Square(double value) {
   return value * value;
 }
@@ -142,26 +145,26 @@ int Objective::Observations() const {
 }
 
 void Objective::Integrate(std::span<const double> x, const NormalisedExperiment& experiment,
-                          Workspace& workspace) const {
-  workspace.parameters_ = experiment.parameters;
-  for (std::size_t i = 0; i < x.size(); ++i) workspace.parameters_[variables_[i].position] = x[i];
-  workspace.integrator_.Integrate(workspace.parameters_, workspace.curve_);
+                          Workspace::OfThread& memory) const {
+  memory.parameters = experiment.parameters;
+  for (std::size_t i = 0; i < x.size(); ++i) memory.parameters[variables_[i].position] = x[i];
+  memory.integrator.Integrate(memory.parameters, memory.curve);
 }
 
 /// Hands each experiment's curve to `visitor`, then the model's values at each measured point with
 /// the normalised residuals. Returns the sum of their squares, to which an experiment's last
 /// point adds nothing: it is simulated and reported all the same.
 template <class Visitor>
-double Objective::SumOverExperiments(std::span<const double> x, Workspace& workspace,
+double Objective::SumOverExperiments(std::span<const double> x, Workspace::OfThread& memory,
                                      Visitor&& visitor) const {
   double sum = 0;
   for (std::size_t e = 0; e < experiments_.size(); ++e) {
     const auto& [time, normalised, scale, parameters] = experiments_[e];
     try {
-      Integrate(x, experiments_[e], workspace);
-      visitor.Curve(e, workspace.curve_);
+      Integrate(x, experiments_[e], memory);
+      visitor.Curve(e, memory.curve);
       InterpolateModelAtMeasurements(
-          workspace.curve_, time, [&](std::size_t k, const PerVariable<double>& model) {
+          memory.curve, time, [&](std::size_t k, const PerVariable<double>& model) {
             const PerVariable<double> residual{normalised.Cx[k] - model.Cx / scale.Cx,
                                                normalised.Cs[k] - model.Cs / scale.Cs,
                                                normalised.Cp[k] - model.Cp / scale.Cp};
@@ -178,17 +181,22 @@ double Objective::SumOverExperiments(std::span<const double> x, Workspace& works
   return sum;
 }
 
+Objective::Workspace::Workspace(std::int32_t evaluations, unsigned threads)
+    : evaluations_(evaluations),
+      threads_(std::max(1U, threads)),
+      workers_(std::make_unique<Workers>(std::max(1U, threads))) {}
+
 CandidateScore Objective::ScoreAlone(std::span<const double> x, std::span<double> residuals,
-                                     Workspace& workspace) const {
-  const std::int32_t before = workspace.Evaluations();
+                                     std::int32_t evaluations, Workspace::OfThread& memory) const {
+  memory.integrator.SetEvaluations(evaluations);
   CandidateScore scored;
   try {
     for (int pass = 0; pass < kScoringPasses; ++pass)
-      scored.score = SumOverExperiments(x, workspace, Residuals{residuals});
+      scored.score = SumOverExperiments(x, memory, Residuals{residuals});
   } catch (const ArithmeticFault& fault) {
     scored = {0, fault, 0};
   }
-  scored.rateEvaluations = workspace.Evaluations() - before;
+  scored.rateEvaluations = memory.integrator.Evaluations() - evaluations;
   return scored;
 }
 
@@ -208,48 +216,67 @@ std::size_t Objective::Scored() const {
   return values;
 }
 
+/// How many candidates go into one block: no more than each thread's share.
+std::size_t Objective::BlockSize(std::size_t candidates, unsigned threads) const {
+  if (!lanes_.Serve() || variables_.empty()) return 1;
+  return lanes_.BlockOf((candidates + threads - 1) / threads);
+}
+
 void Objective::Score(std::span<const double> candidates, std::span<CandidateScore> scores,
                       std::span<double> residuals, Workspace& workspace) const {
-  const std::size_t size = variables_.size();
-  const std::size_t row = residuals.empty() ? 0 : Scored();
-  const bool inLanes = lanes_.Serve() && size > 0;
-  for (std::size_t done = 0; done < scores.size();) {
-    const std::size_t left = scores.size() - done;
-    const std::size_t block = inLanes && left > 1 ? lanes_.BlockOf(left) : 1;
-    const auto theirs = candidates.subspan(done * size, block * size);
-    const auto rows = residuals.subspan(done * row, block * row);
-    if (block > 1 && Counts(block, workspace))
-      ScoreBlock(theirs, scores.subspan(done, block), rows, workspace);
-    else
-      for (std::size_t i = 0; i < block; ++i)
-        scores[done + i] =
-            ScoreAlone(theirs.subspan(i * size, size), rows.subspan(i * row, row), workspace);
-    done += block;
+  if (scores.empty()) return;
+  if (!Counts(scores.size(), workspace))
+    return ScoreInTurn(candidates, scores, residuals, workspace);
+  const std::size_t size = variables_.size(), row = residuals.empty() ? 0 : Scored();
+  const bool shared = scores.size() * experiments_.size() >= kWorthSharing;
+  const std::size_t block = BlockSize(scores.size(), shared ? workspace.Threads() : 1);
+  const std::size_t blocks = (scores.size() + block - 1) / block;
+  const auto score = [&](std::size_t item, unsigned worker) {
+    const std::size_t first = item * block, count = std::min(block, scores.size() - first);
+    ScoreBlock(candidates.subspan(first * size, count * size), scores.subspan(first, count),
+               residuals.subspan(first * row, count * row), workspace.threads_[worker]);
+  };
+  if (shared)
+    workspace.workers_->ForEach(blocks, score);
+  else
+    for (std::size_t item = 0; item < blocks; ++item) score(item, 0);
+  for (const CandidateScore& scored : scores)
+    workspace.SetEvaluations(workspace.Evaluations() + scored.rateEvaluations);
+}
+
+/// One by one, where the counter of rate evaluations may not hold those of all.
+void Objective::ScoreInTurn(std::span<const double> candidates, std::span<CandidateScore> scores,
+                            std::span<double> residuals, Workspace& workspace) const {
+  const std::size_t size = variables_.size(), row = residuals.empty() ? 0 : Scored();
+  for (std::size_t i = 0; i < scores.size(); ++i) {
+    scores[i] = ScoreAlone(candidates.subspan(i * size, size), residuals.subspan(i * row, row),
+                           workspace.Evaluations(), workspace.threads_.front());
+    workspace.SetEvaluations(workspace.Evaluations() + scores[i].rateEvaluations);
   }
 }
 
 /// A candidate of which the lanes cannot tell is scored alone, where a fault is named.
 void Objective::ScoreBlock(std::span<const double> candidates, std::span<CandidateScore> scores,
-                           std::span<double> residuals, Workspace& workspace) const {
+                           std::span<double> residuals, Workspace::OfThread& memory) const {
   const std::size_t size = variables_.size(), row = residuals.size() / scores.size();
   std::array<double, kMostLanes> sums;
-  lanes_.Score(candidates, std::span(sums).first(scores.size()), residuals, workspace.lanes_);
+  sums.fill(std::numeric_limits<double>::quiet_NaN());
+  if (scores.size() > 1)
+    lanes_.Score(candidates, std::span(sums).first(scores.size()), residuals, memory.lanes);
   for (std::size_t i = 0; i < scores.size(); ++i) {
-    if (std::isfinite(sums[i])) {
+    if (std::isfinite(sums[i]))
       scores[i] = {sums[i], std::nullopt, RateEvaluations()};
-      workspace.SetEvaluations(workspace.Evaluations() + RateEvaluations());
-    } else {
-      scores[i] = ScoreAlone(candidates.subspan(i * size, size), residuals.subspan(i * row, row),
-                             workspace);
-    }
+    else
+      scores[i] = ScoreAlone(candidates.subspan(i * size, size), residuals.subspan(i * row, row), 0,
+                             memory);
   }
 }
 
 SimulatedFit Objective::Simulate(std::span<const double> x) const {
-  Workspace workspace;
+  Workspace::OfThread memory;
   SimulatedFit fit;
   fit.experiments.resize(experiments_.size());
-  fit.score = SumOverExperiments(x, workspace, Recording{fit.experiments});
+  fit.score = SumOverExperiments(x, memory, Recording{fit.experiments});
   return fit;
 }
 

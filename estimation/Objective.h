@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <span>
 #include <vector>
@@ -9,6 +10,7 @@
 #include "estimation/CandidateLanes.h"
 #include "estimation/FitProblem.h"
 #include "estimation/NormalisedExperiment.h"
+#include "estimation/Workers.h"
 #include "kinetics/ModelCurves.h"
 #include "kinetics/Runge_Kutta.h"
 
@@ -40,22 +42,29 @@ struct SimulatedFit {
 /// Scores candidates against all experiments at once. It does not change once it is made.
 class Objective {
  public:
-  /// The memory in which candidates are scored, taken once, and the count of the rate evaluations
-  /// made in it: one past 2,147,483,647 is a fault of term `EvaluationCounter`.
+  /// The memory in which candidates are scored, taken once, the threads that do it, and the count
+  /// of the rate evaluations made in it: one past 2,147,483,647 is a fault of term
+  /// `EvaluationCounter`.
   class Workspace {
    public:
     /// Begins with a count of `evaluations`.
-    explicit Workspace(std::int32_t evaluations = 0) { SetEvaluations(evaluations); }
+    explicit Workspace(std::int32_t evaluations = 0, unsigned threads = 1);
 
-    std::int32_t Evaluations() const { return integrator_.Evaluations(); }
-    void SetEvaluations(std::int32_t evaluations) { integrator_.SetEvaluations(evaluations); }
+    std::int32_t Evaluations() const { return evaluations_; }
+    void SetEvaluations(std::int32_t evaluations) { evaluations_ = evaluations; }
+    unsigned Threads() const { return workers_->Count(); }
 
    private:
     friend class Objective;
-    CandidateLanes::Memory lanes_;
-    Runge_Kutta integrator_;
-    KineticParameters parameters_;
-    ModelCurve curve_;
+    struct OfThread {
+      CandidateLanes::Memory lanes;
+      Runge_Kutta integrator;
+      KineticParameters parameters;
+      ModelCurve curve;
+    };
+    std::int32_t evaluations_;
+    std::vector<OfThread> threads_;
+    std::unique_ptr<Workers> workers_;
   };
 
   /// Copies and normalises the measured data. The problem's rows must be as many as its
@@ -87,7 +96,9 @@ class Objective {
              std::span<double> residuals, Workspace& workspace) const;
 
   /// How many candidates are best scored in one call.
-  std::size_t Together() const { return lanes_.Serve() ? lanes_.Together() : 1; }
+  std::size_t Together(const Workspace& workspace) const {
+    return (lanes_.Serve() ? lanes_.Together() : 1) * workspace.Threads();
+  }
   /// Whether the counter of rate evaluations holds those of `candidates` more.
   bool Counts(std::size_t candidates, const Workspace& workspace) const;
 
@@ -99,14 +110,17 @@ class Objective {
  private:
   static std::vector<NormalisedExperiment> Normalised(const FitProblem& problem, int& unscaled);
   CandidateScore ScoreAlone(std::span<const double> x, std::span<double> residuals,
-                            Workspace& workspace) const;
+                            std::int32_t evaluations, Workspace::OfThread& memory) const;
+  void ScoreInTurn(std::span<const double> candidates, std::span<CandidateScore> scores,
+                   std::span<double> residuals, Workspace& workspace) const;
   void ScoreBlock(std::span<const double> candidates, std::span<CandidateScore> scores,
-                  std::span<double> residuals, Workspace& workspace) const;
+                  std::span<double> residuals, Workspace::OfThread& memory) const;
+  std::size_t BlockSize(std::size_t candidates, unsigned threads) const;
   std::int32_t RateEvaluations() const;
   void Integrate(std::span<const double> x, const NormalisedExperiment& experiment,
-                 Workspace& workspace) const;
+                 Workspace::OfThread& memory) const;
   template <class Visitor>
-  double SumOverExperiments(std::span<const double> x, Workspace& workspace,
+  double SumOverExperiments(std::span<const double> x, Workspace::OfThread& memory,
                             Visitor&& visitor) const;
 
   int unscaledVariables_ = 0;
