@@ -119,6 +119,14 @@ CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, InputOp
   return command;
 }
 
+void AddThreads(CLI::App& command, unsigned& threads) {
+  command
+      .add_option("--threads", threads,
+                  "processor cores to use (default all)")
+      ->check(CLI::Range(1, 256).description(""))
+      ->type_name("NUMBER");
+}
+
 void AddFit(CLI::App& app, FitOptions& fit, GeneralOptions& general, const Help& help) {
   CLI::App& command =
       AddCommand(app, "fit", "fit the parameters and print their deviations", fit.inputs, help);
@@ -147,6 +155,7 @@ void AddFit(CLI::App& app, FitOptions& fit, GeneralOptions& general, const Help&
           "certain (default), or all")
       ->check(CLI::IsMember({"certain", "all"}).description(""))
       ->type_name("certain|all");
+  AddThreads(command, fit.threads);
   command.add_flag("--progress", fit.progress, "print the results after every generation or start");
   AddJson(command, fit.json);
   AddPrinted(command, general);
@@ -161,6 +170,7 @@ void AddCompare(CLI::App& app, CompareOptions& compare, GeneralOptions& general,
       ->type_name("all|MODEL,...");
   const SettingOption& seed = kSettingOptions[kSeedOption];
   command.add_option(seed.option, compare.seed, seed.help)->type_name("NUMBER");
+  AddThreads(command, compare.threads);
   AddJson(command, compare.json);
   AddPrinted(command, general);
   AddReport(command, compare.report);

@@ -11,6 +11,7 @@
 #include "cli/Inputs.h"
 #include "data/NumberMarks.h"
 #include "estimation/EstimationSettings.h"
+#include "estimation/Workers.h"
 #include "inference/Intervals.h"
 
 namespace velmora::cli {
@@ -136,6 +137,7 @@ struct FitOptions {
   SettingTexts settings;
   std::vector<std::string> uncertainty;  // linear, profile, bootstrap
   int replicates = kReplicates;
+  unsigned threads = AllCores();
   bool progress = false;
   bool json = false;
   bool allDigits = false;             // of the values in short
@@ -161,6 +163,7 @@ struct CompareOptions {
   InputOptions inputs;
   std::string models = "all";       // or names, separated by commas
   std::optional<std::string> seed;  // as typed
+  unsigned threads = AllCores();
   bool json = false;
   std::optional<std::string> report;  // the file to write the report to
 };

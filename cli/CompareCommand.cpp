@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
-#include <thread>
 
 #include "cli/Commands.h"
 #include "cli/FitProgress.h"
@@ -127,7 +126,7 @@ ExitCode Run(const CompareOptions& options, const Console& console) {
 
   Provenance made = ProvenanceOf(inputs, console);
   made.seed = checked.IU;
-  made.threads = std::max(1U, std::thread::hardware_concurrency());
+  made.threads = options.threads;
   const StopSignals signals;
   CompareProgress progress(models.size(), signals, console);
   const Comparison comparison = CompareModels(inputs.lists.Experiments(), inputs.conditions, models,

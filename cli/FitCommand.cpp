@@ -89,11 +89,11 @@ std::string RemarkOn(Method method, const SearchResult& result, const Wording& s
 
 /// A fault before any vector was scored leaves nothing to print.
 SearchResult SearchOrFail(Method method, const FitProblem& problem,
-                          const EstimationSettings& settings, FitProgress& progress,
-                          const Inputs& inputs, const Console& console) {
+                          const EstimationSettings& settings, unsigned threads,
+                          FitProgress& progress, const Inputs& inputs, const Console& console) {
   SearchResult result;
   try {
-    result = SearchBy(method, problem, settings, progress);
+    result = SearchBy(method, problem, settings, progress, threads);
   } catch (const std::bad_alloc&) {
     throw Failure{ExitCode::Refused, console.say(TextId::OutOfMemoryInFit)};
   }
@@ -181,8 +181,9 @@ std::vector<Intervals> IntervalsOf(const FitProblem& problem, const SearchResult
     if (name == "linear") all.push_back(LinearIntervals(problem, result.best));
     if (name == "profile") all.push_back(ProfileIntervals(problem, result.best));
     if (name == "bootstrap")
-      all.push_back(BootstrapIntervals(problem, result.best, options.replicates, settings.IU,
-                                       [&signals] { return signals.Noted() != 0; }));
+      all.push_back(BootstrapIntervals(
+          problem, result.best, options.replicates, settings.IU,
+          [&signals] { return signals.Noted() != 0; }, options.threads));
   }
   return all;
 }
@@ -216,7 +217,8 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   const StopSignals signals;
   FitProgress progress(problem.variables, method, FormOf(options, console.Options().quiet), signals,
                        console);
-  const SearchResult result = SearchOrFail(method, problem, settings, progress, inputs, console);
+  const SearchResult result =
+      SearchOrFail(method, problem, settings, options.threads, progress, inputs, console);
   const std::string fault = result.fault ? WordedFault(*result.fault, inputs, say) : "";
   if (result.fault) console.Complain(fault);
   const Deviations deviations = ComputeDeviations(problem, result.best);
@@ -226,6 +228,7 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   made.model = ModelNames(inputs.conditions.At(1), inputs.conditions.fitted);
   if (method == Method::ED) made.settings = settings;
   made.seed = settings.IU;
+  made.threads = options.threads;
   const FitVerdict verdict = JudgeFit(problem, result, deviations);
   const EndedFit fit{inputs,    problem,          method,
                      result,    deviations,       verdict,

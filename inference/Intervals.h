@@ -61,10 +61,11 @@ Intervals ProfileIntervals(const FitProblem& problem, std::span<const double> be
 /// By fits to `replicates` sets of resampled data: the model's values and residuals drawn with
 /// replacement from those of the same variable and experiment, widened by sqrt(n/(n - D)) (Davison
 /// and Hinkley 1997). The interval is the expanded percentile one (Hesterberg 2015). The draws
-/// begin from `seed`; ends sooner where `stopRequested` says so.
+/// begin from `seed`; ends sooner where `stopRequested` says so. The intervals do not depend on the
+/// number of threads.
 Intervals BootstrapIntervals(const FitProblem& problem, std::span<const double> best,
                              int replicates, std::int32_t seed,
-                             const std::function<bool()>& stopRequested);
+                             const std::function<bool()>& stopRequested, unsigned threads = 1);
 
 /// The intervals in words: a heading, and a line for each of `variables`, whose intervals they are.
 std::string Worded(const Intervals& intervals, std::span<const FitVariable> variables,

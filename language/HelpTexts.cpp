@@ -259,6 +259,7 @@ constexpr auto kHelp = std::to_array<HelpText>({
     {"seed of the random numbers, 1000 to 9999 (default 5471)", "semente dos números aleatórios, 1000 a 9999 (padrão 5471)"},
     {"95 % intervals by linear theory, by the likelihood profile, or by fits to\nresampled data (may be repeated)", "intervalos de 95 % por teoria linear, pelo perfil de verossimilhança ou por\najustes a dados reamostrados (pode repetir-se)"},
     {"fits of the bootstrap (default 500)", "ajustes do bootstrap (padrão 500)"},
+    {"processor cores to use (default all)", "núcleos do processador a usar (padrão: todos)"},
     {"print the results after every generation or start", "imprimir os resultados após cada geração ou partida"},
     {"digits of the values behind the results: those that their deviations leave\ncertain (default), or all", "dígitos dos valores após os resultados: os que seus desvios deixam certos\n(padrão), ou todos"},
     {"models to compare (default all)", "modelos a comparar (padrão todos)"},

@@ -99,6 +99,34 @@ TEST(Objective, ScoresManyCandidatesEachOnItsOwn) {
   EXPECT_NE(scores[2].score, scores[0].score);
 }
 
+/// Among the candidates are some that fault and some for which the model has another kernel.
+TEST(Objective, ScoresBlocksOfAnySizeToTheSameBitsAsAlone) {
+  FitProblem problem = test::TwoBatches();
+  problem.variables = {{At::muMax, 0, 1, 0.2}, {At::Ks, 0, 30, 10}, {At::n, 0, 3, 1}};
+  const Objective objective(problem);
+  std::vector<double> candidates;
+  for (int i = 0; i < 60; ++i)
+    candidates.insert(candidates.end(), {0.01 * i, 0.5 * (i % 9), i % 7 == 0 ? 0 : 0.1 * (i % 11)});
+  candidates[3 * 20] = 1e300;
+  for (const std::size_t count : {2U, 7U, 20U, 25U, 60U}) {
+    std::vector<CandidateScore> scores(count);
+    std::vector<double> residuals(count * objective.Scored());
+    Objective::Workspace workspace(0, 2), alone;
+    objective.Score(std::span(candidates).first(3 * count), scores, residuals, workspace);
+    for (std::size_t i = 0; i < count; ++i) {
+      CandidateScore one;
+      std::vector<double> its(objective.Scored());
+      objective.Score(std::span(candidates).subspan(3 * i, 3), std::span(&one, 1), its, alone);
+      ASSERT_EQ(scores[i].fault, one.fault) << i;
+      if (one.fault) continue;
+      EXPECT_EQ(scores[i].score, one.score) << i;
+      EXPECT_TRUE(std::equal(its.begin(), its.end(),
+                             residuals.begin() + static_cast<std::ptrdiff_t>(i * its.size())));
+    }
+    EXPECT_EQ(workspace.Evaluations(), alone.Evaluations());
+  }
+}
+
 TEST(Objective, NamesTheExperimentOfAFault) {
   FitProblem problem = TwoExperiments();
   problem.rows[1][At::T] = 0;

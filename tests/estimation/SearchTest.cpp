@@ -70,6 +70,11 @@ TEST(Search, KeepsItsSignatureAndEndsWhereAGenerationGainsLessThanTheAccuracy) {
   // The signature of this run. It changes only with the numerical method, and then on purpose.
   EXPECT_EQ(ShortestText(result.score), "0.0011387672630201618");
   EXPECT_EQ(result.functionCalls, 800);
+  Recorder shared;
+  const SearchResult byThree = Search(problem, settings, shared, Objective::Workspace(0, 3));
+  EXPECT_EQ(byThree.best, result.best);
+  EXPECT_EQ(byThree.functionCalls, result.functionCalls);
+  EXPECT_EQ(shared.scores, recorder.scores);
 }
 
 TEST(Search, KeepsItsSignatureThroughTheReinitialisations) {
