@@ -2,7 +2,9 @@
 
 #include <QCoreApplication>
 #include <algorithm>
+#include <exception>
 #include <new>
+#include <thread>
 #include <utility>
 
 #include "cultivation/FitSetUp.h"
@@ -46,9 +48,7 @@ void RunControl::Search(Method method, const EstimationSettings& settings, Searc
   sinceDrawn_.invalidate();
   clock_.start();
   emit Started();
-  // The first population takes as long as a generation; the window shows before it that it began.
-  QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-  outcome.result = SearchBy(method, *problem_, settings, *this);
+  WorkAside([&] { outcome.result = SearchBy(method, *problem_, settings, *this, AllCores()); });
   ShowTime();
   if (!outcome.result.HasResult()) return;
   outcome.curves = objective.Simulate(outcome.result.best).Curves();
@@ -56,12 +56,41 @@ void RunControl::Search(Method method, const EstimationSettings& settings, Searc
   outcome.deviations = ComputeDeviations(*problem_, outcome.result.best);
 }
 
+/// Does the work on a thread of its own, and meanwhile what the user wants.
+void RunControl::WorkAside(const std::function<void()>& work) {
+  std::exception_ptr failure;
+  std::atomic<bool> ended = false;
+  std::thread thread([&] {
+    try {
+      work();
+    } catch (...) {
+      failure = std::current_exception();
+    }
+    ended = true;
+    QMetaObject::invokeMethod(
+        this, [] {}, Qt::QueuedConnection);  // wakes the loop below
+  });
+  while (!ended) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+  thread.join();
+  if (failure) std::rethrow_exception(failure);
+}
+
+void RunControl::Hold(bool held) {
+  held_ = held;
+  held_.notify_all();
+}
+
 bool RunControl::StopRequested() {
-  QCoreApplication::processEvents();
+  held_.wait(true);
   return stop_;
 }
 
 void RunControl::Report(const Generation& generation) {
+  QMetaObject::invokeMethod(
+      this, [&] { Show(generation); }, Qt::BlockingQueuedConnection);
+}
+
+void RunControl::Show(const Generation& generation) {
   emit GenerationEnded(generation, problem_->variables);
   if (sinceDrawn_.isValid() && sinceDrawn_.elapsed() < kDrawInterval) return;
   emit CurvesChanged(Objective(*problem_).Simulate(generation.best).Curves());

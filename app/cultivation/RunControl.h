@@ -1,9 +1,11 @@
-// One run of the search on the user-interface thread, with its clock and its stop flag.
+// One run of the search on a thread of its own, with its clock and its stop flag.
 #pragma once
 
 #include <QElapsedTimer>
 #include <QObject>
 #include <QTimer>
+#include <atomic>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -12,8 +14,9 @@
 
 namespace velmora {
 
-/// Lets the window's events through whenever the search asks whether to stop, so that the clock
-/// ticks and the stop command is heard. The signals are emitted inside `Run`.
+/// While the search works, the window's events are let through: the clock ticks, the stop command
+/// is heard, windows are painted. The search waits while what it reports is shown. The signals are
+/// emitted inside `Run`, on the thread that called it.
 class RunControl : public QObject, private SearchObserver {
   Q_OBJECT
 
@@ -25,6 +28,8 @@ class RunControl : public QObject, private SearchObserver {
   std::optional<SearchOutcome> Run(FitProblem problem, Method method, EstimationSettings settings);
   /// Ends the run as soon as the search asks.
   void Stop() { stop_ = true; }
+  /// Lets the search wait, from the next time that it asks whether to stop, and go on.
+  void Hold(bool held);
 
  signals:
   /// A measured variable has no value above 0; once for each.
@@ -43,8 +48,11 @@ class RunControl : public QObject, private SearchObserver {
   void Tick();
   void ShowTime();
   void Search(Method method, const EstimationSettings& settings, SearchOutcome& outcome);
+  void WorkAside(const std::function<void()>& work);
+  void Show(const Generation& generation);
 
-  bool stop_ = false;
+  std::atomic<bool> stop_ = false;
+  std::atomic<bool> held_ = false;
   QTimer clock_;
   QElapsedTimer elapsed_;
   QElapsedTimer sinceDrawn_;

@@ -193,9 +193,12 @@ void RunDisplay::Relatorio() {
   reportWindow_->show();
 }
 
+/// The search waits for the answer: nothing is reported behind the question.
 void RunDisplay::AskToStop() {
   const Message question = Attention({TextId::AskToStop}, Icon::Question);
+  run_->Hold(true);
   if (dialogs_.Show(Window(), question, Buttons::NoYes) == Answer::Yes) run_->Stop();
+  run_->Hold(false);
 }
 
 }  // namespace velmora
