@@ -120,9 +120,7 @@ CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, InputOp
 }
 
 void AddThreads(CLI::App& command, unsigned& threads) {
-  command
-      .add_option("--threads", threads,
-                  "processor cores to use (default all)")
+  command.add_option("--threads", threads, "processor cores to use (default all)")
       ->check(CLI::Range(1, 256).description(""))
       ->type_name("NUMBER");
 }
