@@ -2,8 +2,10 @@
 # copies inside std::string at -O3 where there are none: -Wrestrict is left out.
 add_library(velmora_warnings INTERFACE)
 target_compile_options(velmora_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast -Wuseless-cast
-  -Wnon-virtual-dtor -Woverloaded-virtual -Wno-restrict
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  $<$<CXX_COMPILER_ID:GNU>:-Wuseless-cast>
+  -Wnon-virtual-dtor -Woverloaded-virtual
+  $<$<CXX_COMPILER_ID:GNU>:-Wno-restrict>
   $<$<BOOL:${VELMORA_WERROR}>:-Werror>)
 
 # No product and sum are contracted into one rounding: a fit gives the same bits on every machine.

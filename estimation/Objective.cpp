@@ -159,7 +159,9 @@ double Objective::SumOverExperiments(std::span<const double> x, Workspace::OfThr
                                      Visitor&& visitor) const {
   double sum = 0;
   for (std::size_t e = 0; e < experiments_.size(); ++e) {
-    const auto& [time, normalised, scale, parameters] = experiments_[e];
+    const std::vector<double>& time = experiments_[e].time;
+    const MeasuredSeries& normalised = experiments_[e].normalised;
+    const PerVariable<double>& scale = experiments_[e].scale;
     try {
       Integrate(x, experiments_[e], memory);
       visitor.Curve(e, memory.curve);

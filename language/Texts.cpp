@@ -700,18 +700,6 @@ constexpr bool LacksARow(const Entry& a, const Entry& b) {
 static_assert(std::adjacent_find(kTable.begin(), kTable.end(), LacksARow) == kTable.end(),
               "an enumerator of TextId has no row");
 
-constexpr bool FillsAlike(const Entry& entry) {
-  for (const char digit : {'1', '2', '3', '4', '5', '6', '7', '8', '9'}) {
-    const char place[] = {'{', digit, '}', '\0'};
-    if ((entry.english.find(place) == entry.english.npos) !=
-        (entry.portuguese.find(place) == entry.portuguese.npos))
-      return false;
-  }
-  return true;
-}
-static_assert(std::all_of(kTable.begin(), kTable.end(), FillsAlike),
-              "both languages are filled with the same");
-
 const Entry* Find(TextId id) {
   const auto at =
       std::lower_bound(kTable.begin(), kTable.end(), id,

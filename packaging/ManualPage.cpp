@@ -77,18 +77,18 @@ std::string Explained(const Option& option, const ManualWords& words) {
 }
 
 /// How the command is called: what must be given, and whether there is more.
-std::string Use(const Command& command) {
+std::string Use(const Command& command, const ManualWords& words) {
   std::string use = Bold("velmora-cli") + " " + Bold(command.name);
   for (const Option& option : command.Positionals()) use += " " + Italic(option.names.front());
   for (const Option& option : command.Switches())
     if (option.required) use += " " + Bold(option.names.back()) + " " + Italic(option.value);
-  return use + (command.Switches().empty() ? "" : " [" + Italic("OPTION") + "...]");
+  return use + (command.Switches().empty() ? "" : " [" + Italic(words.option) + "...]");
 }
 
 /// Without what holds for all commands: the option --help and the closing words of the program.
 std::string Section(const Command& command, const Command& whole, const ManualWords& words) {
   std::string page =
-      ".SS " + command.name + "\n" + Use(command) + "\n.PP\n" + Sentence(command.about);
+      ".SS " + command.name + "\n" + Use(command, words) + "\n.PP\n" + Sentence(command.about);
   for (const Option& option : command.options)
     if (!AsksForHelp(option)) page += Explained(option, words);
   if (!command.footer.empty() && command.footer != whole.footer)
@@ -110,7 +110,9 @@ const ManualWords kEnglishManual = {"NAME",
                                     "SEE ALSO",
                                     "fit kinetic parameters of batch fermentations",
                                     "User Commands",
-                                    "required"};
+                                    "required",
+                                    "COMMAND",
+                                    "OPTION"};
 const ManualWords kPortugueseManual = {"NOME",
                                        "SINOPSE",
                                        "DESCRIÇÃO",
@@ -119,7 +121,9 @@ const ManualWords kPortugueseManual = {"NOME",
                                        "VEJA TAMBÉM",
                                        "ajusta parâmetros cinéticos de fermentações em batelada",
                                        "Comandos do usuário",
-                                       "obrigatório"};
+                                       "obrigatório",
+                                       "COMANDO",
+                                       "OPÇÃO"};
 
 std::string ManualPage(const CommandTable& table, const ManualWords& words,
                        const std::string& date) {
@@ -128,7 +132,7 @@ std::string ManualPage(const CommandTable& table, const ManualWords& words,
                      "\" \"" + words.volume + "\"\n";
   page += Headed(words.name, name + " \\- " + words.purpose + "\n");
   page += Headed(words.synopsis,
-                 Bold(name) + " " + Italic("COMMAND") + " [" + Italic("OPTION") + "...]\n");
+                 Bold(name) + " " + Italic(words.command) + " [" + Italic(words.option) + "...]\n");
   page += Headed(words.description, Paragraphs(table.whole.about + "\n" + table.whole.footer));
   page += Headed(words.options, "");
   for (const Option& option : table.whole.options) page += Explained(option, words);

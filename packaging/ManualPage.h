@@ -18,6 +18,8 @@ struct ManualWords {
   const char* purpose;   // one line, for the index of pages
   const char* volume;    // what section 1 holds
   const char* required;  // beside an option that must be given
+  const char* command;   // what stands for any command, and for any option
+  const char* option;
 };
 
 extern const ManualWords kEnglishManual;

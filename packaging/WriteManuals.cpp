@@ -21,8 +21,11 @@ void Write(const std::string& file, const std::string& text) {
 
 void WriteAll(const CommandTable& english, const CommandTable& portuguese, const std::string& date,
               const std::string& out) {
+  // A page half in each language helps nobody: without texts in Portuguese it is the English one.
+  const bool translated = portuguese.whole.about != english.whole.about;
   Write(out + ".man.en", ManualPage(english, kEnglishManual, date));
-  Write(out + ".man.pt", ManualPage(portuguese, kPortugueseManual, date));
+  Write(out + ".man.pt",
+        ManualPage(portuguese, translated ? kPortugueseManual : kEnglishManual, date));
   Write(out + ".bash", BashCompletion(english));
   Write(out + ".zsh", ZshCompletion(english));
   Write(out + ".fish", FishCompletion(english));

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "language/Numbers.h"
+#include "language/Texts.h"
 
 namespace velmora {
 namespace {
@@ -83,6 +84,26 @@ TEST(Numbers, TellWhatNoDoubleHoldsFromWhatIsNoNumber) {
   EXPECT_EQ(ParseNumber("3e-324", '.'), 5e-324);
   for (const char* text : {"", "abc", "1e399x", "1,5e999", "5"})
     EXPECT_FALSE(IsOutOfRange(text, '.')) << text;
+}
+
+/// Bit n for a place {n} to be filled.
+unsigned PlacesIn(std::string_view text) {
+  unsigned places = 0;
+  for (std::size_t i = 0; i + 2 < text.size(); ++i)
+    if (text[i] == '{' && text[i + 2] == '}') places |= 1U << (text[i + 1] - '0');
+  return places;
+}
+
+TEST(Texts, AreFilledWithTheSameInBothLanguages) {
+  int texts = 0;
+  for (int id = 100; id < 2000; ++id) {
+    const TextId text{static_cast<std::int16_t>(id)};
+    if (!HasText(text)) continue;
+    ++texts;
+    EXPECT_EQ(PlacesIn(Text(text, Language::English)), PlacesIn(Text(text, Language::Portuguese)))
+        << Text(text, Language::English);
+  }
+  EXPECT_GT(texts, 500);
 }
 
 TEST(Numbers, RoundHalvesToEven) {
