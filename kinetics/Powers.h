@@ -11,7 +11,7 @@ double Power(double x, double y);
 /// e^x, at most 0.66 units in the last place off; 0 below -708, infinite above 709.
 double Exponential(double x);
 
-/// The natural logarithm, at most 0.53 units in the last place off.
+/// The natural logarithm, at most 0.55 units in the last place off.
 double Logarithm(double x);
 
 /// The cosine, at most 0.8 units in the last place off while |x| is below 1000.
