@@ -49,7 +49,8 @@ struct Figure {
   std::vector<FigureGuide> guides;
   bool gridLines = false;
   bool legend = true;
-  char separator = '.';  // of the decimals
+  bool legendOutside = false;  // of the axes, even where a corner is free
+  char separator = '.';        // of the decimals
 };
 
 }  // namespace velmora

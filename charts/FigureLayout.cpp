@@ -110,7 +110,8 @@ class Layout {
   void PlaceLegend() {
     const LegendSize size = SizeOfLegend(figure_, paper_, canvas_, layout_.unit);
     if (size.rows == 0) return;
-    if (const auto corner = FreeCorner(figure_, layout_, size)) {
+    const auto corner = figure_.legendOutside ? std::nullopt : FreeCorner(figure_, layout_, size);
+    if (corner) {
       layout_.legend = LegendAt(*corner, figure_, size, canvas_, layout_.unit);
       return;
     }

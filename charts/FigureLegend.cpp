@@ -71,9 +71,13 @@ std::optional<PaperPoint> FreeCorner(const Figure& figure, const FigureLayout& l
       {right, middle},     {inside.left, middle},     {centre, inside.top}, {centre, bottom}};
   for (const PaperPoint& at : places) {
     const PaperArea box{at.x, at.y, size.width, size.height};
-    if (std::none_of(figure.series.begin(), figure.series.end(),
-                     [&](const FigureSeries& series) { return Covers(box, series, layout); }))
-      return at;
+    const bool covers =
+        std::any_of(figure.series.begin(), figure.series.end(),
+                    [&](const FigureSeries& series) { return Covers(box, series, layout); }) ||
+        std::any_of(figure.guides.begin(), figure.guides.end(), [&](const FigureGuide& guide) {
+          return Cut({layout.At(guide.from), layout.At(guide.to)}, box).has_value();
+        });
+    if (!covers) return at;
   }
   return std::nullopt;
 }

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "charts/ChartDrawing.h"
+#include "charts/FigureLayout.h"
 #include "charts/LegendStrip.h"
 
 namespace velmora {
@@ -26,6 +27,21 @@ int Pixels(double millimetres, double dpi) {
   return std::max(1, static_cast<int>(std::lround(millimetres / kMillimetresPerInch * dpi)));
 }
 
+/// Whether the legend stands outside the axes.
+bool IsLegendOutside(const FigureLayout& layout) {
+  return layout.legend && !layout.frame.Contains(layout.legend->box.Centre());
+}
+
+/// Charts below each other end alike: where one legend has no place inside, none stands there.
+void AlignLegends(std::vector<ChartContent>& charts, const PaperArea& paper, ChartCanvas& canvas,
+                  const ChartStyle& style) {
+  const bool outside = std::any_of(charts.begin(), charts.end(), [&](const ChartContent& chart) {
+    return chart.figure && IsLegendOutside(LayOut(*chart.figure, paper, canvas, style));
+  });
+  for (ChartContent& chart : charts)
+    if (chart.figure) chart.figure->legendOutside = outside;
+}
+
 }  // namespace
 
 std::optional<PictureFormat> PictureFormatOf(std::string_view path) {
@@ -37,7 +53,7 @@ std::optional<PictureFormat> PictureFormatOf(std::string_view path) {
   return std::nullopt;
 }
 
-std::string PictureOf(std::span<const ChartContent> charts, int columns,
+std::string PictureOf(std::vector<ChartContent> charts, int columns,
                       const std::vector<LegendRow>& legend, PictureFormat format,
                       const PictureSize& size) {
   const int width = Pixels(size.width, size.dpi), height = Pixels(size.height, size.dpi);
@@ -47,9 +63,11 @@ std::string PictureOf(std::span<const ChartContent> charts, int columns,
   const int count = static_cast<int>(charts.size());
   const int rows = (count + columns - 1) / columns;
   const double wide = static_cast<double>(width) / columns, high = (height - strip) / rows;
+  const ChartStyle style{PointStyle::Markers, unit, kLetters};
+  if (columns == 1) AlignLegends(charts, {0, 0, wide, high}, canvas, style);
   for (int i = 0; i < count; ++i)
     DrawChart(canvas, {wide * (i % columns), high * (i / columns), wide, high},
-              charts[static_cast<std::size_t>(i)], {PointStyle::Markers, unit, kLetters});
+              charts[static_cast<std::size_t>(i)], style);
   if (strip > 0)
     DrawLegendStrip(canvas, {0, height - strip, static_cast<double>(width), strip}, legend, unit);
   return canvas.Bytes();

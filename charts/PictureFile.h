@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,7 +25,7 @@ struct PictureSize {
 /// The charts side by side in `columns`, row below row. Lines and letters have the same size on
 /// paper whatever the resolution. `legend` stands below them; empty for none. Throws
 /// `std::runtime_error` where the graphics library cannot draw.
-std::string PictureOf(std::span<const ChartContent> charts, int columns,
+std::string PictureOf(std::vector<ChartContent> charts, int columns,
                       const std::vector<LegendRow>& legend, PictureFormat format,
                       const PictureSize& size);
 

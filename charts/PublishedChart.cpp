@@ -5,11 +5,13 @@
 #include <limits>
 #include <string>
 
+#include "charts/FigureTicks.h"
 #include "charts/SmoothCurve.h"
 
 namespace velmora {
 namespace {
 
+constexpr int kParityTicks = 6;
 constexpr int kSmoothPieces = 400;  // of a curve across the axes
 
 /// The least and the largest of what is put into it; finite values alone count.
@@ -168,8 +170,10 @@ Figure ParityFigure(const ChartContent& content, const FigureView& view) {
   both.Include(0);
   ForEachPoint(figure.series,
                [&](const PlotPoint& point) { both.Include(point.x), both.Include(point.y); });
-  figure.x = AxisOf(Titled(TextId::MeasuredOf, content, view), both, {});
-  figure.y = AxisOf(Titled(TextId::SimulatedOf, content, view), both, {});
+  // Both axes end at the same round values.
+  const ValueRange ends = TicksOf({{}, both.Range()}, kParityTicks, view.separator).range;
+  figure.x = AxisOf(Titled(TextId::MeasuredOf, content, view), both, ends);
+  figure.y = AxisOf(Titled(TextId::SimulatedOf, content, view), both, ends);
   const auto [from, to] = both.Range();
   const double length = to - from;
   figure.guides.push_back(

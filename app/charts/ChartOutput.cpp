@@ -144,8 +144,7 @@ QImage PictureOf(QWidget& widget) {
 std::string DrawingOf(const ChartContent& chart, const QSize& size) {
   constexpr double kWidth = 160, kDpi = 300;  // mm; a drawing is of any resolution
   const double height = kWidth * size.height() / std::max(1, size.width());
-  return velmora::PictureOf(std::span(&chart, 1), 1, {}, PictureFormat::Svg,
-                            {kWidth, height, kDpi});
+  return velmora::PictureOf(std::vector{chart}, 1, {}, PictureFormat::Svg, {kWidth, height, kDpi});
 }
 
 void CopyPicture(const QImage& picture, const std::string& svg) {
@@ -219,7 +218,7 @@ void PreviewPage(const ChartPage& page, PrintDesk& desk, QWidget* owner) {
 }
 
 std::string FileOf(const ChartPage& page, PictureFormat format, double width, double dpi) {
-  return PictureOf(std::span(&page.chart, 1), 1, page.legend, format,
+  return PictureOf(std::vector{page.chart}, 1, page.legend, format,
                    {width, width / page.proportion, dpi});
 }
 

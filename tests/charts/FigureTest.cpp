@@ -144,6 +144,9 @@ TEST(FigureLayout, PutsTheLegendWhereNoDataAre) {
   EXPECT_FALSE(outside.frame.Contains(outside.legend->box.Centre()));
   EXPECT_FALSE(covered(crowded, outside));
   EXPECT_LE(outside.legend->box.Right(), kPaper.Right());
+  Figure alike = falling;
+  alike.legendOutside = true;
+  EXPECT_EQ(LayOut(alike, kPaper, canvas).frame.Right(), outside.frame.Right());
 }
 
 /// Values below 0 have their place; hidden experiments have none, nor have their curves.
@@ -174,6 +177,7 @@ TEST(ResidualFigure, IsMeasuredMinusModel) {
   const Figure parity = ParityFigure(content, {});
   EXPECT_NEAR(parity.series[0].points[1].x, 30, 1e-9);
   EXPECT_NEAR(parity.series[0].points[1].y, 29, 1e-9);
+  EXPECT_EQ(parity.x.range, parity.y.range) << "the diagonal runs from corner to corner";
 }
 
 /// Cubic pieces hold a parabola near to its points, and neither overshoot a step nor add a hump.
