@@ -26,15 +26,18 @@ std::vector<double> SimulatedColumn(const SimulatedFit& fit) {
   return column;
 }
 
+double Square(double value) {
+  return value * value;
+}
+
 double ResidualSum(const FitProblem& problem, const SimulatedFit& fit) {
   double sum = 0;
   for (std::size_t e = 0; e < fit.experiments.size(); ++e) {
     const Experiment& measured = problem.experiments[e];
     const MeasuredSeries& simulated = fit.experiments[e].simulated;
     for (std::size_t k = 0; k < measured.time.size(); ++k)
-      sum += std::pow(measured.Cx[k] - simulated.Cx[k], 2) +
-             std::pow(measured.Cs[k] - simulated.Cs[k], 2) +
-             std::pow(measured.Cp[k] - simulated.Cp[k], 2);
+      sum += Square(measured.Cx[k] - simulated.Cx[k]) + Square(measured.Cs[k] - simulated.Cs[k]) +
+             Square(measured.Cp[k] - simulated.Cp[k]);
   }
   return Finite(sum);
 }
