@@ -19,11 +19,30 @@ Piece Found(const std::string& text, bool outOfRange) {
   return "\"" + text + "\"";
 }
 
-Message NotSaved(Piece where, Piece found) {
-  return {{TextId::PossibleErrors, "\n", std::move(where), ": ", std::move(found)},
-          TextId::ExperimentNotSaved,
-          Icon::Exclamation};
-}
+/// All that keeps an entry from being saved, a line each, and the first box or cell of them.
+struct Faults {
+  std::vector<Piece> pieces{TextId::PossibleErrors};
+  std::optional<std::pair<EntryBox, GridCell>> first{};
+  int count = 0;
+
+  void Add(EntryBox box, GridCell cell, std::vector<Piece> sentence) {
+    constexpr int kMostTold = 12;
+    if (!first) first = {box, cell};
+    if (++count > kMostTold) return;
+    pieces.emplace_back("\n");
+    for (Piece& piece : sentence) pieces.push_back(std::move(piece));
+    told = count;
+  }
+  std::optional<EntryRead::Refusal> Refusal() {
+    if (!first) return std::nullopt;
+    if (count > told)
+      pieces.insert(pieces.end(), {"\n", {TextId::AndMore, {std::to_string(count - told)}}});
+    return EntryRead::Refusal{
+        {pieces, TextId::ExperimentNotSaved, Icon::Exclamation}, first->first, first->second};
+  }
+
+  int told = 0;
+};
 
 Message TooMany(TextId what, const std::string& excess) {
   return Attention({TextId::PossibleErrors, "\n", what, ": " + excess}, Icon::Exclamation);
@@ -37,17 +56,20 @@ std::optional<std::int16_t> NumberOf(const std::string& text) {
   return static_cast<std::int16_t>(number);
 }
 
-EntryRead::Refusal BadCell(GridCell cell, std::span<const GridRow> rows) {
-  const auto row = static_cast<std::size_t>(cell.row);
-  const auto column = static_cast<std::size_t>(cell.column);
-  const std::string where = std::to_string(cell.row + 1) + ", " + std::string(kGridHeaders[column]);
-  const std::string& text = rows[row][column];
-  return {NotSaved(where, Found(text, IsCellOutOfRange(text))), EntryBox::Cell, cell};
+Piece BadCell(std::size_t row, std::size_t column, const std::string& text) {
+  const std::string number = std::to_string(row + 1), header(kGridHeaders[column]);
+  if (text.empty()) return {TextId::RowLacksValue, {number, header}};
+  const TextId id = IsCellOutOfRange(text) ? TextId::RowOutOfRange : TextId::RowHoldsText;
+  return {id, {number, text, header}};
 }
 
-EntryRead::Refusal BadFinalTime(const std::string& text, char separator) {
-  const bool outOfRange = IsOutOfRange(Normalised(text, separator), separator);
-  return {NotSaved(TextId::FinalTime, Found(text, outOfRange)), EntryBox::FinalTime, {}};
+void AddBadCells(std::span<const GridRow> rows, Faults& faults) {
+  while (!rows.empty() && IsEmpty(rows.back())) rows = rows.first(rows.size() - 1);
+  for (std::size_t row = 0; row < rows.size(); ++row)
+    for (std::size_t column = 0; column < rows[row].size(); ++column)
+      if (const std::string& text = rows[row][column]; !CellNumber(text))
+        faults.Add(EntryBox::Cell, {static_cast<int>(row), static_cast<int>(column)},
+                   {BadCell(row, column, text)});
 }
 
 int FilledCells(const std::vector<std::string>& row) {
@@ -90,13 +112,16 @@ EntryRead ReadEntry(const ExperimentHeader& header, std::span<const GridRow> row
   EntryRead read{std::move(grid.points), std::nullopt};
   const std::optional<std::int16_t> number = NumberOf(header.number);
   const std::optional<double> finalTime = ReadBox(header.finalTime, separator);
+  Faults faults;
   if (!number)
-    read.refusal = {
-        NotSaved(TextId::ExperimentNumber, Found(header.number, false)), EntryBox::Number, {}};
-  else if (!finalTime)
-    read.refusal = BadFinalTime(header.finalTime, separator);
-  else if (grid.badCell)
-    read.refusal = BadCell(*grid.badCell, rows);
+    faults.Add(EntryBox::Number, {}, {TextId::ExperimentNumber, ": ", Found(header.number, false)});
+  if (!finalTime) {
+    const bool outOfRange = IsOutOfRange(Normalised(header.finalTime, separator), separator);
+    faults.Add(EntryBox::FinalTime, {},
+               {TextId::FinalTime, ": ", Found(header.finalTime, outOfRange)});
+  }
+  if (grid.badCell) AddBadCells(rows, faults);
+  read.refusal = faults.Refusal();
   read.experiment.number = number.value_or(0);
   const std::vector<double>& times = read.experiment.time;
   const bool blank = header.finalTime.find_first_not_of(' ') == std::string::npos;

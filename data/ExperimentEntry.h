@@ -23,7 +23,8 @@ struct ExperimentHeader {
 
 enum class EntryBox { Number, FinalTime, Cell };
 
-/// What was entered as a record, or the first box or cell that cannot be read, with what to say.
+/// What was entered as a record; or what to say of all boxes and cells that cannot be read, and the
+/// first of them.
 struct EntryRead {
   struct Refusal {
     Message message;

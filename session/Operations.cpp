@@ -9,6 +9,10 @@
 #include "cultivation/OpenedConditions.h"
 #include "cultivation/Simulation.h"
 #include "data/ExperimentFile.h"
+#include "data/FileBytes.h"
+#include "data/MeasuredTable.h"
+#include "data/TableWords.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
@@ -99,6 +103,72 @@ void StoreStart(CultivationConditions& conditions, const std::vector<FitVariable
         record.row[variable.position] = variable.start;
 }
 
+bool IsTable(const std::string& path) {
+  constexpr std::string_view kSuffixes[] = {".csv", ".tsv", ".txt", ".xlsx"};
+  const std::string small = SmallLetters(path);
+  return std::any_of(std::begin(kSuffixes), std::end(kSuffixes),
+                     [&small](std::string_view suffix) { return small.ends_with(suffix); });
+}
+
+void AddRows(const Experiment& experiment, char separator, std::vector<Piece>& pieces) {
+  constexpr std::size_t kMostRows = 4;
+  std::string text = "\n\n";
+  for (const std::string_view header : kGridHeaders) text += std::string(header) + "\t";
+  const std::vector<GridRow> rows = RowsOf(experiment, separator);
+  for (std::size_t k = 0; k < std::min(rows.size(), kMostRows); ++k) {
+    text += "\n";
+    for (const std::string& cell : rows[k]) text += cell + "\t";
+  }
+  pieces.emplace_back(text + (rows.size() > kMostRows ? "\n...\n" : "\n"));
+}
+
+/// The experiments of a table, with the first rows of the first of them.
+Message PreviewOf(const TableRead& table, char separator) {
+  constexpr int kMostListed = 9;
+  const int count = table.lists.Count();
+  std::vector<Piece> pieces{{TextId::TableHolds, {std::to_string(count)}}};
+  for (int place = 1; place <= std::min(count, kMostListed); ++place) {
+    const Experiment& each = table.lists.At(place);
+    pieces.emplace_back("\n");
+    pieces.emplace_back(TextId::ExperimentLine,
+                        std::vector{std::to_string(place), std::to_string(each.number),
+                                    std::to_string(each.Points()),
+                                    PlainText(each.finalTime, separator), each.description});
+  }
+  if (count > kMostListed)
+    pieces.insert(pieces.end(), {"\n", {TextId::AndMore, {std::to_string(count - kMostListed)}}});
+  AddRows(table.lists.At(1), separator, pieces);
+  for (const TableFault& remark : table.remarks)
+    pieces.insert(pieces.end(), {"\n", {remark.text, remark.arguments}});
+  pieces.insert(pieces.end(), {"\n", TextId::AskToTakeTable});
+  return Attention(std::move(pieces), Icon::Question);
+}
+
+std::vector<Piece> Pieces(const TableFault& fault) {
+  std::vector<Piece> pieces;
+  if (fault.line > 0) pieces = {{TextId::LineOfFile, {std::to_string(fault.line)}}, ": "};
+  if (fault.row > 0) pieces.emplace_back(fault.column + ": ");
+  pieces.emplace_back(fault.text, fault.arguments);
+  return pieces;
+}
+
+ExperimentsFile ReadTableFile(const Session& session, const std::string& path) {
+  const FileBytes bytes = ReadWholeFile(path);
+  ExperimentsFile file{path, {}, bytes.fault};
+  if (file.fault) return file;
+  TableRead table = ReadTable(bytes.bytes, {});
+  if (table.fault) {
+    std::vector<Piece> pieces{TextId::TableUnread, ".\n" + path + "\n"};
+    for (Piece& piece : Pieces(*table.fault)) pieces.push_back(std::move(piece));
+    file.refusal = Message{std::move(pieces), TextId::Error, Icon::Critical};
+    return file;
+  }
+  file.preview = PreviewOf(table, session.separator);
+  file.lists = std::move(table.lists);
+  if (auto remark = TellMoreThanNine(file.lists)) file.remarks.push_back(std::move(*remark));
+  return file;
+}
+
 }  // namespace
 
 bool HoldsMeasurements(const ExperimentLists& lists, const Experiment& experiment) {
@@ -155,6 +225,7 @@ std::optional<Message> AskBeforeOpeningExperiments(const Session& session) {
 }
 
 ExperimentsFile ReadExperimentsFile(const Session& session, const std::string& path) {
+  if (IsTable(path)) return ReadTableFile(session, path);
   ExperimentsFile file{path, {}, std::nullopt};
   file.fault = ReadExperiments(path, file.lists).fault;
   if (!file.fault && file.lists.Empty()) file.remarks = {Attention({TextId::FileHoldsNone})};
@@ -170,8 +241,8 @@ ExperimentsFile ReadExperimentsFile(const Session& session, const std::string& p
 
 Change TakeExperiments(Session& session, ExperimentsFile file) {
   const Change change = Replace(session, std::move(file.lists));
-  // A damaged file is not what would be written in its place.
-  if (file.fault) return change;
+  // Neither a damaged file nor a table is what would be written in its place.
+  if (file.fault || file.preview) return change;
   session.experimentsFile = file.path;
   session.files.experiments[file.path] = session.lists;
   return change;

@@ -63,8 +63,8 @@ Change TakeDisplays(Session& session, std::span<const DisplayEntry> displays);
 /// nothing where there are none.
 std::optional<Message> AskBeforeOpeningExperiments(const Session& session);
 
-/// A file of experiments, before anything of it is taken over. A fault may come after experiments
-/// that were read.
+/// A file of experiments, or a spreadsheet's table (*.csv, *.tsv, *.txt, *.xlsx), before anything
+/// of it is taken over. A fault may come after experiments that were read.
 struct ExperimentsFile {
   std::string path;
   ExperimentLists lists;
@@ -73,6 +73,8 @@ struct ExperimentsFile {
   /// What is asked, yes or no, before `lists` is taken over: it is not the whole file, and there
   /// are experiments that would go for it.
   std::optional<Message> question{};
+  std::optional<Message> refusal{};  // of a table
+  std::optional<Message> preview{};  // of a table: what was read, to be agreed to
 
   /// Whether there is anything to take over.
   bool Usable() const { return !lists.Empty(); }

@@ -133,8 +133,9 @@ Yields ConditionsPanel::ChosenYields() const {
   return static_cast<Yields>(yields_->Chosen());
 }
 
-void ConditionsPanel::SetBox(At position, const Entry& entry) {
-  if (const Box* const each = Find(position)) each->box->Show(entry);
+void ConditionsPanel::SetBox(At position, const Entry& entry, NumberBox::Mark mark,
+                             const QString& why) {
+  if (const Box* const each = Find(position)) each->box->Show(entry, mark, why);
 }
 
 void ConditionsPanel::SetProduction(Production production) {
@@ -156,6 +157,19 @@ void ConditionsPanel::AllowEntry() {
   allow(At::alpha, alpha);
   allow(At::beta, beta);
   allow(At::CsAst2, beta);
+  ExplainConstants();
+}
+
+void ConditionsPanel::ExplainConstants() {
+  for (std::size_t i = 0; i < kBoxes.size(); ++i) {
+    const Box& each = boxes_[i];
+    QString tip = Caption(TextId{kBoxes[i].description}, language_);
+    const bool zero = each.box->text().isEmpty() || each.box->text() == QStringLiteral("0");
+    if (each.position == At::beta && !each.box->isEnabledTo(this) && !zero)
+      tip += u'\n' + QString::fromStdString(Filled(TextId::StillEnters, language_,
+                                                   {each.label->text().toStdString()}));
+    each.box->setToolTip(tip);
+  }
 }
 
 void ConditionsPanel::Clear() {
@@ -163,6 +177,8 @@ void ConditionsPanel::Clear() {
 }
 
 void ConditionsPanel::SetLanguage(Language language) {
+  language_ = language;
+  ExplainConstants();
   for (std::size_t i = 0; i < kBoxes.size(); ++i) {
     const QString description = Caption(TextId{kBoxes[i].description}, language);
     boxes_[i].label->setToolTip(description);

@@ -5,6 +5,7 @@
 #include <array>
 #include <vector>
 
+#include "app/widgets/NumberEntry.h"
 #include "cultivation/CultivationForm.h"
 #include "language/Texts.h"
 
@@ -13,7 +14,6 @@ class QLabel;
 
 namespace velmora {
 
-class NumberBox;
 class OptionGroup;
 
 class ConditionsPanel : public QWidget {
@@ -27,7 +27,8 @@ class ConditionsPanel : public QWidget {
   /// Writes the boxes and the yields into the form.
   void ReadInto(CultivationForm& form) const;
   /// Shows one box's number; a position that has no box here is passed over.
-  void SetBox(At position, const Entry& entry);
+  void SetBox(At position, const Entry& entry, NumberBox::Mark mark = NumberBox::Mark::None,
+              const QString& why = {});
   /// The production decides which constants are entered.
   void SetProduction(Production production);
   void Clear();
@@ -51,6 +52,8 @@ class ConditionsPanel : public QWidget {
   void Wire();
   Yields ChosenYields() const;
   void AllowEntry();
+  /// Says of a constant that is not asked for, but not 0, that it still enters the calculation.
+  void ExplainConstants();
   const Box* Find(At position) const;
 
   static constexpr int kFrames = 4;
@@ -58,6 +61,7 @@ class ConditionsPanel : public QWidget {
   std::vector<Box> boxes_;  // in the order of the table
   OptionGroup* yields_ = nullptr;
   Production production_ = Production::None;
+  Language language_ = Language::Portuguese;
 };
 
 }  // namespace velmora

@@ -82,6 +82,28 @@ void FormEntry::SetBox(At position, const Entry& entry, NumberBox::Mark mark) {
   if (untouched) stored_.At(position) = entry;
 }
 
+void FormEntry::SetProposed(const CultivationForm& form,
+                            const std::vector<std::pair<At, QString>>& why) {
+  choices_->SetForm(form);
+  model_->SetModel(model_->Chosen(), form.modelConfirmed);
+  conditions_->SetForm(form);
+  parameters_->SetModel(model_->Chosen());
+  parameters_->SetValues(form);
+  parameters_->SetFit(form.fit);
+  for (const auto& [position, reason] : why) {
+    if (FittableIndex(position) >= 0)
+      parameters_->SetValue(position, form.At(position), NumberBox::Mark::Proposed, reason);
+    else
+      conditions_->SetBox(position, form.At(position), NumberBox::Mark::Proposed, reason);
+  }
+  emit Edited();
+}
+
+void FormEntry::SetModel(const velmora::Model& model) {
+  model_->SetModel(model, true);
+  parameters_->SetModel(model);
+}
+
 void FormEntry::MarkStored() {
   stored_ = Form();
 }

@@ -2,7 +2,10 @@
 #pragma once
 
 #include <QObject>
+#include <QString>
 #include <array>
+#include <utility>
+#include <vector>
 
 #include "app/widgets/NumberEntry.h"
 #include "cultivation/CultivationForm.h"
@@ -42,6 +45,11 @@ class FormEntry : public QObject {
   bool Untouched(At position) const;
   /// Shows one number. It changes what counts as stored, unless the user has edited the box.
   void SetBox(At position, const Entry& entry, NumberBox::Mark mark = NumberBox::Mark::None);
+  /// Shows proposals in place of what is entered; those of `why` are marked as such, with the
+  /// reason.
+  void SetProposed(const CultivationForm& form, const std::vector<std::pair<At, QString>>& why);
+  /// Shows another model, which waits to be stored.
+  void SetModel(const velmora::Model& model);
   /// What is entered now is what is stored.
   void MarkStored();
   /// Whether the user has changed something since.

@@ -79,7 +79,10 @@ void ParametersPanel::LayOut() {
 
 void ParametersPanel::Wire() {
   for (const Row& row : rows_) {
-    connect(row.tick, &QCheckBox::clicked, this, [this] { emit Edited(); });
+    connect(row.tick, &QCheckBox::clicked, this, [this] {
+      ExplainBounds();
+      emit Edited();
+    });
     for (NumberBox* const box : {row.value, row.lower, row.upper})
       connect(box, &QLineEdit::textEdited, this, [this] { emit Edited(); });
   }
@@ -110,10 +113,19 @@ void ParametersPanel::SetFit(const FitRows& fit) {
     rows_[i].lower->Show(fit[i].lower);
     rows_[i].upper->Show(fit[i].upper);
   }
+  ExplainBounds();
 }
 
-void ParametersPanel::SetValue(At position, const Entry& entry, NumberBox::Mark mark) {
-  rows_[static_cast<std::size_t>(FittableIndex(position))].value->Show(entry, mark);
+void ParametersPanel::ExplainBounds() {
+  for (const Row& row : rows_)
+    for (NumberBox* const bound : {row.lower, row.upper})
+      bound->setToolTip(row.tick->isChecked() ? QString()
+                                              : Caption(TextId::BoundUnused, language_));
+}
+
+void ParametersPanel::SetValue(At position, const Entry& entry, NumberBox::Mark mark,
+                               const QString& why) {
+  rows_[static_cast<std::size_t>(FittableIndex(position))].value->Show(entry, mark, why);
 }
 
 void ParametersPanel::ReadInto(CultivationForm& form) const {
@@ -129,6 +141,8 @@ void ParametersPanel::Clear() {
 }
 
 void ParametersPanel::SetLanguage(Language language) {
+  language_ = language;
+  ExplainBounds();
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     const QString name = Spoken(kFittable[i]);
     rows_[i].tick->setAccessibleName(name);

@@ -29,7 +29,7 @@ class ParametersPanel : public QGroupBox {
   /// Shows ticks and bounds. Only parameters of the model are ticked.
   void SetFit(const FitRows& fit);
   /// Shows one value; `position` must be that of a fittable parameter.
-  void SetValue(At position, const Entry& entry, NumberBox::Mark mark);
+  void SetValue(At position, const Entry& entry, NumberBox::Mark mark, const QString& why = {});
   /// Writes values, ticks and bounds into the form.
   void ReadInto(CultivationForm& form) const;
   void Clear();
@@ -42,6 +42,8 @@ class ParametersPanel : public QGroupBox {
   void Edited();
 
  private:
+  /// Says of bounds that no tick calls for that they have no effect.
+  void ExplainBounds();
   struct Row {
     QCheckBox* tick = nullptr;
     QLabel* name = nullptr;
@@ -58,6 +60,7 @@ class ParametersPanel : public QGroupBox {
   void Wire();
 
   std::array<Row, kFittable.size()> rows_;  // in the order of kFittable
+  Language language_ = Language::Portuguese;
 };
 
 }  // namespace velmora

@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTextCursor>
 #include <QVBoxLayout>
@@ -10,6 +11,11 @@
 #include "app/widgets/PanelParts.h"
 
 namespace velmora {
+namespace {
+
+constexpr int kSummaryLines = 7;
+
+}  // namespace
 
 ResultsPanel::ResultsPanel(QWidget* parent) : QGroupBox(parent) {
   setObjectName(QStringLiteral("frameResultados"));
@@ -24,6 +30,13 @@ void ResultsPanel::Build() {
   text_->setReadOnly(true);
   text_->setUndoRedoEnabled(false);
   text_->setTabChangesFocus(true);
+  summary_ = Named<QPlainTextEdit>("txtResumo", this);
+  summary_->setReadOnly(true);
+  summary_->setTabChangesFocus(true);
+  summary_->setMaximumHeight(kSummaryLines * fontMetrics().lineSpacing());
+  summary_->hide();
+  improve_ = Named<QPushButton>("cmdMelhorar", this);
+  compare_ = Named<QPushButton>("cmdComparar", this);
   toggle_ = NewButton("cmdIrVoltar", Symbol::Initial, this);
   report_ = NewButton("cmdRelatorio", Symbol::Report, this);
   clear_ = NewButton("cmdLimpar", Symbol::Clear, this);
@@ -36,13 +49,25 @@ void ResultsPanel::LayOut() {
   buttons->addStretch();
   auto* const row = new QHBoxLayout(this);
   TightenInside(*row);
-  row->addWidget(text_, 1);
+  auto* const actions = new QHBoxLayout;
+  actions->setSpacing(kSpacing);
+  actions->addWidget(improve_);
+  actions->addWidget(compare_);
+  actions->addStretch();
+  auto* const texts = new QVBoxLayout;
+  texts->setSpacing(kSpacing);
+  texts->addWidget(summary_);
+  texts->addWidget(text_, 1);
+  texts->addLayout(actions);
+  row->addLayout(texts, 1);
   row->addLayout(buttons);
 }
 
 void ResultsPanel::Wire() {
   connect(clear_, &QToolButton::clicked, this, &ResultsPanel::Clear);
   connect(toggle_, &QToolButton::clicked, this, &ResultsPanel::ToggleAsked);
+  connect(improve_, &QPushButton::clicked, this, &ResultsPanel::ImproveAsked);
+  connect(compare_, &QPushButton::clicked, this, &ResultsPanel::CompareAsked);
   connect(report_, &QToolButton::clicked, this, &ResultsPanel::ReportAsked);
 }
 
@@ -57,6 +82,19 @@ void ResultsPanel::Append(const std::string& text) {
 
 void ResultsPanel::Clear() {
   text_->clear();
+  ShowSummary({});
+}
+
+void ResultsPanel::ShowSummary(const std::vector<std::string>& lines) {
+  QStringList shown;
+  for (const std::string& line : lines) shown << QString::fromStdString(line);
+  summary_->setPlainText(shown.join(u'\n'));
+  summary_->setVisible(!lines.empty());
+}
+
+void ResultsPanel::SetComparable(bool comparable) {
+  comparable_ = comparable;
+  Show();
 }
 
 void ResultsPanel::SetAvailable(bool available) {
@@ -87,6 +125,14 @@ void ResultsPanel::Show() {
   toggle_->setEnabled(available_ && !running_);
   report_->setEnabled(available_ && !running_);
   clear_->setEnabled(!running_);
+  summary_->setAccessibleName(Caption(TextId::Results, language_).remove(u'&'));
+  improve_->setText(Caption(TextId::Improve, language_));
+  improve_->setToolTip(Caption(TextId::ImproveHint, language_));
+  improve_->setEnabled(available_ && !running_);
+  compare_->setText(Caption(TextId::CompareModels, language_));
+  compare_->setToolTip(
+      Caption(comparable_ ? TextId::CompareModelsHint : TextId::ComparisonNeeds, language_));
+  compare_->setEnabled(comparable_ && !running_);
 }
 
 }  // namespace velmora

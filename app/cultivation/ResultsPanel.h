@@ -4,10 +4,12 @@
 #include <QGroupBox>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "language/Texts.h"
 
 class QPlainTextEdit;
+class QPushButton;
 class QToolButton;
 
 namespace velmora {
@@ -24,8 +26,12 @@ class ResultsPanel : public QGroupBox {
   /// Adds to the end of the text. A user who has scrolled up keeps the place.
   void Append(const std::string& text);
   void Clear();
+  /// Says above the text where the fit stands, a line each; with no lines nothing stands there.
+  void ShowSummary(const std::vector<std::string>& lines);
   /// Whether there are results to report and estimated values to bring back.
   void SetAvailable(bool available);
+  /// Whether models can be compared.
+  void SetComparable(bool comparable);
   void SetDirection(Direction direction);
   /// While a search runs the text can only be looked at.
   void SetRunning(bool running);
@@ -34,6 +40,8 @@ class ResultsPanel : public QGroupBox {
  signals:
   void ToggleAsked();
   void ReportAsked();
+  void ImproveAsked();
+  void CompareAsked();
 
  private:
   void Build();
@@ -45,7 +53,11 @@ class ResultsPanel : public QGroupBox {
   Direction direction_ = Direction::ToInitial;
   bool available_ = false;
   bool running_ = false;
+  bool comparable_ = false;
+  QPlainTextEdit* summary_ = nullptr;
   QPlainTextEdit* text_ = nullptr;
+  QPushButton* improve_ = nullptr;
+  QPushButton* compare_ = nullptr;
   QToolButton* clear_ = nullptr;
   QToolButton* toggle_ = nullptr;
   QToolButton* report_ = nullptr;

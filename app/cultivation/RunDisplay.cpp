@@ -1,5 +1,7 @@
 #include "app/cultivation/RunDisplay.h"
 
+#include <QThread>
+#include <memory>
 #include <utility>
 
 #include "app/cultivation/FormEntry.h"
@@ -10,6 +12,8 @@
 #include "app/widgets/Idiomas.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/FitSetUp.h"
+#include "inference/FitSummary.h"
+#include "inference/VerdictTexts.h"
 #include "language/Message.h"
 #include "language/Numbers.h"
 #include "report/Relatorio.h"
@@ -59,6 +63,10 @@ void RunDisplay::Wire() {
   });
 }
 
+RunDisplay::~RunDisplay() {
+  for (QThread* const judge : findChildren<QThread*>()) judge->wait();
+}
+
 void RunDisplay::SetLanguage(Language language) {
   panel_->SetLanguage(language);
   results_->SetLanguage(language);
@@ -103,21 +111,24 @@ void RunDisplay::Simulate() {
 
 void RunDisplay::Estimate() {
   const Message question{{TextId::AskToEstimate}, TextId::ParametersEstimation, Icon::Question};
-  if (dialogs_.Show(Window(), question, Buttons::YesNo) != Answer::Yes) return;
+  if (dialogs_.Show(Window(), question, Buttons::YesNo) == Answer::Yes)
+    Search(entry_.Form().method);
+}
+
+void RunDisplay::Search(Method method) {
   const EstimationSettings settings = session_.settings;
   const CultivationForm form = entry_.Form();
-  generations_ = form.method == Method::ED ? static_cast<int>(settings.ITER) : 0;
+  generations_ = method == Method::ED ? static_cast<int>(settings.ITER) : 0;
   quiet_ = false;
   SetRunning(true);
   const std::vector<std::string> files = FilesOf(session_);
-  std::optional<SearchOutcome> outcome =
-      run_->Run(StartSearch(session_, form), form.method, settings);
+  std::optional<SearchOutcome> outcome = run_->Run(StartSearch(session_, form), method, settings);
   SetRunning(false);
   if (!outcome) {
     dialogs_.Show(Window(), Attention({TextId::OutOfBounds}));
     return;
   }
-  outcome->method = form.method;
+  outcome->method = method;
   outcome->settings = settings;
   outcome->files = files;
   const Change change = EndSearch(session_, *outcome);
@@ -160,7 +171,36 @@ void RunDisplay::ShowResult(const SearchOutcome& outcome) {
   results_->Append(FinalText(outcome.problem, outcome.result, outcome.deviations, Style()));
   results_->SetAvailable(true);
   ShowParameters(true);
+  ShowSummary();
   if (outcome.deviations.fault && !quiet_) dialogs_.Show(Window(), InversionMessage());
+}
+
+void RunDisplay::ShowSummary() {
+  const auto run = session_.lastRun;
+  const SearchOutcome& outcome = run->outcome;
+  summary_ = SummaryLines(outcome.problem, outcome.result, static_cast<int>(outcome.settings.ITER),
+                          Style());
+  results_->ShowSummary(summary_);
+  auto verdict = std::make_shared<FitVerdict>();
+  QThread* const judge = QThread::create([run, verdict] {
+    *verdict = JudgeFit(run->outcome.problem, run->outcome.result, run->outcome.deviations);
+  });
+  judge->setParent(this);
+  connect(judge, &QThread::finished, this, [this, run, verdict, judge] {
+    judge->deleteLater();
+    if (session_.lastRun == run) ShowVerdict(*verdict);
+  });
+  judge->start();
+}
+
+void RunDisplay::ShowVerdict(const FitVerdict& verdict) {
+  const FitProblem& problem = session_.lastRun->outcome.problem;
+  std::vector<std::string> lines = summary_;
+  for (std::string& line : ParameterVerdictLines(verdict, problem, Style()))
+    lines.push_back(std::move(line));
+  for (std::string& line : RunVerdictLines(verdict, problem, Style()))
+    lines.push_back(std::move(line));
+  results_->ShowSummary(lines);
 }
 
 void RunDisplay::ShowParameters(bool estimated) {

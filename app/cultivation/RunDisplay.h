@@ -3,11 +3,13 @@
 
 #include <QObject>
 #include <QPointer>
+#include <string>
 #include <vector>
 
 #include "app/cultivation/RunControl.h"
 #include "app/widgets/Dialogs.h"
 #include "estimation/ResultTexts.h"
+#include "inference/Verdicts.h"
 #include "session/Operations.h"
 
 namespace velmora {
@@ -24,6 +26,8 @@ class RunDisplay : public QObject {
 
  public:
   RunDisplay(Session& session, Dialogs& dialogs, FormEntry& entry, QWidget* parent);
+  /// Waits for a verdict that is being found.
+  ~RunDisplay() override;
 
   /// The panels, for the window to lay out.
   RunPanel& Panel() const { return *panel_; }
@@ -35,6 +39,10 @@ class RunDisplay : public QObject {
   void Simulate();
   /// Searches where the user agrees; returns when the search has ended or was stopped.
   void Estimate();
+  /// Searches without a question by `method`, from what the form shows.
+  void Search(Method method);
+  /// Shows the estimated values of the last run.
+  void ShowEstimated() { ShowParameters(true); }
   bool Running() const { return running_; }
   /// Ends the search at its next generation; nothing is asked or told any more.
   void StopQuietly();
@@ -59,6 +67,9 @@ class RunDisplay : public QObject {
   void ShowGeneration(const Generation& generation, const std::vector<FitVariable>& variables);
   void ShowOutcome(const SearchOutcome& outcome);
   void ShowResult(const SearchOutcome& outcome);
+  /// Says where the last run stands; what the data tell of it follows as soon as it is found.
+  void ShowSummary();
+  void ShowVerdict(const FitVerdict& verdict);
   void AskToStop();
   /// Shows the estimated values, or those from which the search started.
   void ShowParameters(bool estimated);
@@ -76,6 +87,7 @@ class RunDisplay : public QObject {
   int generations_ = 0;  // at most, in the search that goes on; 0 where nobody knows
   bool running_ = false;
   bool estimatedShown_ = false;
+  std::vector<std::string> summary_;
   bool quiet_ = false;  // the program is being closed
 };
 

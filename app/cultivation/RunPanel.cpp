@@ -19,6 +19,8 @@ RunPanel::RunPanel(QWidget* parent) : QWidget(parent) {
 }
 
 void RunPanel::Build() {
+  propose_ = Named<QPushButton>("cmdPropor", this);
+  all_ = Named<QPushButton>("cmdUsarTodos", this);
   save_ = Named<QPushButton>("cdmSalvar", this);
   save_->setIcon(DrawnIcon(Symbol::Save));
   start_ = Named<QPushButton>("cmdAjustar", this);
@@ -36,7 +38,9 @@ void RunPanel::Build() {
 void RunPanel::LayOut() {
   auto* const buttons = new QHBoxLayout;
   buttons->setSpacing(kSpacing);
+  buttons->addWidget(propose_);
   buttons->addWidget(save_);
+  buttons->addWidget(all_);
   buttons->addWidget(start_);
   buttons->addWidget(stop_);
   buttons->addStretch();
@@ -53,16 +57,26 @@ void RunPanel::LayOut() {
 }
 
 void RunPanel::Wire() {
+  connect(propose_, &QPushButton::clicked, this, &RunPanel::ProposeAsked);
+  connect(all_, &QPushButton::clicked, this, &RunPanel::UseForAllAsked);
   connect(save_, &QPushButton::clicked, this, &RunPanel::SaveAsked);
   connect(start_, &QPushButton::clicked, this, &RunPanel::StartAsked);
   connect(stop_, &QToolButton::clicked, this, &RunPanel::StopAsked);
 }
 
 void RunPanel::SetRunning(bool running) {
+  running_ = running;
   save_->setEnabled(!running);
+  SetExperiments(experiments_);
   start_->setEnabled(!running);
   stop_->setEnabled(running);
   progress_->setVisible(running);
+}
+
+void RunPanel::SetExperiments(int count) {
+  experiments_ = count;
+  propose_->setEnabled(!running_ && count > 0);
+  all_->setEnabled(!running_ && count > 1);
 }
 
 void RunPanel::SetHeading(std::optional<TextId> heading) {
@@ -92,6 +106,10 @@ void RunPanel::SetLanguage(Language language) {
 }
 
 void RunPanel::Show() {
+  propose_->setText(Caption(TextId::Propose, language_));
+  propose_->setToolTip(Caption(TextId::ProposeHint, language_));
+  all_->setText(Caption(TextId::UseForAll, language_));
+  all_->setToolTip(Caption(TextId::UseForAllHint, language_));
   start_->setText(Caption(simulates_ ? TextId::Simulate : TextId::Estimate, language_));
   start_->setAccessibleName(start_->text());
   // What is said of a run that goes on is said, like its progress; the heading of results follows.

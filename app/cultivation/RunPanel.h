@@ -30,7 +30,12 @@ class RunPanel : public QWidget {
   void ShowProgress(int generation, int limit);
   void SetLanguage(Language language);
 
+  /// Whether there are experiments to propose from, and more than one to store for.
+  void SetExperiments(int count);
+
  signals:
+  void ProposeAsked();
+  void UseForAllAsked();
   void SaveAsked();
   void StartAsked();
   void StopAsked();
@@ -44,7 +49,11 @@ class RunPanel : public QWidget {
   Language language_ = Language::Portuguese;
   std::optional<TextId> heading_;
   bool simulates_ = false;
+  bool running_ = false;
+  int experiments_ = 0;
+  QPushButton* propose_ = nullptr;
   QPushButton* save_ = nullptr;
+  QPushButton* all_ = nullptr;
   QPushButton* start_ = nullptr;
   QToolButton* stop_ = nullptr;
   QLabel* label_ = nullptr;

@@ -14,12 +14,15 @@
 #include "app/cultivation/RunDisplay.h"
 #include "app/cultivation/RunPanel.h"
 #include "app/cultivation/ScoreView.h"
+#include "app/cultivation/frmComparacao.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/NumberEntry.h"
 #include "app/widgets/PanelParts.h"
 #include "cultivation/OpenedConditions.h"
 #include "cultivation/Simulation.h"
 #include "data/ExperimentEntry.h"
+#include "inference/Proposal.h"
+#include "session/FirstFit.h"
 
 namespace velmora {
 namespace {
@@ -51,8 +54,8 @@ void frmCultBatelada::BuildPanels() {
   entry_ = new FormEntry(this);
   run_ = new RunDisplay(session_, dialogs_, *entry_, this);
   charts_ = new ChartsPanel(this);
-  auto* const numbers = new NumberEntry(session_.separator, this);
-  for (NumberBox* const box : findChildren<NumberBox*>()) numbers->Watch(*box);
+  numbers_ = new NumberEntry(session_.separator, this);
+  for (NumberBox* const box : findChildren<NumberBox*>()) numbers_->Watch(*box);
 }
 
 /// Left what is chosen and entered, in the middle the parameters, the run and its results, right
@@ -84,6 +87,10 @@ void frmCultBatelada::Wire() {
   connect(entry_, &FormEntry::Edited, this, &frmCultBatelada::ShowStanding);
   connect(entry_, &FormEntry::Edited, this, &frmCultBatelada::Edited);
   connect(&run_->Panel(), &RunPanel::SaveAsked, this, &frmCultBatelada::SalvarCondCult);
+  connect(&run_->Panel(), &RunPanel::ProposeAsked, this, &frmCultBatelada::Propose);
+  connect(&run_->Panel(), &RunPanel::UseForAllAsked, this, &frmCultBatelada::UseForAll);
+  connect(&run_->Results(), &ResultsPanel::ImproveAsked, this, &frmCultBatelada::Improve);
+  connect(&run_->Results(), &ResultsPanel::CompareAsked, this, &frmCultBatelada::CompareModels);
   connect(&run_->Panel(), &RunPanel::StartAsked, this, &frmCultBatelada::Ajustar);
   connect(run_, &RunDisplay::RunningChanged, experiment_, &QWidget::setDisabled);
   connect(run_, &RunDisplay::RunningChanged, this, &frmCultBatelada::RunningChanged);
@@ -108,6 +115,7 @@ void frmCultBatelada::changeEvent(QEvent* event) {
   experiment_->SetLanguage(language);
   entry_->SetLanguage(language);
   run_->SetLanguage(language);
+  numbers_->SetLanguage(language);
 }
 
 void frmCultBatelada::resizeEvent(QResizeEvent* event) {
@@ -199,6 +207,8 @@ void frmCultBatelada::ShowStanding() {
   experiment_->SetStanding(
       {place_, NumExperimentos(), Number(), saved, session_.conditions.SavedCount()});
   run_->Panel().SetSimulates(entry_->Form().method == Method::Manual);
+  run_->Panel().SetExperiments(NumExperimentos());
+  run_->Results().SetComparable(!RefuseRun(session_.lists.Experiments(), session_.conditions));
 }
 
 void frmCultBatelada::Step(int step) {
@@ -211,6 +221,30 @@ void frmCultBatelada::Step(int step) {
 
 void frmCultBatelada::SalvarCondCult() {
   const ConditionsSaved saved = SaveConditions(session_, entry_->Form(), place_);
+  if (saved.refusal) return Refuse(*saved.refusal);
+  if (saved.shownAlfa) entry_->SetBox(At::alpha, *saved.shownAlfa);
+  entry_->MarkStored();
+  entry_->SetFixed(true);
+  Announce(saved.change);
+  const auto [others, model] = OthersWithAnotherModel(session_, entry_->Form(), place_);
+  if (others > 0) Tell(Attention({{TextId::OthersKeepModel, {std::to_string(others), model}}}));
+}
+
+void frmCultBatelada::Propose() {
+  const ProposedForm proposed = ProposeForm(session_, entry_->Form(), place_);
+  std::vector<std::pair<At, QString>> why;
+  for (const auto& [position, reason] : proposed.reasons)
+    why.emplace_back(position,
+                     QString::fromStdString(Filled(TextId::ProposedHint, session_.language,
+                                                   {Worded(reason, session_.language)})));
+  entry_->SetProposed(proposed.form, why);
+}
+
+void frmCultBatelada::UseForAll() {
+  const std::string count = std::to_string(std::min(NumExperimentos(), kMostExperiments));
+  const Message question = Attention({{TextId::AskToUseForAll, {count}}}, Icon::Question);
+  if (Tell(question, Buttons::YesNo) != Answer::Yes) return;
+  const ConditionsSaved saved = velmora::UseForAll(session_, entry_->Form(), place_);
   if (saved.refusal) return Refuse(*saved.refusal);
   if (saved.shownAlfa) entry_->SetBox(At::alpha, *saved.shownAlfa);
   entry_->MarkStored();
@@ -238,6 +272,36 @@ void frmCultBatelada::Ajustar() {
     run_->Simulate();
   else
     run_->Estimate();
+}
+
+void frmCultBatelada::Improve() {
+  run_->ShowEstimated();
+  if (const auto refusal = RefuseStart(session_, entry_->Form(), place_)) return Refuse(*refusal);
+  run_->Clear();
+  run_->Search(Method::LM);
+}
+
+void frmCultBatelada::CompareModels() {
+  delete comparison_;
+  comparison_ = new frmComparacao(session_, this);
+  comparison_->setAttribute(Qt::WA_DeleteOnClose);
+  connect(comparison_, &frmComparacao::ModelTaken, this, &frmCultBatelada::TakeModel);
+  comparison_->show();
+}
+
+void frmCultBatelada::TakeModel(const ComparedModel& compared) {
+  if (Running()) return;
+  entry_->SetModel(*compared.model);
+  CultivationForm form = entry_->Form();
+  for (const Parameter& parameter : kFittable) form.At(parameter.position) = {};
+  form.fit = {};
+  for (std::size_t j = 0; j < compared.variables.size(); ++j) {
+    FitVariable variable = compared.variables[j];
+    variable.start = compared.result.best[j];
+    PutInto(form, variable, session_.separator);
+  }
+  entry_->SetProposed(form, {});
+  if (NumExperimentos() > 1) UseForAll();
 }
 
 bool frmCultBatelada::EntryChanged() const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QPoint>
+#include <QPointer>
 #include <QString>
 #include <QWidget>
 #include <cstdint>
@@ -15,8 +16,11 @@ namespace velmora {
 
 class ChartsPanel;
 class ExperimentPanel;
+struct ComparedModel;
 class FormEntry;
+class NumberEntry;
 class RunDisplay;
+class frmComparacao;
 
 class frmCultBatelada : public QWidget {
   Q_OBJECT
@@ -93,8 +97,17 @@ class frmCultBatelada : public QWidget {
   void ShowStanding();
   void Step(int step);
 
+  /// Fills what is empty with what the data propose.
+  void Propose();
+  /// Stores what is shown for all experiments, after a question.
+  void UseForAll();
+
   // The run.
   void Ajustar();
+  /// Searches by Levenberg-Marquardt from the last result.
+  void Improve();
+  void CompareModels();
+  void TakeModel(const ComparedModel& compared);
 
   Session& session_;
   Dialogs& dialogs_;
@@ -102,6 +115,8 @@ class frmCultBatelada : public QWidget {
   FormEntry* entry_ = nullptr;
   RunDisplay* run_ = nullptr;
   ChartsPanel* charts_ = nullptr;
+  NumberEntry* numbers_ = nullptr;
+  QPointer<frmComparacao> comparison_;
   int place_ = 0;  // of the experiment shown
 };
 

@@ -1,10 +1,12 @@
 #include "app/experiments/EntryPanel.h"
 
 #include <QVBoxLayout>
+#include <algorithm>
 #include <utility>
 
 #include "app/experiments/ExperimentGridView.h"
 #include "app/experiments/HeaderPanel.h"
+#include "language/Numbers.h"
 
 namespace velmora {
 namespace {
@@ -40,6 +42,7 @@ void EntryPanel::Wire() {
 
 void EntryPanel::Note(int place) {
   edited_ = true;
+  MarkFinalTime();
   emit Edited(place);
 }
 
@@ -57,7 +60,23 @@ void EntryPanel::SetEntry(const ExperimentHeader& header, std::vector<GridRow> r
   header_->SetHeader(header);
   grid_->SetRows(std::move(rows));
   ShowPoints();
+  MarkFinalTime();
   edited_ = false;
+}
+
+void EntryPanel::SetLanguage(Language language) {
+  header_->SetLanguage(language);
+  grid_->SetLanguage(language);
+}
+
+void EntryPanel::MarkFinalTime() {
+  const std::string text = header_->Header().finalTime;
+  const std::optional<double> finalTime = ReadBox(text, separator_);
+  std::optional<double> last;
+  for (const GridRow& row : grid_->Rows())
+    if (const std::optional<double> time = CellNumber(row.front()))
+      last = std::max(last.value_or(*time), *time);
+  header_->MarkFinalTime(!text.empty() && finalTime && last && *finalTime < *last);
 }
 
 void EntryPanel::Clear() {

@@ -30,6 +30,7 @@ class EntryPanel : public QGroupBox {
   EntryRead Entry() const;
   /// Gives the box or cell that was refused the focus.
   void GoTo(const EntryRead::Refusal& refusal);
+  void SetLanguage(Language language);
   ExperimentGridView& Grid() { return *grid_; }
 
  signals:
@@ -44,6 +45,8 @@ class EntryPanel : public QGroupBox {
   void Note(int place);
   void PointsEdited(int box);
   void ShowPoints();
+  /// Marks a final time before the last sample.
+  void MarkFinalTime();
 
   char separator_;
   HeaderPanel* header_;

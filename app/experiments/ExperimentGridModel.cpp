@@ -4,6 +4,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "app/widgets/Icons.h"
+#include "app/widgets/Idiomas.h"
+
 namespace velmora {
 namespace {
 
@@ -25,8 +28,13 @@ QVariant ExperimentGridModel::data(const QModelIndex& index, int role) const {
   switch (role) {
     case Qt::DisplayRole:
     case Qt::EditRole:
-    case Qt::ToolTipRole:  // a column may be too narrow for all digits
       return QString::fromStdString(text);
+    case Qt::ToolTipRole:  // a column may be too narrow for all digits
+      if (const auto remark = Remark(index))
+        return QString::fromStdString(text) + u'\n' + Caption(*remark, language_);
+      return QString::fromStdString(text);
+    case Qt::DecorationRole:
+      return Remark(index) ? QVariant(CalmMark()) : QVariant();
     case Qt::ForegroundRole:
       return text.empty() || CellNumber(text) ? QVariant() : QVariant(kNoNumber);
     case Qt::TextAlignmentRole:
@@ -34,6 +42,15 @@ QVariant ExperimentGridModel::data(const QModelIndex& index, int role) const {
     default:
       return {};
   }
+}
+
+std::optional<TextId> ExperimentGridModel::Remark(const QModelIndex& cell) const {
+  const std::optional<double> number = CellNumber(At(cell.row(), cell.column()));
+  if (!number) return std::nullopt;
+  if (*number < 0) return TextId::NegativeValue;
+  if (cell.column() > 0 || cell.row() == 0) return std::nullopt;
+  const std::optional<double> above = CellNumber(At(cell.row() - 1, 0));
+  return above && *number <= *above ? std::optional(TextId::TimeNotLater) : std::nullopt;
 }
 
 QVariant ExperimentGridModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -76,6 +93,20 @@ QString ExperimentGridModel::Text(const QModelIndex& cell) const {
 void ExperimentGridModel::SetText(const QModelIndex& cell, const QString& text) {
   At(cell.row(), cell.column()) = text.toStdString();
   emit dataChanged(cell, cell);
+}
+
+void ExperimentGridModel::InsertRow(int row) {
+  beginInsertRows({}, row, row);
+  rows_.emplace(rows_.begin() + row);
+  ++shown_;
+  endInsertRows();
+}
+
+void ExperimentGridModel::DeleteRows(int row, int count) {
+  beginRemoveRows({}, row, row + count - 1);
+  rows_.erase(rows_.begin() + row, rows_.begin() + row + count);
+  shown_ -= count;
+  endRemoveRows();
 }
 
 GridBlock ExperimentGridModel::Copied(const QItemSelection& selection) const {

@@ -3,10 +3,12 @@
 
 #include <QAbstractTableModel>
 #include <QItemSelection>
+#include <optional>
 #include <span>
 #include <vector>
 
 #include "data/GridText.h"
+#include "language/Texts.h"
 
 namespace velmora {
 
@@ -20,7 +22,10 @@ class ExperimentGridModel : public QAbstractTableModel {
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
-  /// A text that is no number is red.
+  void SetLanguage(Language language) { language_ = language; }
+
+  /// A text that is no number is red; a negative number, and a time not later than the one above,
+  /// has a calm mark beside it and says so in its tool tip.
   QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
   QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
@@ -32,6 +37,9 @@ class ExperimentGridModel : public QAbstractTableModel {
 
   QString Text(const QModelIndex& cell) const;
   void SetText(const QModelIndex& cell, const QString& text);
+  /// Adds an empty row above `row`; removes `count` rows from there on.
+  void InsertRow(int row);
+  void DeleteRows(int row, int count);
   /// The cells of the rectangle around the selection.
   GridBlock Copied(const QItemSelection& selection) const;
   /// Empties the cells of the selection.
@@ -41,11 +49,13 @@ class ExperimentGridModel : public QAbstractTableModel {
   void Paste(const GridBlock& block, GridCell at);
 
  private:
+  std::optional<TextId> Remark(const QModelIndex& cell) const;
   std::string& At(int row, int column);
   const std::string& At(int row, int column) const;
 
   std::vector<GridRow> rows_;  // the hidden ones at the end
   int shown_ = 0;
+  Language language_ = Language::English;
 };
 
 }  // namespace velmora

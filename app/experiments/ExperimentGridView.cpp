@@ -5,16 +5,19 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <algorithm>
 #include <optional>
 #include <utility>
 
+#include "app/widgets/Idiomas.h"
 #include "data/ExperimentEntry.h"
 
 namespace velmora {
 namespace {
 
+constexpr TextId kCopy{123};     // the caption of the charts' menu
 constexpr int kCellPadding = 8;  // px, above and below a row's text together
 
 constexpr QKeySequence::StandardKey kCommands[] = {QKeySequence::Copy, QKeySequence::Cut,
@@ -79,6 +82,7 @@ void ExperimentGridView::Wire() {
 void ExperimentGridView::SetRows(std::vector<GridRow> rows) {
   EndEditing();
   model_.SetRows(std::move(rows));
+  typed_ = {-1, 0};
   setCurrentIndex(model_.index(0, 0));
 }
 
@@ -108,17 +112,99 @@ void ExperimentGridView::Copiar() {
 
 void ExperimentGridView::Colar() {
   EndEditing();
-  const GridBlock block = ParseBlock(ClipboardText());
-  const QModelIndex current = currentIndex();
-  const GridCell at{std::max(current.row(), 0), std::max(current.column(), 0)};
-  if (const std::optional<Message> refusal = RefuseBlock(block, at)) {
-    emit Refused(*refusal);
-    return;
+  PastedTable pasted = ReadPasted(ClipboardText(), separator_);
+  const GridCell at = Start();
+  if (pasted.parts.empty() || !Fits(pasted, at)) return;
+  if (pasted.question && !Agreed(*pasted.question)) return;
+  for (PastedPart& part : pasted.parts) {
+    const int column = part.column.value_or(at.column);
+    if (!pasted.named && LooksExchanged(part.block, column) && Agreed(AskToExchange()))
+      Exchange(part.block, column);
+    model_.Paste(part.block, {at.row, column});
   }
-  if (block.empty()) return;
-  model_.Paste(block, at);
-  if (!current.isValid()) setCurrentIndex(model_.index(at.row, at.column));
+  SelectAlone(at.row, at.column);
   emit Edited(0);
+  for (const Message& remark : pasted.remarks) emit Refused(remark);
+}
+
+bool ExperimentGridView::Fits(const PastedTable& pasted, GridCell at) {
+  for (const PastedPart& part : pasted.parts) {
+    const GridCell start{at.row, part.column.value_or(at.column)};
+    const std::optional<Message> refusal = RefuseBlock(part.block, start);
+    if (!refusal) continue;
+    emit Refused(*refusal);
+    return false;
+  }
+  return true;
+}
+
+GridCell ExperimentGridView::Start() const {
+  const QItemSelectionRange range = Range();
+  return {std::max(range.top(), 0), std::max(range.left(), 0)};
+}
+
+QItemSelectionRange ExperimentGridView::Range() const {
+  const QModelIndex current = currentIndex();
+  for (const QItemSelectionRange& range : selectionModel()->selection())
+    if (range.contains(current)) return range;
+  return current.isValid() ? QItemSelectionRange(current) : QItemSelectionRange();
+}
+
+// A key of a command may be held down, which would add to the selection.
+void ExperimentGridView::SelectAlone(int row, int column) {
+  selectionModel()->setCurrentIndex(model_.index(row, column), QItemSelectionModel::ClearAndSelect);
+}
+
+void ExperimentGridView::InsertRow() {
+  EndEditing();
+  const int row = Start().row;
+  if (model_.rowCount() == kMostPoints) return QApplication::beep();
+  model_.InsertRow(row);
+  SelectAlone(row, std::max(currentIndex().column(), 0));
+  emit Edited(0);
+}
+
+void ExperimentGridView::DeleteRows() {
+  EndEditing();
+  const QItemSelectionRange range = Range();
+  if (!range.isValid()) return;
+  const int row = range.top(), count = range.height();
+  model_.DeleteRows(row, count);
+  if (model_.rowCount() == 0) model_.SetRowCount(1);
+  SelectAlone(std::min(row, model_.rowCount() - 1), 0);
+  emit Edited(0);
+}
+
+void ExperimentGridView::SetLanguage(Language language) {
+  language_ = language;
+  model_.SetLanguage(language);
+}
+
+void ExperimentGridView::contextMenuEvent(QContextMenuEvent* event) {
+  struct Item {
+    TextId text;
+    void (ExperimentGridView::*run)();
+  };
+  constexpr Item kItems[] = {{TextId::Cut, &ExperimentGridView::Recortar},
+                             {kCopy, &ExperimentGridView::Copiar},
+                             {TextId::Paste, &ExperimentGridView::Colar},
+                             {TextId::ClearCells, &ExperimentGridView::Apagar},
+                             {TextId::InsertRow, &ExperimentGridView::InsertRow},
+                             {TextId::DeleteRows, &ExperimentGridView::DeleteRows},
+                             {TextId::SelectAllCells, &ExperimentGridView::selectAll}};
+  auto* const menu = new QMenu(this);
+  menu->setObjectName(QStringLiteral("mnuGrade"));
+  menu->setAttribute(Qt::WA_DeleteOnClose);
+  for (const Item& item : kItems) {
+    if (item.text == TextId::InsertRow || item.text == TextId::SelectAllCells) menu->addSeparator();
+    menu->addAction(Caption(item.text, language_), this, item.run);
+  }
+  menu->popup(event->globalPos());
+}
+
+void ExperimentGridView::Recortar() {
+  Copiar();
+  Apagar();
 }
 
 void ExperimentGridView::Apagar() {
@@ -135,6 +221,7 @@ void ExperimentGridView::StartEditing() {
   if (model_.rowCount() == 0) Enter();
   if (!currentIndex().isValid()) return;
   scrollTo(currentIndex());
+  if (typed_.row != currentIndex().row()) typed_ = {currentIndex().row(), currentIndex().column()};
   oldText_ = model_.Text(currentIndex());
   editor_->setText(oldText_);
   PlaceEditor();
@@ -193,7 +280,7 @@ bool ExperimentGridView::EditorKey(QKeyEvent& event) {
     return true;
   }
   // A block goes into the grid; a single text into the editor, at its cursor.
-  if (event.matches(QKeySequence::Paste) && !IsSingleCell(ParseBlock(ClipboardText()))) {
+  if (event.matches(QKeySequence::Paste) && !IsSingleCell(SplitPasted(ClipboardText()))) {
     Colar();
     return true;
   }
@@ -273,19 +360,28 @@ void ExperimentGridView::Move(int rows, int columns) {
 
 void ExperimentGridView::Enter() {
   EndEditing();
-  const int rows = model_.rowCount();
-  if (currentIndex().row() == rows - 1) {
-    if (rows == kMostPoints) return QApplication::beep();
-    model_.SetRowCount(rows + 1);
-    emit Edited(0);
-  }
-  Move(1, 0);
+  const QModelIndex current = currentIndex();
+  const bool last = current.row() == model_.rowCount() - 1;
+  if (last && model_.rowCount() == kMostPoints) return QApplication::beep();
+  if (last) AddRow();
+  const int back = typed_.row == current.row() ? typed_.column - current.column() : 0;
+  Move(1, back);
+  typed_ = {currentIndex().row(), currentIndex().column()};
+}
+
+void ExperimentGridView::AddRow() {
+  model_.SetRowCount(model_.rowCount() + 1);
+  emit Edited(0);
 }
 
 void ExperimentGridView::Tab(int step) {
   EndEditing();
   const QModelIndex current = currentIndex();
   const int cell = current.row() * kGridColumns + current.column() + step;
+  const int rows = model_.rowCount();
+  if (rows > 0 && rows < kMostPoints && cell == rows * kGridColumns &&
+      !IsEmpty(Rows()[static_cast<std::size_t>(rows) - 1]))
+    AddRow();
   const QModelIndex next = model_.index(cell / kGridColumns, cell % kGridColumns);
   if (next.isValid())
     setCurrentIndex(next);

@@ -2,8 +2,11 @@
 #pragma once
 
 #include <QTableView>
+#include <functional>
+#include <utility>
 
 #include "app/experiments/ExperimentGridModel.h"
+#include "data/PastedTable.h"
 #include "language/Message.h"
 
 class QLineEdit;
@@ -22,6 +25,9 @@ class ExperimentGridView : public QTableView {
   std::span<const GridRow> Rows() const { return model_.Rows(); }
   void SetRows(std::vector<GridRow> rows);
   void SetRowCount(int count);
+  void SetLanguage(Language language);
+  /// By which a yes or no is asked before a pasted table changes anything.
+  void SetAsk(std::function<bool(const Message&)> ask) { ask_ = std::move(ask); }
   /// Makes the cell the current one, scrolls to it and gives the grid the focus.
   void GoTo(GridCell cell);
 
@@ -30,6 +36,9 @@ class ExperimentGridView : public QTableView {
   void Copiar();
   void Colar();
   void Apagar();
+  void Recortar();
+  void InsertRow();
+  void DeleteRows();
 
  signals:
   /// The user changed cells or the number of rows; `cell`, from 1, where one is being typed, else
@@ -42,6 +51,7 @@ class ExperimentGridView : public QTableView {
   bool event(QEvent* event) override;
   bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void updateGeometries() override;
@@ -65,17 +75,30 @@ class ExperimentGridView : public QTableView {
   bool EditorKey(QKeyEvent& event);
   void HandToEditor(QKeyEvent& event);
   void Move(int rows, int columns);
-  /// One cell down; adds a row below the last.
+  /// To the next row, in the column where typing of this one began; adds a row below the last.
   void Enter();
-  /// To the next cell (or back, for -1), row by row; past the last one the grid loses the focus.
+  /// To the next cell (or back, for -1), row by row. Behind the last one a row is added, unless the
+  /// last is empty: then the grid loses the focus.
   void Tab(int step);
+  void AddRow();
   QItemSelection Selected() const;
+  /// The first of the selected cells.
+  GridCell Start() const;
+  /// The selected cells about the current one, or that alone.
+  QItemSelectionRange Range() const;
+  void SelectAlone(int row, int column);
+  bool Agreed(const Message& question) const { return ask_ && ask_(question); }
+  /// Whether all parts fit from `at` on; the first that does not is told.
+  bool Fits(const PastedTable& pasted, GridCell at);
 
   ExperimentGridModel model_;
   QLineEdit* editor_;  // txtFlexGrid
   QString oldText_;    // of the cell, before it was edited
   char separator_;
-  bool handing_ = false;  // a key is being handed to the editor
+  std::function<bool(const Message&)> ask_;
+  Language language_ = Language::English;
+  GridCell typed_{-1, 0};  // the cell where typing of its row began
+  bool handing_ = false;   // a key is being handed to the editor
 };
 
 }  // namespace velmora

@@ -1,5 +1,6 @@
 #include "app/experiments/HeaderPanel.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -7,6 +8,7 @@
 #include <QLineEdit>
 #include <QValidator>
 
+#include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
 #include "data/ExperimentEntry.h"
 
@@ -30,6 +32,8 @@ class FittingValidator : public QValidator {
   }
 };
 
+}  // namespace
+
 /// Lets in only what the experiment's file can give back. A typed comma, leading blank or letter
 /// outside Windows-1252 is refused with a beep; what comes in otherwise (pasted, dropped, composed)
 /// is made to fit, with a beep where letters are left out.
@@ -38,6 +42,7 @@ class DescriptionBox : public QLineEdit {
   explicit DescriptionBox(QWidget* parent) : QLineEdit(parent) {
     setValidator(new FittingValidator(this));
   }
+  void SetLanguage(Language language) { language_ = language; }
 
  protected:
   void keyPressEvent(QKeyEvent* event) override {
@@ -45,13 +50,14 @@ class DescriptionBox : public QLineEdit {
     const bool printable = !typed.isEmpty() && typed.front().isPrint();
     const int start = hasSelectedText() ? selectionStart() : cursorPosition();
     if (printable && !MayBeTyped(typed.toStdString(), start == 0))
-      QApplication::beep();
+      SayRefused(*this, TextId::LetterNotTaken, typed, language_);
     else
       QLineEdit::keyPressEvent(event);
   }
-};
 
-}  // namespace
+ private:
+  Language language_ = Language::English;
+};
 
 HeaderPanel::HeaderPanel(char separator, QWidget* parent)
     : QWidget(parent),
@@ -59,7 +65,9 @@ HeaderPanel::HeaderPanel(char separator, QWidget* parent)
       number_(Named<QLineEdit>("txtExp", this)),
       points_(Named<QLineEdit>("txtNumPontos", this)),
       finalTime_(Named<QLineEdit>("txtTFinal", this)),
-      description_(Named<DescriptionBox>("txtComentario", this)) {
+      description_(Named<DescriptionBox>("txtComentario", this)),
+      early_(finalTime_->addAction(QIcon(CalmMark()), QLineEdit::TrailingPosition)) {
+  early_->setVisible(false);
   LayOut();
   Wire();
 }
@@ -78,7 +86,7 @@ void HeaderPanel::Place(QGridLayout& layout, QLineEdit& box, const char* label, 
                         int column) {
   auto* const caption = Named<QLabel>(label, this);
   caption->setBuddy(&box);
-  const int columns = &box == description_ ? 3 : 1;
+  const int columns = &box == static_cast<QLineEdit*>(description_) ? 3 : 1;
   layout.addWidget(caption, row, column, 1, columns);
   layout.addWidget(&box, row + 1, column, 1, columns);
 }
@@ -88,7 +96,8 @@ void HeaderPanel::Wire() {
   LimitToWholeNumbers(*points_, 0, kMostPoints);
   entry_.Watch(*finalTime_);
   int number = kFirstBox;
-  for (const QLineEdit* const box : {number_, finalTime_, description_})
+  for (const QLineEdit* const box :
+       std::initializer_list<const QLineEdit*>{number_, finalTime_, description_})
     connect(box, &QLineEdit::textEdited, this, [this, box = number--] { emit Edited(box); });
   connect(points_, &QLineEdit::textEdited, this, [this, number] { emit PointsEdited(number); });
   connect(points_, &QLineEdit::editingFinished, this, &HeaderPanel::PointsLeft);
@@ -101,6 +110,16 @@ void HeaderPanel::SetHeader(const ExperimentHeader& header) {
   description_->setCursorPosition(0);
 }
 
+void HeaderPanel::MarkFinalTime(bool early) {
+  early_->setVisible(early);
+}
+
+void HeaderPanel::SetLanguage(Language language) {
+  entry_.SetLanguage(language);
+  description_->SetLanguage(language);
+  early_->setToolTip(Caption(TextId::FinalTimeBeforeLast, language));
+}
+
 ExperimentHeader HeaderPanel::Header() const {
   return {number_->text().toStdString(), description_->text().toStdString(),
           finalTime_->text().toStdString()};
@@ -111,7 +130,9 @@ void HeaderPanel::SetPoints(int count) {
 }
 
 void HeaderPanel::Clear() {
-  for (QLineEdit* const box : {number_, points_, finalTime_, description_}) box->clear();
+  for (QLineEdit* const box :
+       std::initializer_list<QLineEdit*>{number_, points_, finalTime_, description_})
+    box->clear();
 }
 
 std::optional<int> HeaderPanel::Points() const {

@@ -8,9 +8,12 @@
 #include "data/ExperimentEntry.h"
 
 class QGridLayout;
+class QAction;
 class QLineEdit;
 
 namespace velmora {
+
+class DescriptionBox;
 
 class HeaderPanel : public QWidget {
   Q_OBJECT
@@ -22,6 +25,9 @@ class HeaderPanel : public QWidget {
   void SetHeader(const ExperimentHeader& header);
   ExperimentHeader Header() const;
   void SetPoints(int count);
+  /// Marks the final time as one before the last sample, or takes the mark back.
+  void MarkFinalTime(bool early);
+  void SetLanguage(Language language);
   /// Empties all boxes.
   void Clear();
   /// The typed number of points; nothing where the box is empty.
@@ -46,7 +52,8 @@ class HeaderPanel : public QWidget {
   QLineEdit* number_;
   QLineEdit* points_;
   QLineEdit* finalTime_;
-  QLineEdit* description_;
+  DescriptionBox* description_;
+  QAction* early_;
 };
 
 }  // namespace velmora

@@ -71,6 +71,9 @@ void frmMsFlexGrid::Wire() {
   connect(actions_, &ActionsPanel::Wanted, this, &frmMsFlexGrid::Do);
   connect(entry_, &EntryPanel::Refused, this,
           [this](const Message& refusal) { dialogs_.Show(this, refusal); });
+  entry_->Grid().SetAsk([this](const Message& question) {
+    return dialogs_.Show(this, question, Buttons::YesNo) == Answer::Yes;
+  });
   connect(entry_, &EntryPanel::Edited, this, [this](int place) {
     NoteDraft();
     emit Edited(place);
@@ -95,6 +98,7 @@ void frmMsFlexGrid::changeEvent(QEvent* event) {
   if (event->type() != QEvent::LanguageChange) return;
   displays_->NameControls();
   actions_->SetLanguage(session_.language);
+  entry_->SetLanguage(session_.language);
 }
 
 void frmMsFlexGrid::Do(ExperimentAction action) {
@@ -226,6 +230,7 @@ void frmMsFlexGrid::ShowNew() {
   session_.draft.shown = 0;
   NoteDraft();
   ShowLists();
+  entry_->Grid().GoTo({0, 0});
 }
 
 void frmMsFlexGrid::NoteDraft() {
@@ -271,7 +276,9 @@ void frmMsFlexGrid::OkSub() {
 
 bool frmMsFlexGrid::cmdAbrirOkSub() {
   if (!MayLeave()) return false;
-  const QString file = dialogs_.OpenFile(this, kOpenFilter);
+  const QString tables = Caption(TextId::TablesFilter, session_.language) +
+                         QStringLiteral(" (*.csv *.tsv *.txt *.xlsx)");
+  const QString file = dialogs_.OpenFile(this, kOpenFilter + QStringLiteral(";;") + tables);
   return !file.isEmpty() && Open(file);
 }
 
@@ -281,6 +288,9 @@ bool frmMsFlexGrid::Open(const QString& file) {
 
 bool frmMsFlexGrid::TakeFile(ExperimentsFile file) {
   if (file.fault) dialogs_.TellFault(this, *file.fault);
+  if (file.refusal) dialogs_.Show(this, *file.refusal);
+  if (file.preview && dialogs_.Show(this, *file.preview, Buttons::OkCancel) != Answer::Ok)
+    return false;
   const bool wanted =
       file.Usable() &&
       (!file.question || dialogs_.Show(this, *file.question, Buttons::NoYes) == Answer::Yes);

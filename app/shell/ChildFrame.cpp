@@ -61,7 +61,7 @@ bool ChildFrame::CanTakeKeys(const QWidget& control) const {
 // window.
 void ChildFrame::TakeKeyboard() {
   if (window_.focusWidget() != nullptr && window_.focusWidget()->hasFocus()) return;
-  QWidget* control = lastControl_.data();
+  QWidget* control = lastControl_ ? lastControl_.data() : window_.focusWidget();
   if (control == nullptr || !CanTakeKeys(*control)) control = window_.nextInFocusChain();
   while (control != &window_ && !CanTakeKeys(*control)) control = control->nextInFocusChain();
   control->setFocus();

@@ -2,11 +2,13 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QMdiArea>
 #include <QMdiSubWindow>
 #include <QMenu>
+#include <QMimeData>
 #include <QScreen>
 
 #include "app/charts/ChartView.h"
@@ -69,6 +71,7 @@ void MDIForm1::BuildPanels() {
 
 void MDIForm1::LayOut() {
   setCentralWidget(area_);
+  setAcceptDrops(true);
   const QSize room = screen()->availableSize();
   resize(kUsualSize.boundedTo(room));
   // The usual size with its title bar would reach beyond a small screen.
@@ -414,6 +417,18 @@ void MDIForm1::RefreshMenus() {
   menu_->Item("mnuPort").setChecked(session_.language == Language::Portuguese);
   menu_->Item("mnuIngles").setChecked(session_.language == Language::English);
   ShowUnsaved();
+}
+
+void MDIForm1::dragEnterEvent(QDragEnterEvent* event) {
+  if (event->mimeData()->hasUrls() && !RunGoing()) event->acceptProposedAction();
+}
+
+void MDIForm1::dropEvent(QDropEvent* event) {
+  QStringList files;
+  for (const QUrl& url : event->mimeData()->urls())
+    if (url.isLocalFile()) files.append(url.toLocalFile());
+  event->acceptProposedAction();
+  OpenFiles(files);
 }
 
 void MDIForm1::changeEvent(QEvent* event) {

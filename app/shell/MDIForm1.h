@@ -40,6 +40,9 @@ class MDIForm1 : public QMainWindow {
   void KeepRecovery(RecoveryFile& file);
 
  protected:
+  /// Files that are dropped on the frame are opened.
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
   void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   /// Asks before the program ends, naming what is unsaved; a run that is going is stopped.

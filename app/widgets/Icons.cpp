@@ -316,4 +316,17 @@ QIcon DrawnIcon(Symbol symbol) {
   return QIcon(sheet);
 }
 
+QPixmap CalmMark() {
+  constexpr int kSize = 12;
+  constexpr QColor kAmber(0xD0, 0x80, 0x00);
+  QPixmap mark(kSize, kSize);
+  mark.fill(Qt::transparent);
+  QPainter painter(&mark);
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(kAmber);
+  painter.drawPolygon(QPolygonF({QPointF(6, 1), QPointF(11.5, 11), QPointF(0.5, 11)}));
+  return mark;
+}
+
 }  // namespace velmora

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QIcon>
+#include <QPixmap>
 #include <cstdint>
 
 namespace velmora {
@@ -44,5 +45,8 @@ enum class Symbol : std::uint8_t {
 };
 
 QIcon DrawnIcon(Symbol symbol);
+
+/// A small mark beside a value that deserves a second look and is no fault.
+QPixmap CalmMark();
 
 }  // namespace velmora

@@ -69,6 +69,7 @@ constexpr auto kCaptions = std::to_array<CaptionRow>({
     {"frmCultBatelada", "chk(0)", Text, 125},
     {"frmCultBatelada", "chk(1)", Text, 126},
     {"frmCultBatelada", "chk(2)", Text, 130},
+    {"frmCultBatelada", "chk", ToolTip, static_cast<std::int16_t>(TextId::DataSetUnused)},
     {"frmCultBatelada", "frameCinetProd", Text, 116},
     {"frmCultBatelada", "optPAC", Text, 178},
     {"frmCultBatelada", "optPPAC", Text, 180},

@@ -5,12 +5,14 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QHelpEvent>
 #include <QIntValidator>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QMenu>
 #include <QMimeData>
 #include <QPalette>
+#include <QToolTip>
 #include <algorithm>
 #include <optional>
 
@@ -20,6 +22,7 @@ namespace velmora {
 namespace {
 
 constexpr QColor kEstimated(0x00, 0x66, 0xB3);
+constexpr QColor kProposed(0x7A, 0x4F, 0x00);
 constexpr int kNarrowest = 56;  // px
 constexpr int kUsualWidth = 90;
 
@@ -72,6 +75,7 @@ class KeyEntry {
   KeyEntry(QLineEdit& box, char separator) : box_(box), separator_(separator) {}
 
   bool Refused() const { return refused_; }
+  const QString& RefusedText() const { return text_; }
 
   bool Handle(QEvent& event) {
     switch (event.type()) {
@@ -94,6 +98,7 @@ class KeyEntry {
   bool Insert(const QString& entry) {
     const std::optional<QString> passed = Filtered(KeptText(box_), entry, separator_);
     refused_ = !passed;
+    text_ = entry;
     if (passed && !passed->isEmpty()) box_.insert(*passed);
     return true;
   }
@@ -115,6 +120,7 @@ class KeyEntry {
     if (event.replacementLength() > 0) kept.remove(start, event.replacementLength());
     const std::optional<QString> passed = Filtered(kept, event.commitString(), separator_);
     refused_ = !passed;
+    text_ = event.commitString();
     if (passed)
       event.setCommitString(*passed, event.replacementStart(), event.replacementLength());
     else
@@ -157,6 +163,7 @@ class KeyEntry {
   QLineEdit& box_;
   char separator_;
   bool refused_ = false;
+  QString text_;
 };
 
 }  // namespace
@@ -174,10 +181,19 @@ bool NumberEntry::eventFilter(QObject* watched, QEvent* event) {
   KeyEntry entry(*box, separator_);
   const bool dealtWith = entry.Handle(*event);
   if (entry.Refused()) {
-    QApplication::beep();
+    SayRefused(*box, TextId::KeyNotTaken, entry.RefusedText(), language_);
     emit Refused();
   }
   return dealtWith;
+}
+
+void SayRefused(QWidget& box, TextId why, const QString& entry, Language language) {
+  constexpr int kMostLetters = 20;
+  QApplication::beep();
+  QToolTip::showText(
+      box.mapToGlobal(QPoint(0, box.height())),
+      QString::fromStdString(Filled(why, language, {entry.left(kMostLetters).toStdString()})),
+      &box);
 }
 
 void LimitToWholeNumbers(QLineEdit& box, int least, int most) {
@@ -196,12 +212,20 @@ NumberBox::NumberBox(const QString& name, QWidget* parent) : QLineEdit(parent) {
   connect(this, &QLineEdit::textEdited, this, [this] { SetMark(Mark::None); });
 }
 
-void NumberBox::Show(const Entry& entry, Mark mark) {
+void NumberBox::Show(const Entry& entry, Mark mark, const QString& why) {
   shown_ = entry;
   shownText_ = QString::fromStdString(entry.text);
   setText(shownText_);
   setCursorPosition(0);
   SetMark(mark);
+  why_ = why;
+}
+
+bool NumberBox::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || why_.isEmpty()) return QLineEdit::event(event);
+  const QString usual = toolTip().isEmpty() ? QString() : toolTip() + u'\n';
+  QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), usual + why_, this);
+  return true;
 }
 
 Entry NumberBox::Value() const {
@@ -215,6 +239,8 @@ QSize NumberBox::sizeHint() const {
 void NumberBox::SetMark(Mark mark) {
   QPalette colours;
   if (mark == Mark::Estimated) colours.setColor(QPalette::Text, kEstimated);
+  if (mark == Mark::Proposed) colours.setColor(QPalette::Text, kProposed);
+  why_.clear();
   setPalette(colours);
 }
 

@@ -19,6 +19,8 @@ class NumberEntry : public QObject {
 
   /// From now on `box` passes its entry through the filter. The box keeps any text set from code.
   void Watch(QLineEdit& box);
+  /// In which what is refused is said.
+  void SetLanguage(Language language) { language_ = language; }
 
  signals:
   /// A key, or a text that was to be brought in, was refused.
@@ -29,7 +31,11 @@ class NumberEntry : public QObject {
 
  private:
   char separator_;
+  Language language_ = Language::English;
 };
+
+/// Beeps, and says at the box why `entry` is refused; {1} of the text is the entry.
+void SayRefused(QWidget& box, TextId why, const QString& entry, Language language);
 
 /// Lets only whole numbers within the bounds, both included, into `box`; what is refused sounds the
 /// beep. Text set from code passes.
@@ -41,21 +47,26 @@ class NumberBox : public QLineEdit {
   Q_OBJECT
 
  public:
-  enum class Mark { None, Estimated };
+  enum class Mark { None, Estimated, Proposed };
 
   explicit NumberBox(const QString& name, QWidget* parent = nullptr);
 
-  /// Shows the entry's text. An estimated number stands out in colour until the user edits the box.
-  void Show(const Entry& entry, Mark mark = Mark::None);
+  /// Shows the entry's text. An estimated or proposed number stands out in colour until the user
+  /// edits the box; of a proposed one `why` stands in the tool tip as long.
+  void Show(const Entry& entry, Mark mark = Mark::None, const QString& why = {});
 
   /// What was shown, as long as its text still stands there; else what was typed.
   Entry Value() const;
 
   QSize sizeHint() const override;
 
+ protected:
+  bool event(QEvent* event) override;
+
  private:
   void SetMark(Mark mark);
 
+  QString why_;
   QString shownText_;
   Entry shown_;
 };

@@ -1,8 +1,11 @@
 // The experiments window, by keys and mouse.
 #include <QAction>
 #include <QComboBox>
+#include <QContextMenuEvent>
+#include <QMenu>
 #include <QRadioButton>
 #include <QTableView>
+#include <QToolTip>
 
 #include "app/charts/ChartView.h"
 #include "app/experiments/frmMsFlexGrid.h"
@@ -100,12 +103,12 @@ TEST_F(ExperimentsWindow, TakesATypedExperiment) {
   EXPECT_EQ(Grid().currentIndex().column(), 3) << "there is no column behind";
   Key(Qt::Key_Return);
   EXPECT_EQ(Text("txtNumPontos"), "2");
-  Keys("4");
-  for (const char* text : {"2,5", "20", "8"}) {
-    Key(Qt::Key_Left);
+  for (const char* text : {"8", "20", "2,5", "4"}) {  // where typing of the first row began
     Keys(text);
+    if (*text != '4') Key(Qt::Key_Tab);
   }
-  Key(Qt::Key_Return);
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Grid().currentIndex(), Grid().model()->index(2, 0)) << "Tab adds a row as well";
   EXPECT_EQ(Text("txtNumPontos"), "3") << "an empty row has been added";
   Save({Answer::Ok});
   ASSERT_EQ(session_.lists.Count(), 1);
@@ -138,6 +141,87 @@ TEST_F(ExperimentsWindow, CopiesCutsAndPastesBlocks) {
   Paste("1\t2\t3\t4\t5");
   EXPECT_EQ(dialogs_.LastTitle(), "Attention");
   EXPECT_EQ(Cell(1, 0).toStdString(), "1,5") << "nothing of a block that is too wide";
+}
+
+TEST_F(ExperimentsWindow, PastesATableByItsHeadersAndAsksOfOthers) {
+  Open();
+  GoTo(0, 3);
+  Paste("Glucose;biomass\r\n60;0,5\r\n2;20\r\n");
+  EXPECT_EQ(Cell(1, 1) + u'|' + Cell(1, 2), QStringLiteral("2|20")) << "wherever the cursor was";
+  dialogs_.answers = {Answer::No};
+  GoTo(0, 0);
+  Paste("Foo\tBar\r\n1\t2\r\n");
+  EXPECT_TRUE(Cell(0, 0).isEmpty());
+  dialogs_.answers = {Answer::Yes, Answer::Yes};
+  Paste("A\tB\tC\r\n0\t1\t50\r\n1\t5\t30\r\n2\t9\t3\r\n");
+  EXPECT_EQ(Cell(2, 1) + u'|' + Cell(2, 2), QStringLiteral("3|9")) << "Cx fell, and Cs rose";
+}
+
+TEST_F(ExperimentsWindow, TakesRowsAwayAndPutsTheTableBack) {
+  OpenOver({Measured(1, 0.5)});
+  GoTo(0, 2);
+  Key(Qt::Key_A, Qt::ControlModifier);
+  Key(Qt::Key_X, Qt::ControlModifier);
+  EXPECT_TRUE(Cell(0, 0).isEmpty() && Cell(1, 3).isEmpty());
+  Key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(Cell(0, 2) + Cell(1, 3), QStringLiteral("0.54"));
+  GoTo(1, 1);
+  const auto choose = [this](int item) {
+    QContextMenuEvent asked(QContextMenuEvent::Keyboard, QPoint(20, 20), QPoint(200, 200));
+    QApplication::sendEvent(Grid().viewport(), &asked);
+    auto* const menu = The("MSFlexGrid1").findChild<QMenu*>(QStringLiteral("mnuGrade"));
+    QList<QAction*> items = menu->actions();
+    items.removeIf([](const QAction* action) { return action->isSeparator(); });
+    items.at(item)->trigger();
+    delete menu;
+  };
+  choose(4);
+  EXPECT_EQ(Text("txtNumPontos"), "3");
+  EXPECT_TRUE(Cell(1, 1).isEmpty() && Cell(2, 0) == QStringLiteral("8"));
+  choose(5);
+  EXPECT_EQ(Text("txtNumPontos"), "2");
+  EXPECT_EQ(Cell(1, 0), QStringLiteral("8"));
+}
+
+TEST_F(ExperimentsWindow, MarksWhatDeservesASecondLook) {
+  Experiment odd = Measured(1, -0.5);
+  odd.time = {8, 8}, odd.finalTime = 7;
+  OpenOver({odd});
+  const auto marked = [this](int row, int column) {
+    return !Grid().model()->index(row, column).data(Qt::DecorationRole).isNull();
+  };
+  EXPECT_TRUE(marked(0, 2) && marked(1, 0));
+  EXPECT_FALSE(marked(0, 0) || marked(1, 2));
+  EXPECT_EQ(Grid().model()->index(1, 0).data(Qt::ToolTipRole).toString(),
+            QStringLiteral("8\nThe time is not later than the one above"));
+  const auto early = [this] { return The("txtTFinal").actions().constFirst()->isVisible(); };
+  EXPECT_TRUE(early());
+  Fill("txtTFinal", "8");
+  EXPECT_FALSE(early());
+  Fill("txtTFinal", "-");
+  EXPECT_TRUE(QToolTip::text().startsWith(QStringLiteral("\"-\" is not taken here")));
+  Save({Answer::Yes, Answer::Ok});
+  EXPECT_EQ(session_.lists.At(1).Cx[0], -0.5) << "a mark is no refusal";
+}
+
+TEST_F(ExperimentsWindow, OpensATableAfterShowingWhatItReads) {
+  const TemporaryFolder folder;
+  ASSERT_FALSE(SafeSave(folder / "lab.CSV", "t (h);Glucose;Cx;Cp\n0;60;0,5;0\n5;30;4;12\n"));
+  ASSERT_FALSE(SafeSave(folder / "odd.csv", "t;Cs\n0;60\n"));
+  Open();
+  const auto open = [&](const char* name) {
+    dialogs_.files = {QString::fromStdString(folder / name)};
+    return window_->cmdAbrirOkSub();
+  };
+  EXPECT_FALSE(open("odd.csv"));
+  EXPECT_NE(dialogs_.LastText().find("Cx"), std::string::npos) << "the missing column";
+  dialogs_.answers = {Answer::Cancel};
+  EXPECT_FALSE(open("lab.CSV"));
+  dialogs_.answers = {Answer::Ok};
+  EXPECT_TRUE(open("lab.CSV"));
+  EXPECT_NE(dialogs_.LastText().find("5\t30\t4\t12"), std::string::npos) << dialogs_.LastText();
+  EXPECT_EQ(session_.lists.At(1).Cs[1], 30);
+  EXPECT_EQ(session_.experimentsFile, "") << "experiments are not written over a table";
 }
 
 TEST_F(ExperimentsWindow, RefusesACellThatIsNoNumber) {

@@ -44,9 +44,11 @@ TEST(GridText, NamesTheFirstCellThatIsNoNumber) {
     const auto read = ReadEntry({"3", "", "1"}, std::vector<GridRow>{good, second}, '.');
     return read.refusal ? Worded(read.refusal->message, Language::English) : "";
   };
-  EXPECT_EQ(told({"1", "2", "x", "4"}), "Possibilities of error:\n2, Cx (g/L): \"x\"");
-  EXPECT_EQ(told({"0", "1,5e399", "2", "3"}),
-            "Possibilities of error:\n2, Cs (g/L): \"1,5e399\" is out of range; correct it");
+  EXPECT_EQ(told({"1", "2", "x", "4"}),
+            "Possibilities of error:\nRow 2 holds the text \"x\" under Cx (g/L), not a number.");
+  EXPECT_EQ(
+      told({"0", "1,5e399", "2", "3"}),
+      "Possibilities of error:\nRow 2 holds \"1,5e399\" under Cs (g/L), which is out of range.");
   EXPECT_NE(Worded(ReadEntry({"3", "", "1e-400"}, {}, '.').refusal->message, Language::English)
                 .find("\"1e-400\" is out of range"),
             std::string::npos);

@@ -1,0 +1,89 @@
+// A first fit with few entries: proposals, one form for all, the verdict, better fits, other
+// models.
+#include <QPlainTextEdit>
+#include <QProgressBar>
+#include <QTableWidget>
+
+#include "tests/support/CultivationWindow.h"
+
+namespace velmora {
+namespace {
+
+class FirstFit : public CultivationWindow {
+ protected:
+  std::string Summary() const {
+    return Find<QPlainTextEdit>("txtResumo")->toPlainText().toStdString();
+  }
+};
+
+TEST_F(FirstFit, TakesThreeClicksForAllExperiments) {
+  Open(3);
+  Type("txtKs", "9");
+  Click("cmdPropor");
+  EXPECT_EQ(TextOf("txtKs"), "9") << "what was typed stays";
+  EXPECT_NE(TextOf("txtMiMax"), "");
+  const QColor proposed = Find<QLineEdit>("txtMiMax")->palette().color(QPalette::Text);
+  EXPECT_NE(proposed, Find<QLineEdit>("txtKs")->palette().color(QPalette::Text));
+  Type("txtMiMax", "0.3");
+  EXPECT_NE(Find<QLineEdit>("txtMiMax")->palette().color(QPalette::Text), proposed);
+  dialogs.answers = {Answer::Yes};
+  Click("cmdUsarTodos");
+  EXPECT_EQ(session.conditions.SavedCount(), 3);
+  EXPECT_EQ(session.conditions.At(3).row[At::muMax], 0.3);
+  EXPECT_EQ(session.conditions.At(1).options.method, "LM");
+  EXPECT_TRUE(dialogs.answers.empty());
+
+  Estimate();
+  ASSERT_TRUE(session.lastRun) << dialogs.LastText();
+  EXPECT_TRUE(Summary().starts_with("Ended: all starts were searched")) << Summary();
+  EXPECT_NE(Summary().find("R²: Cx 0.9"), std::string::npos) << Summary();
+  EXPECT_TRUE(
+      QTest::qWaitFor([this] { return Summary().find("Ks: ") != std::string::npos; }, 60000))
+      << "the verdict follows: " << Summary();
+}
+
+TEST_F(FirstFit, ImprovesAResultFromWhereItStands) {
+  OpenSaved();
+  session.settings.ITER = 2;
+  session.settings.EPS = 0;  // no generation converges
+  Estimate();
+  const double before = session.lastRun->outcome.result.score;
+  EXPECT_TRUE(Summary().starts_with("Ended: after all 2 generations")) << Summary();
+  const std::size_t asked = dialogs.shown.size();
+  Click("cmdMelhorar");
+  EXPECT_EQ(dialogs.shown.size(), asked) << "without a question";
+  EXPECT_LE(session.lastRun->outcome.result.score, before);
+  EXPECT_LE(session.lastRun->outcome.result.startScore, before * (1 + 1e-9));
+}
+
+TEST_F(FirstFit, TakesAModelOverFromTheComparison) {
+  Open(1);
+  EXPECT_FALSE(Enabled("cmdComparar")) << "before conditions are saved";
+  Do(kFilled);
+  Click("cdmSalvar");
+  Click("cmdComparar");
+  auto* const table = Find<QTableWidget>("tabelaModelos");
+  ASSERT_TRUE(QTest::qWaitFor([table] { return table->rowCount() > 20; }, 120000));
+  const QString best = table->item(0, 0)->text();
+  emit table->cellActivated(0, 0);
+  Click("cdmSalvar");
+  EXPECT_EQ(session.conditions.At(1).options.model, best.toStdString());
+  EXPECT_FALSE(session.conditions.fitted.empty());
+}
+
+TEST_F(FirstFit, SaysWhatAnotherModelDoesToTheOthers) {
+  OpenSaved(2);
+  Click("cdmNext(1)");
+  Do({{"cmdConfirmarModelo"}});
+  Click("cdmTrocarModelo");
+  Choose("Andrews");
+  Click("cmdConfirmarModelo");
+  Do({{"txtKis", "100"}, {"txtLimInf(3)", "1"}, {"txtLimSup(3)", "500"}});
+  Click("cdmSalvar");
+  EXPECT_NE(dialogs.LastText().find("1 other experiment(s) are stored with the model Monod"),
+            std::string::npos)
+      << dialogs.LastText();
+}
+
+}  // namespace
+}  // namespace velmora
