@@ -27,14 +27,17 @@ endfunction()
 
 # Sources of a library that are compiled once for each width of the processor's vectors: NAME2.cpp for
 # every processor, NAME4.cpp and NAME8.cpp for those that have them. Where they are unknown, vectors of
-# two lanes serve, as every 64-bit processor has them.
+# two lanes serve, as every 64-bit processor has them. Sanitizers leave them out: checks in every one of
+# their unrolled operations would take many minutes to compile.
 function(velmora_lanes target name)
+  set(plain -fno-sanitize=all -O2)
   target_sources(${target} PRIVATE ${name}2.cpp)
+  set_source_files_properties(${name}2.cpp PROPERTIES COMPILE_OPTIONS "${plain}")
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")
     target_sources(${target} PRIVATE ${name}4.cpp ${name}8.cpp)
-    set_source_files_properties(${name}4.cpp PROPERTIES COMPILE_OPTIONS "-mavx2")
+    set_source_files_properties(${name}4.cpp PROPERTIES COMPILE_OPTIONS "${plain};-mavx2")
     set_source_files_properties(${name}8.cpp PROPERTIES
-      COMPILE_OPTIONS "-mavx512f;-mavx512dq;-mavx512vl")
+      COMPILE_OPTIONS "${plain};-mavx512f;-mavx512dq;-mavx512vl")
     target_compile_definitions(${target} PRIVATE VELMORA_WIDE_LANES)
   endif()
 endfunction()
