@@ -32,6 +32,15 @@ void ProposeRange(const ProposedRange& range, char separator, ProposedForm& prop
   if (!HasBounds(proposed.form.fit[row])) proposed.form.fit[row] = filled.fit[row];
 }
 
+/// Whether the user has left a box as it was: empty, or with what it began with.
+bool Untouched(const Session& session, const CultivationForm& form, At position, int place) {
+  const Entry& entry = form.At(position);
+  if (entry.text.empty()) return true;
+  if (session.conditions.At(place).saved) return false;
+  const auto begun = SuggestedEntries(session.lists.At(place), session.separator);
+  return std::find(begun.begin(), begun.end(), std::pair(position, entry)) != begun.end();
+}
+
 /// What stands in the boxes of `place` that differ by experiment.
 CultivationForm FormFor(const Session& session, CultivationForm form, int place) {
   const ConditionsRecord& record = session.conditions.At(place);
@@ -42,6 +51,11 @@ CultivationForm FormFor(const Session& session, CultivationForm form, int place)
   }
   for (const auto& [at, entry] : SuggestedEntries(session.lists.At(place), session.separator))
     form.At(at) = entry;
+  // A first sample without cells is no beginning: what the data propose is.
+  for (const ProposedValue& value :
+       ProposeConditions(session.lists.Experiments(), form.production, form.yields))
+    if (value.place == place && value.position == At::Cx0)
+      form.At(At::Cx0) = Entry::Of(value.value, session.separator);
   return form;
 }
 
@@ -56,7 +70,7 @@ ProposedForm ProposeForm(const Session& session, CultivationForm form, int place
       ProposeConditions(experiments, proposed.form.production, proposed.form.yields);
   for (const ProposedValue& value : values) {
     const bool here = value.place == 0 || value.place == place;
-    if (!here || !proposed.form.At(value.position).text.empty()) continue;
+    if (!here || !Untouched(session, proposed.form, value.position, place)) continue;
     proposed.form.At(value.position) = Entry::Of(value.value, session.separator);
     proposed.reasons.emplace_back(value.position, value.reason);
   }

@@ -17,7 +17,10 @@ class FirstFit : public CultivationWindow {
 };
 
 TEST_F(FirstFit, TakesThreeClicksForAllExperiments) {
-  Open(3);
+  Experiment late = Molasses(3);  // no cells were seen in its first sample
+  late.Cx[0] = 0;
+  for (const auto& each : {Molasses(1), Molasses(2), late}) session.lists.Append(each, {});
+  Open(0);
   Type("txtKs", "9");
   Click("cmdPropor");
   EXPECT_EQ(TextOf("txtKs"), "9") << "what was typed stays";
@@ -30,6 +33,7 @@ TEST_F(FirstFit, TakesThreeClicksForAllExperiments) {
   Click("cmdUsarTodos");
   EXPECT_EQ(session.conditions.SavedCount(), 3);
   EXPECT_EQ(session.conditions.At(3).row[At::muMax], 0.3);
+  EXPECT_GT(session.conditions.At(3).row[At::Cx0], 0);
   EXPECT_EQ(session.conditions.At(1).options.method, "LM");
   EXPECT_TRUE(dialogs.answers.empty());
 
