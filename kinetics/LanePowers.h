@@ -18,7 +18,7 @@ constexpr double kToInteger = 0x1.8p52;  // a double plus this has no places beh
 /// With the last 27 bits cleared: the product of two such numbers is exact.
 template <class Number>
 [[gnu::always_inline]] inline Number Shortened(Number x) {
-  return FromBits(BitsOf(x) & ~0x7FFFFFFLL);
+  return FromBits(BitsOf(x) & ~0x7FFFFFFULL);
 }
 
 /// 2^n for whole n between -1022 and 1024, given as kToInteger + n; 2^1024 is infinite.
@@ -64,7 +64,8 @@ struct TwoParts {
 
 /// The logarithm to the base 2 of a normal, positive, finite x times 2^`exponent`.
 template <class Number>
-[[gnu::always_inline]] inline TwoParts<Number> BinaryLogarithm(Number x, long long exponent = 0) {
+[[gnu::always_inline]] inline TwoParts<Number> BinaryLogarithm(Number x,
+                                                               unsigned long long exponent = 0) {
   // x = m 2^n with m between sqrt(1/2) and sqrt(2).
   const auto biased = (BitsOf(x) + (0x3FF0000000000000 - 0x3FE6A09E667F3BCD)) & 0x7FF0000000000000;
   const Number m = FromBits(BitsOf(x) - biased + 0x3FF0000000000000);

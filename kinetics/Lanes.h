@@ -18,7 +18,7 @@ namespace {
 template <unsigned Width>
 struct VectorTypes {
   using Doubles [[gnu::vector_size(sizeof(double) * Width)]] = double;
-  using Integers [[gnu::vector_size(sizeof(double) * Width)]] = long long;
+  using Integers [[gnu::vector_size(sizeof(double) * Width)]] = unsigned long long;
   using Stored [[gnu::vector_size(sizeof(double) * Width), gnu::aligned(8), gnu::may_alias]] =
       double;
 };
@@ -90,7 +90,8 @@ template <unsigned W, unsigned C>
   template <unsigned W, unsigned C>                                                        \
   [[gnu::always_inline]] inline LaneBits<W, C> operator op(Lanes<W, C> a, Lanes<W, C> b) { \
     LaneBits<W, C> mask;                                                                   \
-    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) mask.of[i] = a.of[i] op b.of[i]; \
+    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) mask.of[i] =                     \
+        reinterpret_cast<typename VectorTypes<W>::Integers>(a.of[i] op b.of[i]);           \
     return mask;                                                                           \
   }                                                                                        \
   template <unsigned W, unsigned C>                                                        \
@@ -110,7 +111,8 @@ VELMORA_LANES_COMPARISON(>)
     return a;                                                                                    \
   }                                                                                              \
   template <unsigned W, unsigned C>                                                              \
-  [[gnu::always_inline]] inline LaneBits<W, C> operator op(LaneBits<W, C> a, long long b) {      \
+  [[gnu::always_inline]] inline LaneBits<W, C> operator op(LaneBits<W, C> a,                     \
+                                                           unsigned long long b) {               \
     VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = a.of[i] op b;                \
     return a;                                                                                    \
   }

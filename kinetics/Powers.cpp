@@ -26,7 +26,7 @@ bool IsOdd(double whole) {
 
 /// x^y for positive, finite x and finite y.
 double PositivePower(double x, double y) {
-  constexpr int kLift = 54;  // makes every positive double a normal one
+  constexpr unsigned long long kLift = 54;  // makes every positive double a normal one
   const TwoParts<Pair> logarithm =
       x < kLeastNormal ? BinaryLogarithm<Pair>(x * 0x1p54, -kLift) : BinaryLogarithm<Pair>(x);
   return First(TwoToTheProduct<Pair>(logarithm, y));
