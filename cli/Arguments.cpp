@@ -107,22 +107,41 @@ CLI::App& AddFilesCommand(CLI::App& app, const char* name, const char* about,
   return command;
 }
 
-/// A command that takes experiments, conditions, and what is to be used in place of these.
-CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, InputOptions& inputs,
-                     const Help& help) {
-  CLI::App& command = AddFilesCommand(app, name, about, inputs);
+void AddModelAndValues(CLI::App& command, InputOptions& inputs) {
   command.add_option("--model", inputs.model, "growth model to use instead of the file's")
       ->type_name("MODEL");
   AddRepeated(command, "--set", inputs.set, "value of a parameter in every experiment")
       ->type_name("NAME=VALUE");
+}
+
+/// A command that takes experiments, conditions, and what is to be used in place of these.
+CLI::App& AddCommand(CLI::App& app, const char* name, const char* about, InputOptions& inputs,
+                     const Help& help) {
+  CLI::App& command = AddFilesCommand(app, name, about, inputs);
+  AddModelAndValues(command, inputs);
   command.footer(help.OfInputs());
   return command;
+}
+
+void AddSeed(CLI::App& command, std::optional<std::string>& seed) {
+  const SettingOption& option = kSettingOptions[kSeedOption];
+  command.add_option(option.option, seed, option.help)->type_name("NUMBER");
 }
 
 void AddThreads(CLI::App& command, unsigned& threads) {
   command.add_option("--threads", threads, "processor cores to use (default all)")
       ->check(CLI::Range(1, 256).description(""))
       ->type_name("NUMBER");
+}
+
+void AddDigits(CLI::App& command, bool& all) {
+  command
+      .add_option_function<std::string>(
+          "--digits", [&all](const std::string& digits) { all = digits == "all"; },
+          "digits of the values behind the results: those that their deviations leave\n"
+          "certain (default), or all")
+      ->check(CLI::IsMember({"certain", "all"}).description(""))
+      ->type_name("certain|all");
 }
 
 void AddFit(CLI::App& app, FitOptions& fit, GeneralOptions& general, const Help& help) {
@@ -146,13 +165,7 @@ void AddFit(CLI::App& app, FitOptions& fit, GeneralOptions& general, const Help&
   command.add_option("--replicates", fit.replicates, "fits of the bootstrap (default 500)")
       ->check(CLI::Range(20, 100'000).description(""))
       ->type_name("NUMBER");
-  command
-      .add_option_function<std::string>(
-          "--digits", [&fit](const std::string& digits) { fit.allDigits = digits == "all"; },
-          "digits of the values behind the results: those that their deviations leave\n"
-          "certain (default), or all")
-      ->check(CLI::IsMember({"certain", "all"}).description(""))
-      ->type_name("certain|all");
+  AddDigits(command, fit.allDigits);
   AddThreads(command, fit.threads);
   command.add_flag("--progress", fit.progress, "print the results after every generation or start");
   AddJson(command, fit.json);
@@ -166,9 +179,10 @@ void AddCompare(CLI::App& app, CompareOptions& compare, GeneralOptions& general,
       AddFilesCommand(app, "compare", "fit all models and rank them", compare.inputs);
   command.add_option("--models", compare.models, "models to compare (default all)")
       ->type_name("all|MODEL,...");
-  const SettingOption& seed = kSettingOptions[kSeedOption];
-  command.add_option(seed.option, compare.seed, seed.help)->type_name("NUMBER");
+  AddSeed(command, compare.seed);
+  AddDigits(command, compare.allDigits);
   AddThreads(command, compare.threads);
+  command.add_flag("--progress", compare.progress, "print a line after every model");
   AddJson(command, compare.json);
   AddPrinted(command, general);
   AddReport(command, compare.report);
@@ -180,14 +194,25 @@ void AddChart(CLI::App& app, ChartOptions& chart, const Help& help) {
   AddExperiments(command, chart.inputs.experiments);
   command.add_option("CONDITIONS", chart.inputs.conditions, "conditions file")
       ->type_name("FILE.abr");
-  command.add_option("-o,--output", chart.output, "file to write")
+  command.add_option("-o,--output", chart.output, "file to write, - for standard output")
       ->required()
       ->type_name("FILE.svg|.pdf|.png");
+  command
+      .add_option("--format", chart.format,
+                  "format (default: as the name's end tells; svg on standard output)")
+      ->check(CLI::IsMember({kChartFormats[0], kChartFormats[1], kChartFormats[2]}).description(""))
+      ->type_name("svg|pdf|png");
   command.add_option("--kind", chart.kind, "what is drawn (default curves)")
       ->check(CLI::IsMember({kChartKinds[0], kChartKinds[1], kChartKinds[2], kChartKinds[3]})
                   .description(""))
       ->type_name("curves|residuals|parity|profile");
-  command.add_flag("--as-given", chart.asGiven, "draw the conditions' own values, without a fit");
+  AddModelAndValues(command, chart.inputs);
+  AddFitted(command, chart.inputs.fit);
+  command.add_flag("--as-given", chart.asGiven, "draw the conditions' own values, without a fit")
+      ->excludes("--fit");
+  AddSeed(command, chart.seed);
+  AddThreads(command, chart.threads);
+  AddJson(command, chart.json);
   command.add_flag("--log", chart.logarithmic, "logarithmic concentrations, of curves");
   command.add_option("--title", chart.title, "title above the charts")->type_name("TEXT");
   command.add_option("--width", chart.width, "width in mm (default 160)")

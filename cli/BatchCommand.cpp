@@ -101,9 +101,12 @@ Done RunArguments(std::vector<std::string> words, const Console& console) {
     general.output.clear();
     const Console inside(general, kept);
     const auto run = [&](const auto& options) -> ExitCode {
-      if constexpr (requires { options.json; })
+      if constexpr (requires { options.json; }) {
+        if constexpr (requires { options.output; })
+          if (options.output == kStandard)
+            throw Failure{ExitCode::Usage, console.say(TextId::NoStandardOutputInBatch)};
         return Run(options, inside);
-      else
+      } else
         throw Failure{ExitCode::Usage, console.say(TextId::NotInBatch, {words.at(1)})};
     };
     const ExitCode code = std::visit(run, arguments.command);

@@ -164,7 +164,9 @@ struct CompareOptions {
   std::string models = "all";       // or names, separated by commas
   std::optional<std::string> seed;  // as typed
   unsigned threads = AllCores();
+  bool progress = false;
   bool json = false;
+  bool allDigits = false;             // of the best model's values
   std::optional<std::string> report;  // the file to write the report to
 };
 
@@ -176,9 +178,16 @@ ExitCode Run(const CompareOptions& options, const Console& console);
 inline constexpr std::array<const char*, 4> kChartKinds = {"curves", "residuals", "parity",
                                                            "profile"};
 
+/// Their formats, in the order of `PictureFormat`.
+inline constexpr std::array<const char*, 3> kChartFormats = {"png", "svg", "pdf"};
+
 struct ChartOptions {
   InputOptions inputs;  // without a conditions file only the measured points are drawn
   std::string output;
+  std::string format;               // empty: as the end of the output's name tells
+  std::optional<std::string> seed;  // of the fit, as typed
+  unsigned threads = AllCores();
+  bool json = false;
   std::string kind = kChartKinds[0];
   bool asGiven = false;      // the conditions' own values, without a fit
   bool logarithmic = false;  // concentrations

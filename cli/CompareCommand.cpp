@@ -1,6 +1,4 @@
 // velmora-cli compare: every model fitted to the same data, the best first.
-#include <unistd.h>
-
 #include <algorithm>
 #include <atomic>
 #include <chrono>
@@ -36,38 +34,66 @@ std::vector<const Model*> ModelsNamed(const std::string& list, const Wording& sa
   return models;
 }
 
-/// One line on a terminal, and the end of it all on a signal.
+/// Shows how many models are done, and ends it all on a signal, or where nobody can read that.
 class CompareProgress : public ComparisonObserver {
  public:
-  CompareProgress(std::size_t models, const StopSignals& signals, const Console& console)
-      : models_(models), signals_(signals), console_(console), line_(console) {}
+  CompareProgress(std::size_t models, ProgressForm form, const StopSignals& signals,
+                  const Console& console)
+      : models_(models), form_(form), signals_(signals), console_(console), line_(console) {}
 
   bool StopRequested() override {
     const bool stop = signals_.Noted() != 0;
     if (stop) stopped_ = true;
-    return stop;
+    return stop || failed_;
   }
   /// Whether a search ended because of the signal.
   bool Stopped() const { return stopped_; }
 
   void Report(std::size_t done, double share) override {
-    if (isatty(STDERR_FILENO) == 0 || console_.Options().quiet) return;
-    const std::string of[] = {std::to_string(done), std::to_string(models_)};
-    if (share == 0) return line_.Show(console_.say(TextId::ComparisonLine, {of[0], of[1]}));
-    const double passed =
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
-    line_.Show(console_.say(TextId::ComparisonLineWithTime,
-                            {of[0], of[1], Formatted(passed * (1 - share) / share, {0, 0}, '.')}));
+    switch (form_) {
+      case ProgressForm::None:
+        return;
+      case ProgressForm::BlocksToOutput:
+        return done == 0 ? void() : PrintLine(done, share);
+      case ProgressForm::JsonToError:
+        return console_.Note(JsonOfComparison(done, models_, share));
+      case ProgressForm::Line:
+        return line_.Show(Line(done, share));
+    }
   }
 
   void ClearLine() { line_.Clear(); }
 
+  /// Why the progress could not be written to standard output.
+  const std::optional<Failure>& Unwritten() const { return unwritten_; }
+
  private:
+  std::string Line(std::size_t done, double share) const {
+    const std::string of[] = {std::to_string(done), std::to_string(models_)};
+    if (share == 0) return console_.say(TextId::ComparisonLine, {of[0], of[1]});
+    const double passed =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start_).count();
+    return console_.say(TextId::ComparisonLineWithTime,
+                        {of[0], of[1], Formatted(passed * (1 - share) / share, {0, 0}, '.')});
+  }
+
+  void PrintLine(std::size_t done, double share) {
+    try {
+      if (!unwritten_) console_.Print(Line(done, share) + "\n");
+    } catch (const Failure& failure) {
+      unwritten_ = failure;
+      failed_ = true;
+    }
+  }
+
   const std::size_t models_;
+  const ProgressForm form_;
   const StopSignals& signals_;
   const Console& console_;
   TerminalLine line_;
   std::atomic<bool> stopped_ = false;
+  std::atomic<bool> failed_ = false;  // whether `unwritten_` holds something
+  std::optional<Failure> unwritten_;
   const std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
@@ -86,13 +112,14 @@ std::string Aligned(const std::vector<std::vector<std::string>>& rows) {
   return text;
 }
 
-std::string TextOf(const Comparison& comparison, const Inputs& inputs, const Wording& say) {
+std::string TextOf(const Comparison& comparison, const Inputs& inputs, bool allDigits,
+                   const Wording& say) {
   const TextStyle style{say.In(), '.'};
   std::string text = ComparisonHeading(comparison, say.In()) + "\n";
   if (!comparison.Ranked().empty()) text += Aligned(ComparisonCells(comparison, style));
   for (const auto& line : ComparisonRemarks(comparison, inputs.lists.Experiments(), style))
     text += line + "\n";
-  for (const auto& line : BestModelLines(comparison, style)) text += line + "\n";
+  for (const auto& line : BestModelLines(comparison, style, allDigits)) text += line + "\n";
   return text;
 }
 
@@ -128,7 +155,9 @@ ExitCode Run(const CompareOptions& options, const Console& console) {
   made.seed = checked.IU;
   made.threads = options.threads;
   const StopSignals signals;
-  CompareProgress progress(models.size(), signals, console);
+  CompareProgress progress(models.size(),
+                           FormOf(options.progress, options.json, console.Options().quiet), signals,
+                           console);
   const Comparison comparison = CompareModels(inputs.lists.Experiments(), inputs.conditions, models,
                                               {checked.IU, made.threads}, progress);
   progress.ClearLine();
@@ -138,8 +167,9 @@ ExitCode Run(const CompareOptions& options, const Console& console) {
     unsaved =
         SaveComparison(comparison, inputs.lists.Experiments(), {say.In(), '.'}, *options.report);
   if (unsaved) console.Complain(say.Of(*unsaved));
+  if (progress.Unwritten()) throw *progress.Unwritten();
   console.PrintOrRescue(options.json ? JsonOf(comparison, inputs, made, say)
-                                     : TextOf(comparison, inputs, say));
+                                     : TextOf(comparison, inputs, options.allDigits, say));
   if (unsaved) return ExitCode::File;
   return progress.Stopped() ? StoppedBy(signals.Noted()) : CodeOf(comparison);
 }

@@ -171,8 +171,8 @@ ExitCode Run(const ConditionsOptions& options, const Console& console) {
   else
     RequireDone(WriteConditions(conditions, lists.Count(), true, options.output), say);
   if (options.json) {
-    console.Tell(JsonOf(lists.Count(), plan.values, plan.ranges, options.output, say),
-                 options.output);
+    console.PrintBeside(JsonOf(lists.Count(), plan.values, plan.ranges, options.output, say),
+                        options.output);
     return ExitCode::Done;
   }
   console.Tell(say(TextId::Written, {options.output, std::to_string(lists.Count())}) + "\n" +

@@ -89,7 +89,10 @@ void Console::PrintOrRescue(std::string_view text) const {
 }
 
 void Console::Tell(std::string_view text, const std::string& path) const {
-  if (options_.quiet) return;
+  if (!options_.quiet) PrintBeside(text, path);
+}
+
+void Console::PrintBeside(std::string_view text, const std::string& path) const {
   if (path == kStandard)
     Note(Visible(text));
   else
@@ -120,6 +123,7 @@ void Console::TryOutput(const std::string& path, const std::vector<std::string>&
   const SaveChanges changes = ChangesOfSaving(path);
   if (changes.otherNames) Warn(PlaceInFile(path, 0) + say(TextId::OtherNamesKeepOld));
   if (changes.owner) Warn(PlaceInFile(path, 0) + say(TextId::OwnerBecomesUser));
+  if (changes.accessList) Warn(PlaceInFile(path, 0) + say(TextId::AccessListLost));
 }
 
 void Console::Complain(std::string_view line) const {

@@ -120,6 +120,8 @@ class Console {
   /// Says what was done to the file at `path`, unless --quiet silences it: to standard output, or
   /// to standard error where the file itself goes to standard output.
   void Tell(std::string_view text, const std::string& path) const;
+  /// As `Tell`, for what --quiet does not silence.
+  void PrintBeside(std::string_view text, const std::string& path) const;
   /// Writes a line "velmora-cli: ..." to standard error, as `Visible` makes it.
   void Complain(std::string_view line) const;
   /// The same of what is no error, unless --quiet silences it.

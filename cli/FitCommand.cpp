@@ -1,6 +1,4 @@
 // velmora-cli fit: the search, its results and its report.
-#include <unistd.h>
-
 #include <new>
 #include <stdexcept>
 
@@ -11,11 +9,11 @@
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/CultivationForm.h"
 #include "cultivation/FitSetUp.h"
+#include "cultivation/OpenedConditions.h"
 #include "estimation/Deviations.h"
 #include "estimation/ResultTexts.h"
 #include "estimation/SearchResult.h"
 #include "inference/VerdictTexts.h"
-#include "language/Numbers.h"
 #include "report/Relatorio.h"
 #include "report/ReportCharts.h"
 #include "report/Summary.h"
@@ -70,13 +68,6 @@ FitProblem CheckedProblem(Inputs& inputs, Method method, const Wording& say) {
   return ProblemOf(inputs.lists.Experiments(), inputs.conditions);
 }
 
-ProgressForm FormOf(const FitOptions& options, bool quiet) {
-  if (options.progress)
-    return options.json ? ProgressForm::JsonToError : ProgressForm::BlocksToOutput;
-  if (quiet) return ProgressForm::None;
-  return isatty(STDERR_FILENO) != 0 ? ProgressForm::Line : ProgressForm::None;
-}
-
 std::string WordedFault(const ArithmeticFault& fault, const Inputs& inputs, const Wording& say) {
   return std::string(Text(TextId::NotCompleted, say.In())) + Describe(fault, inputs, say);
 }
@@ -107,15 +98,12 @@ SearchResult SearchOrFail(Method method, const FitProblem& problem,
 std::string LinesInShort(const EndedFit& fit, bool allDigits) {
   std::string text;
   if (fit.deviations.fault) return text;
-  for (std::size_t j = 0; j < fit.problem.variables.size(); ++j) {
-    const Parameter& parameter = ParameterAt(fit.problem.variables[j].position);
-    const double value = fit.result.best[j], deviation = fit.deviations.values[j];
-    text += std::string(parameter.label) + " ";
-    text += allDigits ? ShortestText(value) + " ± " + ShortestText(deviation)
-                      : WithDeviation(value, deviation, '.');
-    if (!parameter.unit.empty()) text += " " + std::string(parameter.unit);
-    text += "\n";
-  }
+  const Model* const model =
+      RecognisedModel(fit.inputs.conditions.At(1), fit.inputs.conditions.fitted);
+  for (std::size_t j = 0; j < fit.problem.variables.size(); ++j)
+    text += ShortLine(fit.problem.variables[j], fit.result.best[j], fit.deviations.values[j], model,
+                      allDigits, '.') +
+            "\n";
   return text;
 }
 
@@ -134,7 +122,7 @@ std::string TextOf(const EndedFit& fit, bool allDigits, const Wording& say) {
   text += FinalText(fit.problem, fit.result, fit.deviations, {say.In(), '.'});
   text += VerdictsText(fit.verdict, fit.problem, {say.In(), '.'});
   for (const Intervals& intervals : fit.intervals)
-    text += Worded(intervals, fit.problem.variables, {say.In(), '.'});
+    text += Worded(intervals, fit.problem.variables, allDigits, {say.In(), '.'});
   return text + LinesInShort(fit, allDigits);
 }
 
@@ -215,7 +203,8 @@ ExitCode Run(const FitOptions& options, const Console& console) {
   WarnOfUnscaled(inputs.lists, console);
 
   const StopSignals signals;
-  FitProgress progress(problem.variables, method, FormOf(options, console.Options().quiet), signals,
+  FitProgress progress(problem.variables, method,
+                       FormOf(options.progress, options.json, console.Options().quiet), signals,
                        console);
   const SearchResult result =
       SearchOrFail(method, problem, settings, options.threads, progress, inputs, console);

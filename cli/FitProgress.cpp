@@ -1,5 +1,7 @@
 #include "cli/FitProgress.h"
 
+#include <unistd.h>
+
 #include <atomic>
 
 #include "cli/Json.h"
@@ -50,6 +52,11 @@ StopSignals::~StopSignals() {
 
 int StopSignals::Noted() const {
   return noted;
+}
+
+ProgressForm FormOf(bool progress, bool json, bool quiet) {
+  if (progress) return json ? ProgressForm::JsonToError : ProgressForm::BlocksToOutput;
+  return !quiet && isatty(STDERR_FILENO) != 0 ? ProgressForm::Line : ProgressForm::None;
 }
 
 void TerminalLine::Show(std::string_view line) {

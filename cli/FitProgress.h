@@ -35,10 +35,13 @@ class StopSignals {
 
 enum class ProgressForm {
   None,
-  BlocksToOutput,  // the text of each generation
+  BlocksToOutput,  // the text of each generation, a line for each model
   JsonToError,     // a line each
   Line,            // one line on the terminal, written over and over
 };
+
+/// What --progress and --json ask for; without, a line where standard error is a terminal.
+ProgressForm FormOf(bool progress, bool json, bool quiet);
 
 /// One line on the terminal, written over and over.
 class TerminalLine {

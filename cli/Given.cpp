@@ -78,6 +78,20 @@ Given GivenBy(const std::optional<std::string>& model, const std::vector<std::st
   return given;
 }
 
+std::vector<UnitChange> UnitChanges(const CultivationConditions& conditions, const Given& given) {
+  std::vector<UnitChange> changes;
+  const Model* const own = RecognisedModel(conditions.At(1), conditions.fitted);
+  if (own == nullptr || given.model == nullptr) return changes;
+  const std::vector<At> anew = given.Positions();
+  for (const Parameter& parameter : kFittable) {
+    const At at = parameter.position;
+    const std::string_view before = UnitOf(at, *own), now = UnitOf(at, *given.model);
+    if (Uses(*own, at) && Uses(*given.model, at) && before != now && !Contains(anew, at))
+      changes.push_back({parameter.name, before, given.model->name, now});
+  }
+  return changes;
+}
+
 void PutInto(CultivationConditions& conditions, const Given& given, bool fits, const Wording& say) {
   if (given.model != nullptr) RequireUse(given.model, PositionsOf(conditions.fitted), say);
   for (int place = 1; place <= kMostExperiments; ++place) {

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "cli/Assignments.h"
@@ -31,6 +32,17 @@ struct Given {
 
 Given GivenBy(const std::optional<std::string>& model, const std::vector<std::string>& set,
               const std::vector<std::string>& fit, const Wording& say);
+
+/// A value that the conditions keep under the model that is given, in another unit than before.
+struct UnitChange {
+  std::string_view name;
+  std::string_view before;
+  std::string_view model;
+  std::string_view now;
+};
+
+/// Those of the first conditions' own model.
+std::vector<UnitChange> UnitChanges(const CultivationConditions& conditions, const Given& given);
 
 /// Puts the model, the values and the fitted parameters into all conditions. Throws a `Failure`
 /// (Refused) for a parameter that the model does not use, and for one that it needs and that has no

@@ -140,7 +140,7 @@ ExitCode Run(const ImportOptions& options, const Console& console) {
   else
     RequireDone(WriteExperiments(read.lists, options.output), say);
   if (options.json) {
-    console.Tell(JsonOf(read, options.tables, options.output, say), options.output);
+    console.PrintBeside(JsonOf(read, options.tables, options.output, say), options.output);
     return ExitCode::Done;
   }
   console.Tell(say(TextId::Written, {options.output, std::to_string(read.lists.Count())}) + "\n" +

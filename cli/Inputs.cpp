@@ -85,10 +85,16 @@ Inputs LoadInputs(const InputOptions& options, const Console& console) {
     throw Failure{ExitCode::Usage, console.say(TextId::StandardInputTwice)};
   const auto& [experiments, conditions] = std::tie(options.experiments, options.conditions);
   const std::string experimentBytes = LoadBytes(experiments, FileKind::Experiments, console);
-  const std::string conditionBytes = LoadBytes(conditions, FileKind::Conditions, console);
   Inputs inputs{ExperimentsIn(experimentBytes, experiments, console.say),
-                ConditionsIn(conditionBytes, conditions, console.say),
-                {ReadFileOf(experiments, experimentBytes), ReadFileOf(conditions, conditionBytes)}};
+                {},
+                {ReadFileOf(experiments, experimentBytes)}};
+  if (conditions.empty()) return inputs;
+  const std::string conditionBytes = LoadBytes(conditions, FileKind::Conditions, console);
+  inputs.conditions = ConditionsIn(conditionBytes, conditions, console.say);
+  inputs.files.push_back(ReadFileOf(conditions, conditionBytes));
+  for (const UnitChange& change : UnitChanges(inputs.conditions, given))
+    console.Warn(console.say(TextId::KeptInOtherUnit,
+                             {change.name, change.before, change.model, change.now}));
   PutInto(inputs.conditions, given, options.fits, console.say);
   return inputs;
 }

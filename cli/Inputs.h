@@ -45,7 +45,8 @@ bool HasBatchLine(std::string_view bytes);
 ExperimentLists LoadExperiments(const std::string& path, const Console& console);
 ExperimentLists ExperimentsIn(std::string_view bytes, const std::string& path, const Wording& say);
 
-/// Reads both files and puts what the command line states into the conditions, as `PutInto` does.
+/// Reads both files, or the experiments alone where no conditions are named, and puts what the
+/// command line states into the conditions, as `PutInto` does.
 Inputs LoadInputs(const InputOptions& options, const Console& console);
 
 /// What a result of these inputs was made from.

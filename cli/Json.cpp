@@ -113,12 +113,14 @@ Json RankedOf(const ComparedModel& compared, const Wording& say) {
   Json parameters = Json::array();
   for (std::size_t j = 0; j < compared.variables.size(); ++j) {
     const auto& [position, lower, upper, start] = compared.variables[j];
-    parameters.push_back({{"name", ParameterAt(position).name},
-                          {"start", start},
-                          {"lower", lower},
-                          {"upper", upper},
-                          {"value", compared.result.best[j]},
-                          {"verdict", VerdictOf(compared.verdicts.of[j], say)}});
+    parameters.push_back(
+        {{"name", ParameterAt(position).name},
+         {"start", start},
+         {"lower", lower},
+         {"upper", upper},
+         {"value", compared.result.best[j]},
+         {"deviation", compared.deviations.empty() ? Json() : Json(compared.deviations[j])},
+         {"verdict", VerdictOf(compared.verdicts.of[j], say)}});
   }
   const auto& [Cx, Cs, Cp] = compared.explained;
   return {{"model", compared.model->name},
@@ -152,6 +154,7 @@ Json MadeBy(const Provenance& made) {
   if (made.settings) json["settings"] = ValuesOf(*made.settings);
   if (made.seed) json["seed"] = *made.seed;
   json["threads"] = made.threads;
+  json["vectorWidth"] = made.vectorWidth;
   if (made.start)
     json["seconds"] = std::chrono::duration<double>(Provenance::Clock::now() - *made.start).count();
   return json;
@@ -230,6 +233,16 @@ std::string JsonOf(const Generation& generation, std::span<const FitVariable> va
                    {"sumOfSquaredErrors", generation.score},
                    {"functionCalls", generation.functionCalls},
                    {"values", values}}}});
+}
+
+std::string JsonOfCharts(const std::string& output, std::size_t charts, const char* format,
+                         const Provenance& made) {
+  return LineOf(
+      {{"written", output}, {"charts", charts}, {"format", format}, {"made", MadeBy(made)}});
+}
+
+std::string JsonOfComparison(std::size_t done, std::size_t models, double share) {
+  return LineOf({{"progress", {{"done", done}, {"models", models}, {"share", share}}}});
 }
 
 std::string JsonOf(const SimulatedFit& fit, const ExperimentLists& lists, const Provenance& made) {

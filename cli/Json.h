@@ -45,6 +45,12 @@ std::string JsonOf(const Comparison& comparison, const Inputs& inputs, const Pro
 std::string JsonOf(const std::vector<PlacedCurve>& curves, const Provenance& made);
 /// The state of a search, as one of many lines.
 std::string JsonOf(const Generation& generation, std::span<const FitVariable> variables);
+/// The charts drawn into the file at `output`.
+std::string JsonOfCharts(const std::string& output, std::size_t charts, const char* format,
+                         const Provenance& made);
+/// The state of a comparison, as one of many lines: models done, and the share of the work (0 to
+/// 1).
+std::string JsonOfComparison(std::size_t done, std::size_t models, double share);
 /// What an experiment file holds, and what its data look like.
 std::string JsonOf(const ExperimentLists& lists, const std::vector<Remark>& remarks,
                    const Wording& say);

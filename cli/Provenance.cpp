@@ -4,6 +4,8 @@
 
 #include <array>
 
+#include "kinetics/LaneMarches.h"
+
 namespace velmora::cli {
 
 std::string Sha256Of(std::string_view bytes) {
@@ -19,6 +21,11 @@ std::string Sha256Of(std::string_view bytes) {
     hex += kDigits[byte & 15];
   }
   return hex;
+}
+
+std::size_t VectorWidth() {
+  const LaneMarches* const marches = LaneMarchesHere();
+  return marches ? marches->width : 1;
 }
 
 ReadFile ReadFileOf(const std::string& path, std::string_view bytes) {

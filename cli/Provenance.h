@@ -22,6 +22,9 @@ std::string Sha256Of(std::string_view bytes);
 
 ReadFile ReadFileOf(const std::string& path, std::string_view bytes);
 
+/// How many doubles a vector of the simulations holds on this processor; 1 where they use none.
+std::size_t VectorWidth();
+
 /// What a command was asked and given; with its result it tells how to get it again.
 struct Provenance {
   using Clock = std::chrono::steady_clock;
@@ -32,6 +35,7 @@ struct Provenance {
   std::optional<EstimationSettings> settings = {};  // of a search by ED
   std::optional<std::int32_t> seed = {};            // of any search
   unsigned threads = 1;
+  std::size_t vectorWidth = VectorWidth();
   std::optional<Clock::time_point> start = Clock::now();  // nothing: the time is not to be told
 };
 

@@ -4,6 +4,7 @@
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -180,11 +181,16 @@ bool IsInGroup(gid_t group) {
 
 }  // namespace
 
+/// Whether the file has an access list beyond its mode, as Linux keeps it (acl(5)).
+bool HasAccessList(const std::string& path) {
+  return getxattr(path.c_str(), "system.posix_acl_access", nullptr, 0) > 0;
+}
+
 SaveChanges ChangesOfSaving(const std::string& path) {
   struct stat old {};
   if (stat(path.c_str(), &old) != 0) return {};
   const bool mayGive = geteuid() == 0 || (old.st_uid == geteuid() && IsInGroup(old.st_gid));
-  return {old.st_nlink > 1, !mayGive};
+  return {old.st_nlink > 1, !mayGive, HasAccessList(path)};
 }
 
 std::optional<FileFault> SafeSave(const std::string& path, std::string_view bytes) {

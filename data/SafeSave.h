@@ -24,6 +24,7 @@ std::optional<FileFault> TrySave(const std::string& path);
 struct SaveChanges {
   bool otherNames = false;  // its other names (hard links) keep the old bytes
   bool owner = false;       // owner or group become the user's own
+  bool accessList = false;  // what it grants beyond owner, group and mode is gone
 };
 SaveChanges ChangesOfSaving(const std::string& path);
 

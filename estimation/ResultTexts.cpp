@@ -61,6 +61,18 @@ std::string ParameterLines(std::span<const FitVariable> variables, std::span<con
   return lines;
 }
 
+std::string ShortLine(const FitVariable& variable, double value, double deviation,
+                      const Model* model, bool allDigits, char separator) {
+  const Parameter& parameter = ParameterAt(variable.position);
+  std::string line = std::string(parameter.label) + " ";
+  line += allDigits && deviation > 0
+              ? PlainText(value, separator) + " ± " + PlainText(deviation, separator)
+              : WithDeviation(value, deviation, separator);
+  const std::string_view unit = model ? UnitOf(variable.position, *model) : parameter.unit;
+  if (!unit.empty()) line += " " + std::string(unit);
+  return line;
+}
+
 std::string ProgressText(std::span<const FitVariable> variables, const Generation& generation,
                          TextStyle style) {
   return Line(Text(TextId::EstimatedHeading, style.language)) +

@@ -7,6 +7,7 @@
 
 #include "estimation/Deviations.h"
 #include "estimation/SearchResult.h"
+#include "kinetics/Modelos.h"
 #include "language/Texts.h"
 
 namespace velmora {
@@ -29,6 +30,12 @@ double SquareError(double sumOfSquaredErrors, int observations);
 /// `best` is as long as `variables`.
 std::string ParameterLines(std::span<const FitVariable> variables, std::span<const double> best,
                            TextStyle style);
+
+/// "Ks = 12 ± 3 g/L": the value with its deviation, in the digits that this leaves certain or in
+/// all of them, and its unit in `model`, null where it is not known; the value alone where the
+/// deviation is not known (0).
+std::string ShortLine(const FitVariable& variable, double value, double deviation,
+                      const Model* model, bool allDigits, char separator);
 
 /// The block after each generation: heading, parameters, errors, function calls, separator line.
 std::string ProgressText(std::span<const FitVariable> variables, const Generation& generation,

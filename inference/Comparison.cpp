@@ -89,8 +89,8 @@ void Fit(const FitProblem& common, std::int32_t seed, ComparisonObserver& observ
   if (!compared.Ranked()) return;
   const Objective objective(problem);
   compared.criterion = Aicc(compared.result.score, objective.Scored(), compared.variables.size());
-  compared.verdicts = JudgeParameters(problem, compared.result.best,
-                                      ComputeDeviations(problem, compared.result.best).values);
+  compared.deviations = ComputeDeviations(problem, compared.result.best).values;
+  compared.verdicts = JudgeParameters(problem, compared.result.best, compared.deviations);
   compared.explained = ExplainedBy(objective.Simulate(compared.result.best), problem);
 }
 

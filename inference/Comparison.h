@@ -27,6 +27,7 @@ struct ComparedModel {
   double weight = 0;              // Akaike weight, 0 to 1
   PerVariable<double> explained;  // R², of g/L; not a number where the data do not vary
   ParameterVerdicts verdicts;
+  std::vector<double> deviations;  // of the parameters; empty where there are none
 
   bool Ranked() const;
 };

@@ -117,14 +117,17 @@ std::vector<std::string> ComparisonRemarks(const Comparison& comparison,
   return lines;
 }
 
-std::vector<std::string> BestModelLines(const Comparison& comparison, TextStyle style) {
+std::vector<std::string> BestModelLines(const Comparison& comparison, TextStyle style,
+                                        bool allDigits) {
   if (comparison.Level().empty()) return {};
   const ComparedModel& best = comparison.models.front();
   std::vector<std::string> lines{Filled(TextId::BestModel, style.language, {best.model->name}),
                                  Equation(*best.model)};
-  for (std::size_t j = 0; j < best.variables.size(); ++j)
-    lines.push_back(
-        OnOneLine(ParameterLines({&best.variables[j], 1}, {&best.result.best[j], 1}, style)));
+  for (std::size_t j = 0; j < best.variables.size(); ++j) {
+    const double deviation = j < best.deviations.size() ? best.deviations[j] : 0;
+    lines.push_back(ShortLine(best.variables[j], best.result.best[j], deviation, best.model,
+                              allDigits, style.separator));
+  }
   return lines;
 }
 

@@ -29,7 +29,9 @@ std::vector<std::string> ComparisonRemarks(const Comparison& comparison,
                                            std::span<const Experiment> experiments,
                                            TextStyle style);
 
-/// The best model's name, equation and parameters, a line each; nothing where no AICc is finite.
-std::vector<std::string> BestModelLines(const Comparison& comparison, TextStyle style);
+/// The best model's name, equation and parameters, a line each, these in the digits that their
+/// deviations leave certain or in all of them; nothing where no AICc is finite.
+std::vector<std::string> BestModelLines(const Comparison& comparison, TextStyle style,
+                                        bool allDigits = false);
 
 }  // namespace velmora

@@ -1,5 +1,8 @@
 #include "inference/Intervals.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "language/Numbers.h"
 
 namespace velmora {
@@ -17,6 +20,13 @@ TextId HeadingOf(IntervalMethod method) {
                                            : TextId::BootstrapIntervalsHeading;
 }
 
+/// A tenth of half the width, and of a limit that is smaller or stands alone.
+double UncertaintyOf(double limit, const Interval& interval) {
+  const double magnitude = std::abs(limit);
+  if (!interval.lower || !interval.upper) return magnitude / 10;
+  return std::min(magnitude, (*interval.upper - *interval.lower) / 2) / 10;
+}
+
 }  // namespace
 
 std::string_view NameOf(IntervalMethod method) {
@@ -25,15 +35,17 @@ std::string_view NameOf(IntervalMethod method) {
 }
 
 std::string Worded(const Intervals& intervals, std::span<const FitVariable> variables,
-                   TextStyle style) {
-  const auto worded = [&](const std::optional<double>& value) {
-    return value ? Formatted(*value, kTwoToThirteen, style.separator) : std::string();
-  };
+                   bool allDigits, TextStyle style) {
   std::string text =
       Filled(HeadingOf(intervals.method), style.language, {std::to_string(intervals.replicates)}) +
       "\n";
   for (std::size_t j = 0; j < variables.size(); ++j) {
     const Interval& interval = intervals.of[j];
+    const auto worded = [&](const std::optional<double>& limit) {
+      if (!limit) return std::string();
+      return allDigits ? Formatted(*limit, kTwoToThirteen, style.separator)
+                       : CertainText(*limit, UncertaintyOf(*limit, interval), style.separator);
+    };
     text +=
         std::string(ParameterAt(variables[j].position).label) + " " +
         Filled(TextOf(interval), style.language, {worded(interval.lower), worded(interval.upper)}) +

@@ -68,7 +68,8 @@ Intervals BootstrapIntervals(const FitProblem& problem, std::span<const double> 
                              const std::function<bool()>& stopRequested, unsigned threads = 1);
 
 /// The intervals in words: a heading, and a line for each of `variables`, whose intervals they are.
+/// A limit has one digit more than the interval's width leaves certain, or all of them.
 std::string Worded(const Intervals& intervals, std::span<const FitVariable> variables,
-                   TextStyle style);
+                   bool allDigits, TextStyle style);
 
 }  // namespace velmora

@@ -71,7 +71,8 @@ curves in the colours of their experiments, told apart in grey print and by colo
 readers, with a legend. The end of the name tells the format: .svg, .pdf or .png.
 Without a conditions file the measured points stand alone. Where the conditions mark
 parameters as fitted they are fitted first, and the charts show the best values; with
---as-given they show the values that stand in the file.
+--as-given they show the values that stand in the file. --model, --set, --fit and --iu are
+those of fit.
 curves      points and curves over time
 residuals   measured minus model, over time
 parity      model over measured values
@@ -87,7 +88,7 @@ nas cores de seus experimentos, distinguíveis em impressão cinza e por leitore
 com legenda. O fim do nome diz o formato: .svg, .pdf ou .png. Sem arquivo de condições ficam
 só os pontos medidos. Onde as condições marcam parâmetros como ajustados, eles são ajustados
 primeiro e os gráficos mostram os melhores valores; com --as-given mostram os valores que
-estão no arquivo.
+estão no arquivo. --model, --set, --fit e --iu são os de fit.
 curves      pontos e curvas ao longo do tempo
 residuals   medido menos modelo, ao longo do tempo
 parity      modelo contra valores medidos
@@ -207,7 +208,8 @@ const HelpText kBatchFooterText = {R"text(
 A line of LIST names a command, its files and its options, and may have an id:
   {"id": "seed 1000", "command": "fit", "experiments": "yeast.abr",
    "conditions": "yeast-conditions.abr", "iu": 1000, "set": ["Ks=3"]}
-all in one line. Commands are fit, compare, score, simulate, export and check ("file").
+all in one line. Commands are fit, compare, score, simulate, export, chart and check
+("file").
 Each gives one line, in the order of LIST: its number, the SHA-256 sum of the line, the
 exit code, and result or error. A command that fails does not end the rest; the exit code
 is 1 then. With -o lines that are done are passed over when the batch is started again.
@@ -216,7 +218,8 @@ The parts of --shard follow each other: joined in order they are what one run wr
 Uma linha de LIST nomeia um comando, seus arquivos e suas opções, e pode ter um id:
   {"id": "semente 1000", "command": "fit", "experiments": "yeast.abr",
    "conditions": "yeast-conditions.abr", "iu": 1000, "set": ["Ks=3"]}
-tudo em uma só linha. Os comandos são fit, compare, score, simulate, export e check ("file").
+tudo em uma só linha. Os comandos são fit, compare, score, simulate, export, chart e check
+("file").
 Cada um dá uma linha, na ordem de LIST: seu número, a soma SHA-256 da linha, o código de
 saída, e result ou error. Um comando que falha não encerra os demais; o código de saída é
 então 1. Com -o, as linhas prontas são puladas quando o lote é iniciado de novo. As partes
@@ -245,7 +248,6 @@ constexpr auto kHelp = std::to_array<HelpText>({
     {"a parameter to fit", "um parâmetro a ajustar"},
     {"file to write, - for standard output", "arquivo a gravar, - para a saída padrão"},
     {"file to write instead of printing", "arquivo a gravar em vez de imprimir"},
-    {"file to write", "arquivo a gravar"},
     {"growth model to use instead of the file's", "modelo de crescimento em lugar do que está no arquivo"},
     {"growth model", "modelo de crescimento"},
     {"value of a parameter in every experiment", "valor de um parâmetro em todos os experimentos"},
@@ -261,8 +263,10 @@ constexpr auto kHelp = std::to_array<HelpText>({
     {"fits of the bootstrap (default 500)", "ajustes do bootstrap (padrão 500)"},
     {"processor cores to use (default all)", "núcleos do processador a usar (padrão: todos)"},
     {"print the results after every generation or start", "imprimir os resultados após cada geração ou partida"},
+    {"print a line after every model", "imprimir uma linha após cada modelo"},
     {"digits of the values behind the results: those that their deviations leave\ncertain (default), or all", "dígitos dos valores após os resultados: os que seus desvios deixam certos\n(padrão), ou todos"},
     {"models to compare (default all)", "modelos a comparar (padrão todos)"},
+    {"format (default: as the name's end tells; svg on standard output)", "formato (padrão: o que diz o fim do nome; svg na saída padrão)"},
     {"what is drawn (default curves)", "o que se desenha (padrão curves)"},
     {"draw the conditions' own values, without a fit", "desenhar os valores das condições, sem ajuste"},
     {"logarithmic concentrations, of curves", "concentrações logarítmicas, de curvas"},
@@ -305,6 +309,7 @@ constexpr auto kHelp = std::to_array<HelpText>({
 
 /// {1}, {2}, ... stand for what the message is about.
 constexpr auto kParserMessages = std::to_array<HelpText>({
+    {"{1} excludes {2}", "{1} e {2} se excluem"},
     {"A subcommand is required", "falta o comando"},
     {"{1} is required", "falta {1}"},
     {"The following argument was not expected: {1}", "argumento inesperado: {1}"},

@@ -168,6 +168,24 @@ std::string Formatted(double value, Decimals decimals, char separator) {
   return text;
 }
 
+std::string CertainText(double value, double uncertainty, char separator) {
+  constexpr int kDigitsUnknown = 4, kMostDecimals = 13;
+  if (!(uncertainty > 0) || !std::isfinite(uncertainty) || !std::isfinite(value))
+    return PlainText(value, separator, kDigitsUnknown);
+  const double decade = std::floor(std::log10(uncertainty));
+  const int digits = uncertainty / std::pow(10.0, decade) < 2 ? 2 : 1;
+  const int decimals = std::min(digits - 1 - static_cast<int>(decade), kMostDecimals);
+  if (decimals >= 0) return Formatted(value, {decimals, decimals}, separator);
+  const double unit = std::pow(10.0, -decimals);
+  return PlainText(std::round(value / unit) * unit, separator);
+}
+
+std::string WithDeviation(double value, double deviation, char separator) {
+  const std::string text = CertainText(value, deviation, separator);
+  if (!(deviation > 0) || !std::isfinite(deviation) || !std::isfinite(value)) return text;
+  return text + " ± " + CertainText(deviation, deviation, separator);
+}
+
 double RoundHalfEven(double value, int decimals) {
   const double scale = std::pow(10.0, decimals);
   const double scaled = value * scale;

@@ -42,6 +42,13 @@ inline constexpr Decimals kFour{4, 4};            // "0.0000"
 /// `decimals.most` places; trailing zeros beyond `decimals.least` places are left out.
 std::string Formatted(double value, Decimals decimals, char separator);
 
+/// `value` with the decimals that an `uncertainty` of it leaves certain: up to its first digit, or
+/// its second where it begins with 1; four digits where none is known (0 or not finite).
+std::string CertainText(double value, double uncertainty, char separator);
+
+/// "0.179 ± 0.009": both as `CertainText`; the value alone where the deviation is not known.
+std::string WithDeviation(double value, double deviation, char separator);
+
 /// `value` rounded to `decimals` places, halves to even.
 double RoundHalfEven(double value, int decimals);
 

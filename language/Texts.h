@@ -444,6 +444,7 @@ enum class TextId : std::int16_t {
   PointsNeedFormat,
   BatchLineWrong,
   NotInBatch,
+  NoStandardOutputInBatch,
   BatchOfOtherList,
   BatchInUse,
 
@@ -451,6 +452,7 @@ enum class TextId : std::int16_t {
   ModelLacks,
   ValueMissing,
   ValueNotSet,
+  KeptInOtherUnit,
   ModelNotTold,
   AlfaDecided,
   BetaNotOffered,
@@ -554,6 +556,7 @@ enum class TextId : std::int16_t {
   OutputFailed,
   OtherNamesKeepOld,
   OwnerBecomesUser,
+  AccessListLost,
   NoCharts,
   OutOfMemory,
   OutOfMemoryInFit,

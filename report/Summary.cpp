@@ -13,7 +13,6 @@ namespace velmora {
 namespace {
 
 constexpr int kSummaryDigits = 4;
-constexpr int kMostDecimals = 13;
 constexpr std::initializer_list<int> kWidths = {30, 42, 48, 80};
 
 /// Day and hour in the machine's own time.
@@ -149,20 +148,6 @@ class Summary {
 };
 
 }  // namespace
-
-std::string WithDeviation(double value, double deviation, char separator) {
-  if (!(deviation > 0) || !std::isfinite(deviation) || !std::isfinite(value))
-    return PlainText(value, separator, kSummaryDigits);
-  const double decade = std::floor(std::log10(deviation));
-  const int digits = deviation / std::pow(10.0, decade) < 2 ? 2 : 1;
-  const int decimals = std::min(digits - 1 - static_cast<int>(decade), kMostDecimals);
-  if (decimals >= 0)
-    return Formatted(value, {decimals, decimals}, separator) + " ± " +
-           Formatted(deviation, {decimals, decimals}, separator);
-  const double unit = std::pow(10.0, -decimals);
-  return PlainText(std::round(value / unit) * unit, separator) + " ± " +
-         PlainText(std::round(deviation / unit) * unit, separator);
-}
 
 ReportSummary SummaryOf(const FitProblem& problem, const SearchResult& result, Method method,
                         const EstimationSettings& settings, std::vector<std::string> files) {

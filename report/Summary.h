@@ -36,8 +36,4 @@ rich::Document SummaryDocument(const ReportSummary& summary, const FitProblem& p
                                const SearchResult& result, const Deviations& deviations,
                                const std::optional<FitVerdict>& verdict, TextStyle style);
 
-/// `value` +/- `deviation`: the deviation with one digit, or two where it begins with 1, and the
-/// value with as many decimals.
-std::string WithDeviation(double value, double deviation, char separator);
-
 }  // namespace velmora

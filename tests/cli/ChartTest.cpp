@@ -1,6 +1,8 @@
 // velmora-cli chart: pictures of any kind and format, and why there is none.
 #include <gtest/gtest.h>
 
+#include <nlohmann/json.hpp>
+
 #include "tests/cli/CommandLine.h"
 
 namespace velmora {
@@ -32,6 +34,23 @@ TEST(Chart, DrawsEveryKindInEveryFormat) {
   EXPECT_NE(portuguese, drawn(kMolasses + kConditions + "--as-given --kind parity ", "en.svg"));
 }
 
+TEST(Chart, GoesToStandardOutputAndTellsWhatItWasMadeOf) {
+  const std::string chart = "chart " + kBoth + "-o - ";
+  const Ran svg = RunCli(chart + "--as-given --set Ks=30 --json");
+  EXPECT_TRUE(svg.out.starts_with("<?xml")) << svg.err;
+  EXPECT_NE(svg.out, RunCli(chart + "--as-given").out);
+  const auto told = nlohmann::json::parse(svg.err);
+  EXPECT_EQ(told.at("format"), "svg");
+  EXPECT_EQ(told.at("made").at("files").size(), 2U);
+  EXPECT_FALSE(told.at("made").contains("seed")) << "nothing was searched";
+  const Ran other =
+      RunCli(chart + "--format png --dpi 50 --model Moser --fit u=1:0.5:3 --iu 1234 --json");
+  EXPECT_TRUE(other.out.starts_with("\x89PNG"));
+  const auto made = nlohmann::json::parse(other.err).at("made");
+  EXPECT_EQ(made.at("model"), "Moser");
+  EXPECT_EQ(made.at("seed"), 1234);
+}
+
 TEST(Chart, RefusesBeforeItFits) {
   const TemporaryFolder folder;
   struct Row {
@@ -46,7 +65,10 @@ TEST(Chart, RefusesBeforeItFits) {
         {kMolasses + kConditions + "-o " + path + "/no.svg", 3, "x/no.svg"},
         {kMolasses + kConditions + "-o " + path + ".svg --kind profile --as-given", 1,
          "a profile is drawn around the best values"},
-        {kMolasses + "-o " + path + ".svg --dpi 5000", 2, "--dpi"}}) {
+        {kMolasses + "-o " + path + ".svg --dpi 5000", 2, "--dpi"},
+        {kMolasses + "-o " + path + ".svg --model Aiba", 2, "--model needs a model"},
+        {kBoth + "-o " + path + ".svg --as-given --fit Ks=3:1:9", 2,
+         "--fit excludes --as-given"}}) {
     const Ran ran = RunCli("chart " + row.arguments);
     EXPECT_EQ(ran.code, row.code) << row.arguments;
     EXPECT_NE(ran.err.find(row.says), std::string::npos) << ran.err;

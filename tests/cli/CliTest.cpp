@@ -163,6 +163,19 @@ TEST_F(Cli, WritesWhatItPrintsWholeOrNotAtAll) {
   ExpectRefusal("score " + kBoth + "--json -o " + (folder_ / "no/file"), 3, R"("code":3)");
 }
 
+// Contois has Ks as g of substrate per g of cells.
+TEST_F(Cli, SaysWhichValuesAnotherModelTakesInAnotherUnit) {
+  const std::string score = "score " + kBoth + "--model Contois ";
+  EXPECT_NE(
+      RunCli(score).err.find("Ks stays as the conditions have it, in g/L; Contois takes it in g/g"),
+      std::string::npos);
+  for (const char* const silent : {"--set Ks=0.1", "--quiet"})
+    EXPECT_EQ(RunCli(score + silent).err, "") << silent;
+  EXPECT_EQ(RunCli("score " + kBoth + "--model Moser --set u=1").err, "");
+  EXPECT_NE(RunCli("fit " + kBoth + "--model Contois --fit Ks=0.3:0.01:10").out.find(" g/g\n"),
+            std::string::npos);
+}
+
 TEST_F(Cli, RefusesToFitASimulation) {
   const std::string manual =
       Conditions("manual.abr",

@@ -35,9 +35,18 @@ TEST_F(Compare, RanksModelsWithStartsOfTheirOwn) {
   EXPECT_NE(BytesOf(folder_ / "models.rtf").find("Best model: Monod"), std::string::npos);
 
   const std::string text = RunCli(compare + "--language pt").out;
-  EXPECT_NE(text.find("\nMelhor modelo: Monod\nµ = µmax·Cs/(Cs + Ks)\nµmáx = 0.18"),
+  EXPECT_NE(text.find("\nMelhor modelo: Monod\nµ = µmax·Cs/(Cs + Ks)\nµmáx = 0.180 ± 0.009 1/h\n"),
             std::string::npos)
       << text;
+}
+
+TEST_F(Compare, PrintsALineForEachModelThatIsDone) {
+  const std::string compare =
+      "compare " + kBoth + "--models Contois,Monod --progress --digits all ";
+  const std::string text = RunCli(compare).out;
+  EXPECT_TRUE(text.starts_with("models 1 of 2   ")) << text;
+  EXPECT_NE(text.find("\nmodels 2 of 2   0 s left\n"), std::string::npos) << text;
+  EXPECT_NE(text.find("\nµmáx = 0.18033400"), std::string::npos) << text;
 }
 
 TEST_F(Compare, RefusesWhatItCannotCompare) {

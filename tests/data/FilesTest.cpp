@@ -5,6 +5,7 @@
 #include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <csignal>
@@ -187,6 +188,14 @@ TEST(SafeSave, SaysBeforehandWhatItWouldChange) {
   std::filesystem::create_hard_link(folder / "file", folder / "other");
   EXPECT_TRUE(ChangesOfSaving(folder / "file").otherNames);
   EXPECT_EQ(ChangesOfSaving("/etc/passwd").owner, geteuid() != 0);
+  // An access list as Linux packs it: version 2; owner, user 1, group, mask, others (acl(5)).
+  EXPECT_FALSE(ChangesOfSaving(folder / "file").accessList);
+  const std::uint32_t none = ~0u,
+                      list[] = {2,    6u << 16 | 1,  none, 4u << 16 | 2,  1,   4u << 16 | 4,
+                                none, 4u << 16 | 16, none, 4u << 16 | 32, none};
+  const bool kept =
+      setxattr((folder / "file").c_str(), "system.posix_acl_access", list, sizeof list, 0) == 0;
+  EXPECT_EQ(ChangesOfSaving(folder / "file").accessList, kept);
   if (geteuid() != 0) return;
   ASSERT_EQ(chown((folder / "file").c_str(), 1234, 2345), 0);
   EXPECT_FALSE(SafeSave(folder / "file", "new"));

@@ -46,6 +46,18 @@ TEST(Student, HasItsQuantiles) {
   EXPECT_NEAR(NormalProbability(-1.959964), 0.025, 1e-7);
 }
 
+/// Rounded by hand: a tenth of half the width, or of the limit where that is smaller.
+TEST(Intervals, AreWordedInTheDigitsThatTheirWidthLeaves) {
+  Intervals intervals;
+  intervals.of = {{0.16342, 0.19917, {}}, {0.0213, 9.04, {}}, {123.4, std::nullopt, {}}};
+  const std::vector<FitVariable> variables = {kMuMax, kKs, kKs};
+  const std::string text = Worded(intervals, variables, false, {});
+  EXPECT_NE(text.find("\nµmáx = 0.1634 to 0.1992\nKs = 0.021 to 9.0\nKs = 123 or more;"),
+            std::string::npos)
+      << text;
+  EXPECT_NE(Worded(intervals, variables, true, {}).find("0.16342 to 0.19917"), std::string::npos);
+}
+
 // With one parameter the profile is the score itself: its limits are where the score, looked at in
 // small steps, passes SSE (1 + t²/(n - 1)); here n is 3 variables of 12 scored points.
 TEST(Intervals, ProfileEndsWhereTheScorePassesItsLimit) {
