@@ -5,7 +5,7 @@ function(velmora_debian_files component package)
   set(documents ${usr}/share/doc/${package})
   file(MAKE_DIRECTORY ${documents})
   file(REMOVE ${documents}/LICENSE)
-  file(COPY_FILE ${CPACK_VELMORA_PACKAGING}/copyright ${documents}/copyright)
+  file(COPY_FILE ${CPACK_VELMORA_COPYRIGHT} ${documents}/copyright)
   execute_process(COMMAND date -u -R -d ${CPACK_VELMORA_RELEASE_DATE}
     OUTPUT_VARIABLE date OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
   file(WRITE ${documents}/changelog.Debian "\
