@@ -1,16 +1,14 @@
 // velmora-cli batch: many commands from a list, one JSON line in, one JSON line out.
-#include <fcntl.h>
-#include <sys/file.h>
-#include <unistd.h>
-
+#include <cerrno>
 #include <charconv>
 #include <limits>
 #include <nlohmann/json.hpp>
 
 #include "cli/Arguments.h"
 #include "cli/Json.h"
-#include "data/Descriptor.h"
 #include "data/FileBytes.h"
+#include "data/SystemFault.h"
+#include "platform/System.h"
 
 namespace velmora::cli {
 namespace {
@@ -147,11 +145,9 @@ class Results {
  public:
   Results(const std::string& path, const Console& console) : path_(path), console_(console) {
     if (path_.empty() || path_ == kStandard) return;
-    file_.emplace(Uninterrupted(
-        [&] { return open(path_.c_str(), O_RDWR | O_CREAT | O_APPEND | O_CLOEXEC, 0666); }));
+    file_ = OpenFile::ToContinue(path_);
     if (!file_->IsOpen()) Fail();
-    if (flock(file_->Number(), LOCK_EX | LOCK_NB) != 0)
-      throw Failure{ExitCode::File, console_.say(TextId::BatchInUse), {path_}};
+    if (!file_->TryLock()) throw Failure{ExitCode::File, console_.say(TextId::BatchInUse), {path_}};
   }
 
   /// How many of the lines are done. Throws a `Failure` where the file is of another list.
@@ -161,7 +157,7 @@ class Results {
     RequireDone(file.fault, console_.say);
     std::string text = std::move(file.bytes);
     text.erase(text.rfind('\n') + 1);
-    if (ftruncate(file_->Number(), static_cast<off_t>(text.size())) != 0) Fail();
+    if (!file_->Cut(text.size())) Fail();
     std::size_t done = 0;
     for (const ListLine& result : LinesOf(text)) {
       if (done == lines.size() || !result.text.starts_with(Beginning(lines[done])))
@@ -176,14 +172,9 @@ class Results {
   /// Each line is on the disk before the next command runs.
   void Append(const std::string& line) {
     if (!file_) return console_.Print(line);
-    std::string_view rest = line;
-    while (!rest.empty()) {
-      const ssize_t written =
-          Uninterrupted([&] { return write(file_->Number(), rest.data(), rest.size()); });
-      if (written <= 0) Fail();
-      rest.remove_prefix(static_cast<std::size_t>(written));
-    }
-    if (fsync(file_->Number()) != 0 && errno != EINVAL) Fail();
+    if (!file_->Write(line)) Fail();
+    // A pipe or a device has no disk.
+    if (!file_->Flush() && errno != EINVAL) Fail();
   }
 
   bool AnyFailed() const { return failed_; }
@@ -196,7 +187,7 @@ class Results {
 
   const std::string path_;
   const Console& console_;
-  std::optional<Descriptor> file_;
+  std::optional<OpenFile> file_;
   bool failed_ = false;
 };
 

@@ -1,7 +1,5 @@
 #include "cli/Console.h"
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -12,6 +10,7 @@
 
 #include "data/FileBytes.h"
 #include "data/SafeSave.h"
+#include "platform/System.h"
 
 namespace velmora::cli {
 namespace {
@@ -73,7 +72,7 @@ std::optional<FileFault> Output::Save() const {
 }
 
 void Console::Print(std::string_view text) const {
-  const bool shown = !output_.Keeps() && isatty(STDOUT_FILENO) != 0;
+  const bool shown = !output_.Keeps() && IsTerminal(Stream::Output);
   const std::string visible = shown ? Visible(text) : std::string();
   if (!output_.Write(shown ? visible : text))
     throw Failure{ExitCode::File, say(TextId::OutputFailed, {std::strerror(errno)})};

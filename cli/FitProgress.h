@@ -1,9 +1,7 @@
-// What is shown of a running search, and the signals that stop it.
+// What is shown of a running search, which a signal stops.
 #pragma once
 
-#include <array>
 #include <chrono>
-#include <csignal>
 #include <optional>
 #include <span>
 #include <string>
@@ -11,27 +9,9 @@
 #include "cli/Console.h"
 #include "cultivation/CultivationForm.h"
 #include "estimation/SearchResult.h"
+#include "platform/System.h"
 
 namespace velmora::cli {
-
-inline constexpr std::array kStopSignals = {SIGINT, SIGTERM, SIGHUP};
-
-/// While one of these lives the first Ctrl-C (SIGINT), SIGTERM or SIGHUP is only noted; a second
-/// one ends the program at once. What the program was started to ignore, as under nohup, stays
-/// ignored. At most one lives at a time.
-class StopSignals {
- public:
-  StopSignals();
-  ~StopSignals();
-  StopSignals(const StopSignals&) = delete;
-  StopSignals& operator=(const StopSignals&) = delete;
-
-  /// The signal that was noted; 0 where none was.
-  int Noted() const;
-
- private:
-  std::array<struct sigaction, kStopSignals.size()> before_{};
-};
 
 enum class ProgressForm {
   None,

@@ -1,10 +1,10 @@
 // velmora-cli: the program without a window.
-#include <csignal>
 #include <new>
 #include <variant>
 
 #include "cli/Arguments.h"
 #include "cli/Json.h"
+#include "platform/System.h"
 
 namespace velmora::cli {
 namespace {
@@ -45,8 +45,7 @@ ExitCode RunToOutput(const Arguments& arguments) {
 }
 
 ExitCode Main(int argc, const char* const* argv) {
-  // A closed pipe is to be an error of writing, not the program's end without a word.
-  std::signal(SIGPIPE, SIG_IGN);
+  LetClosedPipesFail();
   try {
     return RunToOutput(ParseArguments(argc, argv));
   } catch (const UsageError& error) {

@@ -1,10 +1,5 @@
 #include "session/Recovery.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <charconv>
 #include <cstdlib>
@@ -168,23 +163,16 @@ RecoveryFile::RecoveryFile(const std::string& folder) {
 }
 
 RecoveryFile::~RecoveryFile() {
-  if (lock_ < 0) return;
-  unlink(LockOf(path_).c_str());
-  close(lock_);
+  if (lock_.IsOpen()) RemoveFile(LockOf(path_));
 }
 
 bool RecoveryFile::Hold(const std::string& path) {
-  const int lock = open(LockOf(path).c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR);
-  if (lock < 0) return false;
-  struct stat held = {}, named = {};
+  OpenFile lock = OpenFile::ToLock(LockOf(path));
+  if (!lock.IsOpen() || !lock.TryLock()) return false;
   // Another program may have removed the lock's name between the two calls.
-  const bool ours = flock(lock, LOCK_EX | LOCK_NB) == 0 && fstat(lock, &held) == 0 &&
-                    stat(LockOf(path).c_str(), &named) == 0 && held.st_ino == named.st_ino;
-  if (!ours) {
-    close(lock);
-    return false;
-  }
-  lock_ = lock;
+  const auto held = lock.State(), named = StateOf(LockOf(path));
+  if (!held || !named || held->identity != named->identity) return false;
+  lock_ = std::move(lock);
   path_ = path;
   return true;
 }

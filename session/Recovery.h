@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "data/FileFault.h"
+#include "platform/System.h"
 #include "session/Operations.h"
 #include "session/Session.h"
 
@@ -47,7 +48,7 @@ class RecoveryFile {
   bool Hold(const std::string& path);
 
   std::string path_;  // empty where none is held
-  int lock_ = -1;     // a file descriptor
+  OpenFile lock_;
 };
 
 }  // namespace velmora
