@@ -30,6 +30,10 @@ constexpr int kBlocksOfMembers = 4;
 // Trials that stand ready, at most, for each that is scored at once.
 constexpr std::size_t kReadyTrials = 4;
 
+// A population so many times as large as what lanes hold seldom has a member replaced that a trial
+// ahead was made from.
+constexpr double kLarge = 12;
+
 constexpr double kMostCounted = std::numeric_limits<int>::max();
 
 /// The whole part of NPOP. A population that no memory could hold is refused as such.
@@ -65,7 +69,10 @@ class Evolution {
         mutant_(variables_.size()),
         trial_(variables_.size()),
         replaced_(static_cast<std::size_t>(members_) + kIndexOffset),
-        ready_(kReadyTrials * objective_.Together(workspace_)),
+        together_(members_ < kLarge * static_cast<double>(objective_.Together(workspace_))
+                      ? objective_.Filling(workspace_)
+                      : objective_.Together(workspace_)),
+        ready_(kReadyTrials * together_),
         before_(ready_.size()) {
     for (auto* trials : {&ready_, &before_})
       for (TrialAhead& trial : *trials) trial.x.resize(Size());
@@ -118,6 +125,7 @@ class Evolution {
   std::vector<double> trial_;
   std::vector<char> replaced_;  // members, in this generation
   // The trials that are made but have not had their turn: ready_[first_] to ready_[last_ - 1].
+  const std::size_t together_;  // trials that are scored in one call
   std::vector<TrialAhead> ready_, before_;
   std::size_t first_ = 0, last_ = 0;
   std::vector<double> unscored_;
@@ -291,9 +299,7 @@ void Evolution::LookAhead(int turn) {
   else
     random_.ReturnTo(before_[first].position);
   first_ = last_ = 0;
-  const std::size_t together = objective_.Counts(objective_.Together(workspace_), workspace_)
-                                   ? objective_.Together(workspace_)
-                                   : 1;
+  const std::size_t together = objective_.Counts(together_, workspace_) ? together_ : 1;
   unscored_.clear();
   std::size_t fresh = 0;
   for (int target = turn; target <= members_ && fresh < together && last_ < ready_.size();

@@ -7,11 +7,19 @@
 
 namespace velmora {
 
+/// What values in lanes are divided by, the same in every lane.
+struct KnownDivisor {
+  KnownDivisor() = default;
+  explicit KnownDivisor(double divisor);
+
+  double value = 1, reciprocal = 1, rest = 0;  // 1/value = reciprocal + rest
+};
+
 /// A measured point between two model points.
 struct ComparedPoint {
   std::size_t upper;             // the model point behind it, from 0
   double since;                  // h, from the model point before it
-  double width;                  // h, between the two
+  KnownDivisor width;            // h, between the two
   PerVariable<double> measured;  // over the scales
 };
 
@@ -19,20 +27,16 @@ struct ComparedPoint {
 struct ComparedPoints {
   const ComparedPoint* points;
   std::size_t count;
-  PerVariable<double> scale;
+  const PerVariable<KnownDivisor>& scale;
 };
 
-/// Adds to `sums`, one for each lane, the squared errors of the curves, 100 x 3 x lanes. Writes
-/// the residuals, measured minus model over the scale, as (3 x points) x lanes, where there is a
-/// place for them.
-using LaneResiduals = void (*)(const double* curves, const ComparedPoints& measured, double* sums,
-                               double* residuals);
-
-struct LaneResidualsOfWidth {
-  LaneResiduals narrow, wide;  // over one vector, and over as many as are marched together
-};
+/// Adds to `sums`, one for each lane of one vector, the squared errors of the curves, 100 x 3 x
+/// `lanes`. Writes the residuals, measured minus model over the scale, as (3 x points) x lanes of
+/// one vector, where there is a place for them.
+using LaneResiduals = void (*)(const double* curves, std::size_t lanes,
+                               const ComparedPoints& measured, double* sums, double* residuals);
 
 /// For the vectors of `LaneMarchesHere`.
-LaneResidualsOfWidth LaneResidualsFor(std::size_t width);
+LaneResiduals LaneResidualsFor(std::size_t width);
 
 }  // namespace velmora

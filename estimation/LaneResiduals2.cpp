@@ -2,8 +2,7 @@
 
 namespace velmora {
 
-extern const LaneResidualsOfWidth kLaneResiduals2;
-constinit const LaneResidualsOfWidth kLaneResiduals2{&CompareLanes<Lanes<2, 1>>,
-                                                     &CompareLanes<Lanes<2, 3>>};
+extern const LaneResiduals kLaneResiduals2;
+constinit const LaneResiduals kLaneResiduals2 = &CompareLanes<Lanes<2, 1>>;
 
 }  // namespace velmora

@@ -2,8 +2,7 @@
 
 namespace velmora {
 
-extern const LaneResidualsOfWidth kLaneResiduals4;
-constinit const LaneResidualsOfWidth kLaneResiduals4{&CompareLanes<Lanes<4, 1>>,
-                                                     &CompareLanes<Lanes<4, 4>>};
+extern const LaneResiduals kLaneResiduals4;
+constinit const LaneResiduals kLaneResiduals4 = &CompareLanes<Lanes<4, 1>>;
 
 }  // namespace velmora

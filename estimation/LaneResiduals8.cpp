@@ -2,8 +2,7 @@
 
 namespace velmora {
 
-extern const LaneResidualsOfWidth kLaneResiduals8;
-constinit const LaneResidualsOfWidth kLaneResiduals8{&CompareLanes<Lanes<8, 1>>,
-                                                     &CompareLanes<Lanes<8, 3>>};
+extern const LaneResiduals kLaneResiduals8;
+constinit const LaneResiduals kLaneResiduals8 = &CompareLanes<Lanes<8, 1>>;
 
 }  // namespace velmora

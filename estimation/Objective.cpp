@@ -12,9 +12,6 @@ namespace {
 // deterministic, so that once is enough.
 constexpr int kScoringPasses = 1;
 
-// Fewer simulations than this take less time than to hand them to another thread.
-constexpr std::size_t kWorthSharing = 24;
-
 double Square(double value) {
   return value * value;
 }
@@ -218,10 +215,12 @@ std::size_t Objective::Scored() const {
   return values;
 }
 
-/// How many candidates go into one block: no more than each thread's share.
+/// How many candidates go into one block: no more than each thread's share, where they take more
+/// lanes than go together.
 std::size_t Objective::BlockSize(std::size_t candidates, unsigned threads) const {
   if (!lanes_.Serve() || variables_.empty()) return 1;
-  return lanes_.BlockOf((candidates + threads - 1) / threads);
+  if (candidates * experiments_.size() <= lanes_.Together()) return candidates;
+  return std::min((candidates + threads - 1) / threads, lanes_.Together());
 }
 
 void Objective::Score(std::span<const double> candidates, std::span<CandidateScore> scores,
@@ -230,18 +229,14 @@ void Objective::Score(std::span<const double> candidates, std::span<CandidateSco
   if (!Counts(scores.size(), workspace))
     return ScoreInTurn(candidates, scores, residuals, workspace);
   const std::size_t size = variables_.size(), row = residuals.empty() ? 0 : Scored();
-  const bool shared = scores.size() * experiments_.size() >= kWorthSharing;
-  const std::size_t block = BlockSize(scores.size(), shared ? workspace.Threads() : 1);
+  const std::size_t block = BlockSize(scores.size(), workspace.Threads());
   const std::size_t blocks = (scores.size() + block - 1) / block;
   const auto score = [&](std::size_t item, unsigned worker) {
     const std::size_t first = item * block, count = std::min(block, scores.size() - first);
     ScoreBlock(candidates.subspan(first * size, count * size), scores.subspan(first, count),
                residuals.subspan(first * row, count * row), workspace.threads_[worker]);
   };
-  if (shared)
-    workspace.workers_->ForEach(blocks, score);
-  else
-    for (std::size_t item = 0; item < blocks; ++item) score(item, 0);
+  workspace.workers_->ForEach(blocks, score);
   for (const CandidateScore& scored : scores)
     workspace.SetEvaluations(workspace.Evaluations() + scored.rateEvaluations);
 }
@@ -263,7 +258,8 @@ void Objective::ScoreBlock(std::span<const double> candidates, std::span<Candida
   const std::size_t size = variables_.size(), row = residuals.size() / scores.size();
   std::array<double, kMostLanes> sums;
   sums.fill(std::numeric_limits<double>::quiet_NaN());
-  if (scores.size() > 1)
+  // One simulation alone takes less time than a vector of them.
+  if (lanes_.Serve() && scores.size() * experiments_.size() > 1 && !variables_.empty())
     lanes_.Score(candidates, std::span(sums).first(scores.size()), residuals, memory.lanes);
   for (std::size_t i = 0; i < scores.size(); ++i) {
     if (std::isfinite(sums[i]))

@@ -95,7 +95,11 @@ class Objective {
   void Score(std::span<const double> candidates, std::span<CandidateScore> scores,
              std::span<double> residuals, Workspace& workspace) const;
 
-  /// How many candidates are best scored in one call.
+  /// How many candidates are best scored in one call: those that take next to no more time than
+  /// fewer would, or else as many as all lanes hold.
+  std::size_t Filling(const Workspace& workspace) const {
+    return (lanes_.Serve() ? lanes_.Filling() : 1) * workspace.Threads();
+  }
   std::size_t Together(const Workspace& workspace) const {
     return (lanes_.Serve() ? lanes_.Together() : 1) * workspace.Threads();
   }

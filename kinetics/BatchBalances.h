@@ -32,9 +32,9 @@ template <class Number>
 
 /// dCs/dt: maintenance, growth and product formation (Pirt 1965; Luedeking and Piret 1959).
 template <class Number>
-[[gnu::always_inline]] inline Number Substrate(Number Cx, Number ms, Number mu, Number Yxs,
+[[gnu::always_inline]] inline Number Substrate(Number Cx, Number ms, Number mu, const auto& Yxs,
                                                Number Fp, Number alpha, Number productionOn,
-                                               Number beta, Number Yps) {
+                                               Number beta, const auto& Yps) {
   return -Cx * (ms + mu / Yxs + Fp * (alpha * mu + productionOn * beta) / Yps);
 }
 

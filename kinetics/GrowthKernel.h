@@ -58,7 +58,7 @@ struct Substrate<SubstrateTerm::Moser> {
 template <>
 struct Substrate<SubstrateTerm::Andrews> {
   [[gnu::always_inline]] static auto Quotient(const auto& p, const auto& s, auto& reach) {
-    const auto denominator = s.Cs + p[At::Ks] + s.Cs * (s.Cs / p[At::Kis]);
+    const auto denominator = s.Cs + p[At::Ks] + s.Cs * (s.Cs / DivisorOf(p, At::Kis));
     reach.Add(denominator);
     return p[At::muMax] * s.Cs / denominator;
   }
@@ -68,7 +68,7 @@ struct Substrate<SubstrateTerm::Andrews> {
 template <>
 struct Substrate<SubstrateTerm::Wu> {
   [[gnu::always_inline]] static auto Quotient(const auto& p, const auto& s, auto& reach) {
-    const auto inhibition = Power(s.Cs / p[At::Kis], p[At::v]);
+    const auto inhibition = Power(s.Cs / DivisorOf(p, At::Kis), p[At::v]);
     const auto denominator = s.Cs + p[At::Ks] + s.Cs * inhibition;
     reach.Add(denominator);
     return p[At::muMax] * s.Cs / denominator;
@@ -119,7 +119,7 @@ struct Product<ProductTerm::Levenspiel> {
     s.Cp = Select(p[At::CpAst] < s.Cp, p[At::CpAst], s.Cp);
   }
   [[gnu::always_inline]] static auto Early(const auto& p, const auto& s) {
-    return Power(1.0 - s.Cp / p[At::CpAst], p[At::n]);
+    return Power(1.0 - s.Cp / DivisorOf(p, At::CpAst), p[At::n]);
   }
   [[gnu::always_inline]] static auto Late(const auto& p, const auto& s, auto& reach) {
     WatchHoppeDivisor(p, s, reach);
@@ -140,7 +140,7 @@ struct Cells<CellTerm::Lee> {
     s.Cx = Select(p[At::CxAst] < s.Cx, p[At::CxAst], s.Cx);
   }
   [[gnu::always_inline]] static auto Factor(const auto& p, const auto& s) {
-    return Power(1.0 - s.Cx / p[At::CxAst], p[At::m]);
+    return Power(1.0 - s.Cx / DivisorOf(p, At::CxAst), p[At::m]);
   }
 };
 

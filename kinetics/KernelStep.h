@@ -26,7 +26,8 @@ template <class Number>
   return {d * a.Cx, d * a.Cs, d * a.Cp};
 }
 template <class Number>
-[[gnu::always_inline]] inline BasicState<Number> operator/(const BasicState<Number>& a, double d) {
+[[gnu::always_inline]] inline BasicState<Number> operator/(const BasicState<Number>& a,
+                                                           const auto& d) {
   return {a.Cx / d, a.Cs / d, a.Cp / d};
 }
 
@@ -45,9 +46,10 @@ template <class Number>
 
 /// One classical step. `changes(stage, state)` gives the step's length times the three balances;
 /// its guards act on the state that it is handed, in stage 1 the state of the cultivation itself.
+/// `six` is the number of that name, in whatever form is best divided by.
 template <class Number, class Changes>
 [[gnu::always_inline]] inline BasicState<Number> ClassicalStep(BasicState<Number> state,
-                                                               Changes&& changes) {
+                                                               const auto& six, Changes&& changes) {
   constexpr double kWeight[] = {1, 2, 2, 1};
   constexpr double kNext[] = {0.5, 0.5, 1, 0};  // how far the next stage goes along the change
   BasicState<Number> at = state, sum{0.0, 0.0, 0.0};
@@ -59,7 +61,7 @@ template <class Number, class Changes>
     sum = sum + kWeight[stage - 1] * k;
     at = state + kNext[stage - 1] * k;
   }
-  return state + sum / 6;
+  return state + sum / six;
 }
 
 /// A growth kernel and the balances around it.
@@ -69,7 +71,7 @@ struct ComposedKernel {
   template <class Number>
   [[gnu::always_inline]] static BasicState<Number> Step(const auto& p,
                                                         const BasicState<Number>& start,
-                                                        const Number& h,
+                                                        const Number& h, const auto& six,
                                                         kernel::Reach<Number>& reach) {
     const BasicIndicators<Number> on = IndicatorsAt(start, p);
     const auto changes = [&](int, BasicState<Number>& s) __attribute__((always_inline)) {
@@ -77,12 +79,13 @@ struct ComposedKernel {
       const Number mu = GrowthRate(p, s, reach);
       return BasicState<Number>{
           h * balance::Cells<Number>(s.Cx, mu, on.deathOn, p[At::Kd]),
-          h * balance::Substrate<Number>(s.Cx, p[At::ms], mu, p[At::Yxs], p[At::Fp], p[At::alpha],
-                                         on.productionOn, p[At::beta], p[At::Yps]),
+          h * balance::Substrate<Number>(s.Cx, p[At::ms], mu, DivisorOf(p, At::Yxs), p[At::Fp],
+                                         p[At::alpha], on.productionOn, p[At::beta],
+                                         DivisorOf(p, At::Yps)),
           h * balance::Product<Number>(s.Cx, p[At::alpha], mu, on.productionOn, p[At::beta],
                                        p[At::Kdp], s.Cp)};
     };
-    const BasicState<Number> end = ClassicalStep(WithoutTraces(start), changes);
+    const BasicState<Number> end = ClassicalStep(WithoutTraces(start), six, changes);
     AddState(end, reach);
     return end;
   }

@@ -68,6 +68,11 @@ struct PositionedValues {
 using KineticParameters = PositionedValues<30>;
 using ConditionsRow = PositionedValues<31>;
 
+/// A parameter that a kernel divides by; lanes have it in a form of their own.
+inline const double& DivisorOf(const KineticParameters& parameters, At position) {
+  return parameters[position];
+}
+
 /// Positions 1..30 of a conditions row.
 inline KineticParameters VectorOf(const ConditionsRow& row) {
   KineticParameters vector;

@@ -25,10 +25,11 @@ std::size_t WantedWidth() {
 
 const LaneMarches* Widest(std::size_t width) {
 #ifdef VELMORA_WIDE_LANES
-  if (width >= 8 && __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512dq") &&
-      __builtin_cpu_supports("avx512vl"))
+  const bool fuses = __builtin_cpu_supports("fma");
+  if (width >= 8 && fuses && __builtin_cpu_supports("avx512f") &&
+      __builtin_cpu_supports("avx512dq") && __builtin_cpu_supports("avx512vl"))
     return &kLaneMarches8;
-  if (width >= 4 && __builtin_cpu_supports("avx2")) return &kLaneMarches4;
+  if (width >= 4 && fuses && __builtin_cpu_supports("avx2")) return &kLaneMarches4;
 #endif
   return width >= 2 ? &kLaneMarches2 : nullptr;
 }

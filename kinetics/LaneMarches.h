@@ -33,7 +33,7 @@ struct LaneMarches {
 const LaneMarches* LaneMarchesHere();
 
 /// The most lanes that any processor takes together.
-inline constexpr std::size_t kMostLanes = 24;
+inline constexpr std::size_t kMostLanes = 32;
 
 /// The place in the catalogue of the model whose kernel integrates a row with these switches; none
 /// where only the general law serves.
@@ -42,5 +42,8 @@ std::ptrdiff_t KernelOf(const KineticParameters& parameters);
 /// Whether a value at this position keeps an integration in the range in which it can fault only
 /// through its state.
 bool IsTame(At position, double value);
+
+/// Whether lanes may take it besides: nothing tiny, which their divisions could not round.
+bool SuitsLanes(At position, double value);
 
 }  // namespace velmora

@@ -3,6 +3,6 @@
 namespace velmora {
 
 extern const LaneMarches kLaneMarches8;
-constinit const LaneMarches kLaneMarches8 = MarchesOf<8, 3>();
+constinit const LaneMarches kLaneMarches8 = MarchesOf<8, 4>();
 
 }  // namespace velmora

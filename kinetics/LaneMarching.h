@@ -13,12 +13,32 @@ namespace {
 
 /// The parameters of as many batches as there are lanes.
 template <class Number>
-struct LaneParameters {
-  const double* values;
+class LaneParameters {
+ public:
+  [[gnu::always_inline]] explicit LaneParameters(const double* values) : values_(values) {
+    for (const At position : {At::Yxs, At::Yps, At::Kis, At::CxAst, At::CpAst})
+      divisors_[IndexOf(position)] = Divisor<Number>((*this)[position]);
+  }
 
   [[gnu::always_inline]] Number operator[](At position) const {
-    return Number::From(values + (static_cast<unsigned>(position) - 1) * Number::kLanes);
+    return Number::From(values_ + (static_cast<unsigned>(position) - 1) * Number::kLanes);
   }
+  [[gnu::always_inline]] friend const Divisor<Number>& DivisorOf(const LaneParameters& parameters,
+                                                                 At position) {
+    return parameters.divisors_[IndexOf(position)];
+  }
+
+ private:
+  static constexpr unsigned IndexOf(At position) {
+    return position == At::Yxs     ? 0
+           : position == At::Yps   ? 1
+           : position == At::Kis   ? 2
+           : position == At::CxAst ? 3
+                                   : 4;
+  }
+
+  const double* values_;
+  Divisor<Number> divisors_[5];
 };
 
 /// The point `i` of curves in lanes.
@@ -45,7 +65,7 @@ template <class Number>
 /// What the rate law reaches in the initial state, which it takes as it stands.
 template <class Number, class Kernel>
 [[gnu::noinline]] void LookAtStart(const double* parameters, double* curve, double* reach) {
-  const LaneParameters<Number> p{parameters};
+  const LaneParameters<Number> p(parameters);
   BasicState<Number> initial{p[At::Cx0], p[At::Cs0], p[At::Cp0]};
   PointOf<Number>(curve, 0).Store(initial);
   kernel::Reach<Number> reached;
@@ -53,16 +73,27 @@ template <class Number, class Kernel>
   Select(reached.zeroDivisor, Number(kInfinite), reached.sum).To(reach);
 }
 
+/// Whether a product has just come to be, in a trace beyond what divisions in lanes can round. All
+/// else that is added to a state is next to nothing there, or not so small.
+template <class Number>
+[[gnu::always_inline]] inline auto IsBeyondTrace(Number Cp) {
+  const Number magnitude = Magnitude(Cp);
+  return (magnitude < 1e-200) & (magnitude > 0.0);
+}
+
 template <class Number, class Kernel>
 void MarchLanes(const double* parameters, double* curve, double* reach) {
   LookAtStart<Number, Kernel>(parameters, curve, reach);
-  const LaneParameters<Number> p{parameters};
+  const LaneParameters<Number> p(parameters);
   const Number h = p[At::T] / static_cast<double>(kModelPoints - 1);
+  const Divisor<Number> six(Number(6.0));
   kernel::Reach<Number> reached;
   reached.sum = Number::From(reach);
   for (unsigned i = 1; i < static_cast<unsigned>(kModelPoints); ++i) {
     const BasicState<Number> start = PointOf<Number>(curve, i - 1).Load();
-    PointOf<Number>(curve, i).Store(Kernel::Step(p, start, h, reached));
+    const BasicState<Number> end = Kernel::Step(p, start, h, six, reached);
+    PointOf<Number>(curve, i).Store(end);
+    reached.zeroDivisor = reached.zeroDivisor | IsBeyondTrace(end.Cp);
   }
   Select(reached.zeroDivisor, Number(kInfinite), reached.sum).To(reach);
 }

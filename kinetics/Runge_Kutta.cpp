@@ -108,6 +108,11 @@ bool IsTame(At position, double value) {
   }
 }
 
+bool SuitsLanes(At position, double value) {
+  if (position == At::u && value == 0) return false;  // growth without substrate
+  return IsTame(position, value) && (value == 0 || std::fabs(value) > 1 / kTame);
+}
+
 double Runge_Kutta::GeneralGrowthRate(BatchState& s) {
   KineticParameters& p = working_;
   return laws_.GrowthRate(s.Cx, s.Cs, s.Cp, p[At::muMax], p[At::Ks], p[At::Kis], p[At::Kip],
@@ -119,7 +124,7 @@ BatchState Runge_Kutta::GeneralStep(BatchState state, double h) {
   const KineticParameters& p = working_;
   const BasicIndicators<double> on = IndicatorsAt(state, p);
   const BatchState end =
-      ClassicalStep(WithoutTraces(state), [&](int stage, BatchState& s) -> BatchState {
+      ClassicalStep(WithoutTraces(state), 6.0, [&](int stage, BatchState& s) -> BatchState {
         stage_ = stage;
         RequireFinite(s);
         const double mu = GeneralGrowthRate(s);
@@ -154,7 +159,7 @@ void Runge_Kutta::MarchKernel(ModelCurve& curve) {
   const KineticParameters parameters = working_;
   March(curve, [&](const BatchState& state, double h) {
     kernel::Reach<double> reach;
-    const BatchState end = Kernel::Step(parameters, state, h, reach);
+    const BatchState end = Kernel::Step(parameters, state, h, 6.0, reach);
     // A step that left the safe range is taken again by the general law, which names the fault at
     // the operation where it arises, or finds that there is none.
     if (!(reach.sum < kTame) || reach.zeroDivisor) return GeneralStep(state, h);

@@ -59,6 +59,14 @@ std::vector<KineticParameters> Rows(const Model& model, std::mt19937_64& random)
       p[position] *= between(0.3, 1.7);
     SetModelSwitches(model, p);
     if (lane % 7 == 1) p[At::Kip] = -p[At::B2] - p[At::Cp0];  // Hoppe's divisor is zero
+    if (lane % 7 == 2)  // the divisors whose reciprocals are worst rounded
+      for (const At position : {At::Yxs, At::Yps, At::Kis, At::CxAst, At::CpAst})
+        p[position] = std::nextafter(std::exp2(std::ceil(std::log2(p[position]))), 0);
+    if (lane % 7 == 3) {  // a product beyond any trace
+      p[At::alpha] = 1e-322 * between(1, 100);
+      p[At::Cp0] = 0;
+      p[At::beta] = 0;
+    }
     rows.push_back(p);
   }
   return rows;
