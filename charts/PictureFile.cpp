@@ -65,9 +65,11 @@ std::string PictureOf(std::vector<ChartContent> charts, int columns,
   const double wide = static_cast<double>(width) / columns, high = (height - strip) / rows;
   const ChartStyle style{PointStyle::Markers, unit, kLetters};
   if (columns == 1) AlignLegends(charts, {0, 0, wide, high}, canvas, style);
-  for (int i = 0; i < count; ++i)
-    DrawChart(canvas, {wide * (i % columns), high * (i / columns), wide, high},
-              charts[static_cast<std::size_t>(i)], style);
+  for (int i = 0; i < count; ++i) {
+    const int row = i / columns, column = i % columns;
+    DrawChart(canvas, {wide * column, high * row, wide, high}, charts[static_cast<std::size_t>(i)],
+              style);
+  }
   if (strip > 0)
     DrawLegendStrip(canvas, {0, height - strip, static_cast<double>(width), strip}, legend, unit);
   return canvas.Bytes();

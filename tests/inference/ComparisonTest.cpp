@@ -4,6 +4,8 @@
 #include <limits>
 
 #include "inference/ComparisonTexts.h"
+#include "inference/FitSummary.h"
+#include "language/Numbers.h"
 #include "tests/support/Fermentations.h"
 
 namespace velmora {
@@ -88,6 +90,23 @@ TEST(Comparison, ExplainsEachVariable) {
   for (const double value : Cs) sum += value, squares += value * value;
   const double spread = squares - sum * sum / static_cast<double>(Cs.size());
   EXPECT_NEAR(comparison.models[0].explained.Cs, 1 - share * scale * scale / spread, 1e-9);
+
+  SearchResult result = comparison.models[0].result;
+  std::fill(problem.experiments[0].Cp.begin(), problem.experiments[0].Cp.end(), 0);
+  const std::vector<std::string> lines = SummaryLines(problem, result, 200, {});
+  ASSERT_EQ(lines.size(), 3U);
+  EXPECT_EQ(lines[0], "Ended: all starts were searched to their optimum.");
+  EXPECT_NE(lines[2].find(", Cs " + Formatted(comparison.models[0].explained.Cs, kFour, '.')),
+            std::string::npos);
+  EXPECT_EQ(lines[2].find("Cp"), std::string::npos) << "it does not vary";
+  result.starts = 0, result.generations = 7;
+  for (const auto& [end, part] : {std::pair(SearchEnd::Stopped, "in generation 7."),
+                                  {SearchEnd::GenerationLimit, "after all 7 generations"},
+                                  {SearchEnd::Converged, "7"},
+                                  {SearchEnd::Fault, "could not be computed"}}) {
+    result.end = end;
+    EXPECT_NE(EndReason(result, 200, Language::English).find(part), std::string::npos) << part;
+  }
 }
 
 TEST(Comparison, ListsWhatCannotBeFitted) {

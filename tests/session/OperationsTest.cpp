@@ -1,6 +1,7 @@
 // What the user's operations change in the state, and what they leave as it is.
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <memory>
 
 #include "data/ExperimentFile.h"
@@ -263,6 +264,22 @@ TEST(StartSearch, StoresItsStartValuesForAllExperiments) {
   const CultivationConditions before = session.conditions;
   StartSearch(session, form);
   EXPECT_EQ(session.conditions, before);
+}
+
+TEST(OpenExperiments, ShowsATableBeforeItIsTakenOrSaysWhyNot) {
+  const TemporaryFolder folder;
+  std::ofstream(folder / "good.csv") << "run,t_min,Cs,Cx,Cp\n7,0,10,1,0\n7,60,8,2,1\n8,0,9,1,0\n";
+  std::ofstream(folder / "bad.csv") << "t,Cs,Cx,Cp\n0,10,x,0\n";
+  const Session session = Cultivation(0);
+  const ExperimentsFile good = ReadExperimentsFile(session, folder / "good.csv");
+  ASSERT_TRUE(good.preview && good.Usable());
+  const std::string preview = OnOneLine(Worded(*good.preview, Language::English));
+  EXPECT_NE(preview.find("holds 2 experiment(s)"), std::string::npos) << preview;
+  EXPECT_NE(preview.find("Cp (g/L)\t 0\t10\t1\t0\t 1\t8\t2\t1"), std::string::npos) << preview;
+  const ExperimentsFile bad = ReadExperimentsFile(session, folder / "bad.csv");
+  ASSERT_TRUE(bad.refusal && !bad.Usable());
+  const std::string refusal = OnOneLine(Worded(*bad.refusal, Language::English));
+  EXPECT_NE(refusal.find("bad.csv Line 2: Cx: "), std::string::npos) << refusal;
 }
 
 TEST(EndSearch, KeepsTheLastRunWithAResultAsItWas) {
