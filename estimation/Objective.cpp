@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 #include <limits>
 
 namespace velmora {
@@ -236,7 +237,7 @@ void Objective::Score(std::span<const double> candidates, std::span<CandidateSco
     ScoreBlock(candidates.subspan(first * size, count * size), scores.subspan(first, count),
                residuals.subspan(first * row, count * row), workspace.threads_[worker]);
   };
-  workspace.workers_->ForEach(blocks, score);
+  workspace.workers_->ForEach(blocks, std::ref(score));  // by value it would be allocated
   for (const CandidateScore& scored : scores)
     workspace.SetEvaluations(workspace.Evaluations() + scored.rateEvaluations);
 }

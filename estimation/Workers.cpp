@@ -9,10 +9,24 @@ namespace {
 // it awake costs less than to fall asleep.
 constexpr int kLooksBeforeSleep = 4000;
 
-void WaitWhile(const std::atomic<std::uint32_t>& value, std::uint32_t seen) {
+void WaitWhile(const std::atomic<std::uint64_t>& value, std::uint64_t seen) {
   for (int look = 0; look < kLooksBeforeSleep; ++look)
     if (value.load(std::memory_order_acquire) != seen) return;
   value.wait(seen, std::memory_order_acquire);
+}
+
+// A round in one number: its own, the number of its items, the next of them.
+constexpr unsigned kItemBits = 20;
+constexpr std::uint64_t kMostItems = (std::uint64_t{1} << kItemBits) - 1;
+
+std::uint64_t NextItem(std::uint64_t round) {
+  return round & kMostItems;
+}
+std::uint64_t Items(std::uint64_t round) {
+  return (round >> kItemBits) & kMostItems;
+}
+std::uint64_t RoundAfter(std::uint64_t round, std::uint64_t items) {
+  return (((round >> 2 * kItemBits) + 1) << 2 * kItemBits) | (items << kItemBits);
 }
 
 }  // namespace
@@ -24,38 +38,43 @@ Workers::Workers(unsigned threads) {
 
 Workers::~Workers() {
   ends_ = true;
-  ++round_;
+  round_ = RoundAfter(round_, 0);
   round_.notify_all();
   for (std::thread& other : others_) other.join();
 }
 
 void Workers::ForEach(std::size_t items, const std::function<void(std::size_t, unsigned)>& work) {
-  work_ = &work;
-  items_ = items;
-  next_ = 0;
-  if (!others_.empty() && items > 1) {
-    busy_ = static_cast<std::uint32_t>(others_.size());
-    ++round_;
-    round_.notify_all();
-    TakeItems(0);
-    for (std::uint32_t busy = busy_; busy != 0; busy = busy_) WaitWhile(busy_, busy);
-  } else {
-    TakeItems(0);
+  if (others_.empty() || items < 2 || items > kMostItems) {
+    for (std::size_t item = 0; item < items; ++item) work(item, 0);
+    return;
   }
+  work_ = &work;
+  done_ = 0;
+  round_ = RoundAfter(round_, items);
+  round_.notify_all();
+  TakeItems(0);
+  for (std::uint64_t done = done_; done != items; done = done_) WaitWhile(done_, done);
 }
 
 void Workers::Serve(unsigned worker) {
-  for (std::uint32_t seen = 0;;) {
-    WaitWhile(round_, seen);
-    seen = round_;
+  for (;;) {
+    const std::uint64_t round = TakeItems(worker);
     if (ends_) return;
-    TakeItems(worker);
-    if (--busy_ == 0) busy_.notify_one();
+    WaitWhile(round_, round);
   }
 }
 
-void Workers::TakeItems(unsigned worker) {
-  for (std::size_t item = next_++; item < items_; item = next_++) (*work_)(item, worker);
+/// Works until no item is left to take; the round as it then stands.
+std::uint64_t Workers::TakeItems(unsigned worker) {
+  std::uint64_t round = round_;
+  while (NextItem(round) < Items(round)) {
+    if (!round_.compare_exchange_weak(round, round + 1)) continue;
+    (*work_)(NextItem(round), worker);
+    ++done_;
+    done_.notify_one();
+    round = round_;
+  }
+  return round;
 }
 
 unsigned AllCores() {

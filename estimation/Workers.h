@@ -27,13 +27,14 @@ class Workers {
 
  private:
   void Serve(unsigned worker);
-  void TakeItems(unsigned worker);
+  std::uint64_t TakeItems(unsigned worker);
 
   const std::function<void(std::size_t, unsigned)>* work_ = nullptr;
-  std::size_t items_ = 0;
-  std::atomic<std::size_t> next_{0};
-  std::atomic<std::uint32_t> round_{0};  // of work; the threads wait for the next one
-  std::atomic<std::uint32_t> busy_{0};
+  // The round of work, its number of items and the next of them, in one: whoever takes an item
+  // knows that it is of this round, which does not end before the item has. So nobody is waited for
+  // but those who are at work, and a thread that the system does not let run holds nobody up.
+  std::atomic<std::uint64_t> round_{0};
+  std::atomic<std::uint64_t> done_{0};  // items of the round
   std::atomic<bool> ends_{false};
   std::vector<std::thread> others_;
 };
