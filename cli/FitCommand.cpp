@@ -167,7 +167,7 @@ std::vector<Intervals> IntervalsOf(const FitProblem& problem, const SearchResult
   for (const std::string& name : options.uncertainty) {
     if (signals.Noted() != 0) break;
     if (name == "linear") all.push_back(LinearIntervals(problem, result.best));
-    if (name == "profile") all.push_back(ProfileIntervals(problem, result.best));
+    if (name == "profile") all.push_back(ProfileIntervals(problem, result.best, options.threads));
     if (name == "bootstrap")
       all.push_back(BootstrapIntervals(
           problem, result.best, options.replicates, settings.IU,

@@ -4,6 +4,7 @@
 
 #include "estimation/Descent.h"
 #include "estimation/Polish.h"
+#include "estimation/Workers.h"
 #include "inference/Intervals.h"
 #include "inference/Student.h"
 
@@ -91,14 +92,11 @@ class Profile {
   Point Fitted(double component, const Place& from) {
     Landscape landscape(Holding(problem_, j_, ValueAt(component)), Unlimited(),
                         [] { return false; });
-    Descent descent = BeginDescent(from, landscape);
-    if (from.size() > 0) {
-      Descend(descent, kIterations, landscape);
-      Descent other = BeginDescent(best_.others, landscape);
-      Descend(other, kIterations, landscape);
-      if (other.score < descent.score) descent = other;
-      if (kinked_ && std::isfinite(descent.score)) LookPastKinks(descent, landscape);
-    }
+    std::vector<Descent> descents = BeginDescents({from, best_.others}, landscape);
+    if (from.size() > 0) Descend(descents, kIterations, landscape);
+    Descent& descent = descents[descents[1].score < descents[0].score ? 1 : 0];
+    if (from.size() > 0 && kinked_ && std::isfinite(descent.score))
+      LookPastKinks(descent, landscape);
     points_.push_back({ValueAt(component), descent.score});
     return {component, descent.score, descent.at};
   }
@@ -159,17 +157,18 @@ class Profile {
 
 }  // namespace
 
-Intervals ProfileIntervals(const FitProblem& problem, std::span<const double> best) {
+Intervals ProfileIntervals(const FitProblem& problem, std::span<const double> best,
+                           unsigned threads) {
   Intervals intervals;
   intervals.method = IntervalMethod::Profile;
   intervals.of.resize(best.size());
   if (Objective(problem).Scored() <= best.size()) return intervals;
-  double lowest = std::numeric_limits<double>::infinity();
-  for (std::size_t j = 0; j < best.size(); ++j) {
+  Workers(threads).ForEach(best.size(), [&](std::size_t j, unsigned) {
     intervals.of[j] = Profile(problem, best, j).Find();
-    for (const ProfilePoint& point : intervals.of[j].profile)
-      lowest = std::min(lowest, point.score);
-  }
+  });
+  double lowest = std::numeric_limits<double>::infinity();
+  for (const Interval& interval : intervals.of)
+    for (const ProfilePoint& point : interval.profile) lowest = std::min(lowest, point.score);
   if (lowest < (1 - kClearGain) * Objective(problem).Simulate(best).score)
     intervals.betterScore = lowest;
   return intervals;
