@@ -96,11 +96,12 @@ double Promised(const Descent& descent, const Eigen::VectorXd& step) {
 void Accept(Descent& descent, const Place& place, double score, Eigen::VectorXd& residuals,
             double gainRatio) {
   const double gain = (descent.score - score) / descent.score;
+  const double beyondHalf = 2 * gainRatio - 1;
   descent.quiet = gain < kQuietGain ? descent.quiet + 1 : 0;
   descent.at = place;
   descent.score = score;
   descent.residuals.swap(residuals);
-  descent.damping *= std::max(1.0 / 3, 1 - std::pow(2 * gainRatio - 1, 3));
+  descent.damping *= std::max(1.0 / 3, 1 - beyondHalf * beyondHalf * beyondHalf);
   descent.growth = 2;
   descent.ended = descent.quiet >= kMostQuiet;
 }

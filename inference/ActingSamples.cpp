@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "kinetics/BatchBalances.h"
+#include "kinetics/Powers.h"
 
 namespace velmora {
 namespace {
@@ -54,13 +55,13 @@ bool Shows(MissingSample needed, const KineticParameters& p, const BatchState& s
     case MissingSample::LowCsForCells:
       return sample.Cs < 2 * p[At::Ks] * sample.Cx;
     case MissingSample::LowCsPower:
-      return sample.Cs < 2 * std::pow(p[At::Ks], 1 / p[At::u]);
+      return sample.Cs < 2 * Power(p[At::Ks], 1 / p[At::u]);
     case MissingSample::HighCs:
       return sample.Cs > p[At::Kis];
     case MissingSample::HighCp:
       return sample.Cp > p[At::Kip];
     case MissingSample::HighCpAiba:
-      return sample.Cp > std::log(2) / p[At::Kip];
+      return sample.Cp > Logarithm(2) / p[At::Kip];
     case MissingSample::HalfOfCpAst:
       return sample.Cp > p[At::CpAst] / 2;
     case MissingSample::HalfOfCxAst:

@@ -10,6 +10,7 @@
 #include "cultivation/FitSetUp.h"
 #include "estimation/Marquardt.h"
 #include "inference/Proposal.h"
+#include "kinetics/Powers.h"
 
 namespace velmora {
 namespace {
@@ -196,7 +197,7 @@ double Aicc(double sumOfSquares, std::size_t values, std::size_t parameters) {
   if (n - k - 1 <= 0) return kInfinite;
   // Data without noise are fitted to a sum that has no logarithm.
   const double perValue = std::max(sumOfSquares / n, std::numeric_limits<double>::min());
-  return n * std::log(perValue) + 2 * k + 2 * k * (k + 1) / (n - k - 1);
+  return n * Logarithm(perValue) + 2 * k + 2 * k * (k + 1) / (n - k - 1);
 }
 
 std::vector<double> AkaikeWeights(std::span<const double> criteria) {
@@ -205,9 +206,9 @@ std::vector<double> AkaikeWeights(std::span<const double> criteria) {
   const double least = *std::min_element(criteria.begin(), criteria.end());
   if (!std::isfinite(least)) return weights;
   double sum = 0;
-  for (const double criterion : criteria) sum += std::exp((least - criterion) / 2);
+  for (const double criterion : criteria) sum += Exponential((least - criterion) / 2);
   for (std::size_t i = 0; i < criteria.size(); ++i)
-    weights[i] = std::exp((least - criteria[i]) / 2) / sum;
+    weights[i] = Exponential((least - criteria[i]) / 2) / sum;
   return weights;
 }
 

@@ -3,6 +3,7 @@
 #include "inference/Intervals.h"
 #include "inference/Linearisation.h"
 #include "inference/Student.h"
+#include "kinetics/Powers.h"
 
 namespace velmora {
 
@@ -18,8 +19,8 @@ Intervals LinearIntervals(const FitProblem& problem, std::span<const double> bes
     const auto diagonal = static_cast<Eigen::Index>(i);
     const double half = t * std::sqrt(linear.covariance(diagonal, diagonal));
     const bool logarithmic = problem.variables[j].lower > 0;
-    intervals.of[j].lower = logarithmic ? best[j] * std::exp(-half) : best[j] - half;
-    intervals.of[j].upper = logarithmic ? best[j] * std::exp(half) : best[j] + half;
+    intervals.of[j].lower = logarithmic ? best[j] * Exponential(-half) : best[j] - half;
+    intervals.of[j].upper = logarithmic ? best[j] * Exponential(half) : best[j] + half;
   }
   return intervals;
 }

@@ -6,6 +6,7 @@
 #include <limits>
 
 #include "estimation/Landscape.h"
+#include "kinetics/Powers.h"
 
 namespace velmora {
 namespace {
@@ -16,7 +17,7 @@ constexpr double kLeastPivot = 1e-12;  // of the scaled J'J, whose diagonal is 1
 
 /// What one component comes to on the scale of the search.
 double Width(const FitVariable& variable) {
-  return variable.lower > 0 ? std::log(variable.upper / variable.lower)
+  return variable.lower > 0 ? Logarithm(variable.upper / variable.lower)
                             : variable.upper - variable.lower;
 }
 

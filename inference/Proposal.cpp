@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "inference/TimeCourse.h"
+#include "kinetics/Powers.h"
 #include "language/Numbers.h"
 
 namespace velmora {
@@ -73,8 +74,8 @@ Rule RuleOf(At position, const Model& model, const Extent& seen) {
 FitVariable MoserRange(const Rule& rule) {
   constexpr double kLeastPower = 0.5, kMostPower = 2.5;
   const double lower = rule.base * rule.lower, upper = rule.base * rule.upper;
-  return {At::Ks, std::pow(lower, lower < 1 ? kMostPower : kLeastPower),
-          std::pow(upper, upper < 1 ? kLeastPower : kMostPower), rule.base * rule.start};
+  return {At::Ks, Power(lower, lower < 1 ? kMostPower : kLeastPower),
+          Power(upper, upper < 1 ? kLeastPower : kMostPower), rule.base * rule.start};
 }
 
 ProposedRange RangeOf(At position, const Model& model, const Rule& rule) {

@@ -6,6 +6,7 @@
 #include "inference/Proposal.h"
 #include "inference/Regression.h"
 #include "inference/TimeCourse.h"
+#include "kinetics/Powers.h"
 #include "language/Numbers.h"
 
 namespace velmora {
@@ -39,7 +40,7 @@ ProposedValue InitialCells(const Experiment& experiment, const TimeCourse& Cx) {
       std::find_if(Cx.value.begin(), Cx.value.end(), [=](double value) { return value >= least; });
   const double time = Cx.time[static_cast<std::size_t>(seen - Cx.value.begin())];
   const double rate = SteepestGrowth({&experiment, 1});
-  const double value = *seen * std::exp(-rate * (time - Cx.time.front()));
+  const double value = *seen * Exponential(-rate * (time - Cx.time.front()));
   return {
       At::Cx0, RoundSignificant(value, kDigits), {TextId::FromLaterSample, {*seen, time, rate}}};
 }

@@ -4,21 +4,34 @@
 #include <cmath>
 #include <numeric>
 
+#include "kinetics/Powers.h"
+
 namespace velmora {
 namespace {
 
 constexpr double kLevel = 0.05;
 
-double LogChoose(int n, int k) {
-  return std::lgamma(n + 1.0) - std::lgamma(k + 1.0) - std::lgamma(n - k + 1.0);
-}
+/// The logarithms of binomial coefficients up to those of `most`.
+class LogChoose {
+ public:
+  explicit LogChoose(int most) {
+    for (int n = 1; n <= most; ++n)
+      factorials_.push_back(factorials_.back() + Logarithm(static_cast<double>(n)));
+  }
+  double operator()(int n, int k) const { return Factorial(n) - Factorial(k) - Factorial(n - k); }
+
+ private:
+  double Factorial(int n) const { return factorials_[static_cast<std::size_t>(n)]; }
+
+  std::vector<double> factorials_{0};
+};
 
 /// Orders of the signs that have `pieces` runs above and `others` below, beginning with a run
 /// above, among all orders.
-double ShareOfOrders(int above, int below, int pieces, int others) {
+double ShareOfOrders(int above, int below, int pieces, int others, const LogChoose& choose) {
   if (pieces < 1 || others < 1 || pieces > above || others > below) return 0;
-  return std::exp(LogChoose(above - 1, pieces - 1) + LogChoose(below - 1, others - 1) -
-                  LogChoose(above + below, above));
+  return Exponential(choose(above - 1, pieces - 1) + choose(below - 1, others - 1) -
+                     choose(above + below, above));
 }
 
 /// One variable of one experiment: what was measured beside the model.
@@ -110,10 +123,12 @@ std::optional<WorstPoint> WorstOf(const std::vector<Series>& all) {
 double RunsProbability(int above, int below, int runs) {
   if (above + below == 0) return 1;
   if (above == 0 || below == 0) return std::ldexp(1, 1 - above - below);
+  const LogChoose choose(above + below);
   double sum = 0;
   for (int r = 2; r <= runs; ++r) {
     const int more = (r + 1) / 2, fewer = r / 2;
-    sum += ShareOfOrders(above, below, more, fewer) + ShareOfOrders(above, below, fewer, more);
+    sum += ShareOfOrders(above, below, more, fewer, choose) +
+           ShareOfOrders(above, below, fewer, more, choose);
   }
   return std::min(1.0, sum);
 }

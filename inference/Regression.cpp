@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "inference/TimeCourse.h"
+#include "kinetics/Powers.h"
 
 namespace velmora {
 namespace {
@@ -36,7 +37,7 @@ double DeathRate(const TimeCourse& Cx, std::size_t first) {
   for (std::size_t i = first; i < Cx.Points(); ++i) {
     if (Cx.value[i] <= 0) continue;
     time.push_back(Cx.time[i]);
-    logarithm.push_back(-std::log(Cx.value[i]));
+    logarithm.push_back(-Logarithm(Cx.value[i]));
   }
   return Slope(time, logarithm);
 }

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <numeric>
 
+#include "kinetics/Powers.h"
+
 namespace velmora {
 namespace {
 
@@ -120,7 +122,7 @@ double SteepestGrowth(std::span<const Experiment> experiments) {
     TimeCourse cells = CourseOf(experiment, experiment.Cx);
     const double least = kSeenCells * Largest(cells);
     if (least == 0) continue;
-    for (double& value : cells.value) value = std::log(std::max(value, least));
+    for (double& value : cells.value) value = Logarithm(std::max(value, least));
     const std::size_t window = std::min(kWindow, cells.Points());
     for (std::size_t i = 0; i + window <= cells.Points(); ++i)
       steepest = std::max(steepest, Slope(std::span(cells.time).subspan(i, window),

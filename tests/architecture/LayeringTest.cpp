@@ -68,7 +68,7 @@ bool IsOfTheSystem(std::string_view header) {
 bool MayInclude(std::string_view path, std::string_view header) {
   const std::string_view folder = FolderOf(path);
   if (header.starts_with("<Q")) return MayUseQt(folder);
-  if (IsOfTheSystem(header)) return folder == "platform" || folder == "tests";
+  if (IsOfTheSystem(header)) return folder == "platform" || folder == "bench" || folder == "tests";
   if (header.starts_with('<')) return IsKnown(folder);
   return StandsOn(folder, FolderOf(header.substr(1)));
 }
