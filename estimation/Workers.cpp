@@ -5,13 +5,16 @@
 namespace velmora {
 namespace {
 
-// A round of work takes some ten microseconds and the next one often follows at once: to wait for
-// it awake costs less than to fall asleep.
-constexpr int kLooksBeforeSleep = 4000;
+// A round of work takes some ten microseconds, and the next one follows when as many have passed:
+// to wait for it awake costs less than to fall asleep, which takes longer than the work.
+constexpr int kLooks = 2000;
+constexpr int kYields = 400;  // then others may run between two looks
 
 void WaitWhile(const std::atomic<std::uint64_t>& value, std::uint64_t seen) {
-  for (int look = 0; look < kLooksBeforeSleep; ++look)
+  for (int look = 0; look < kLooks + kYields; ++look) {
     if (value.load(std::memory_order_acquire) != seen) return;
+    if (look >= kLooks) std::this_thread::yield();
+  }
   value.wait(seen, std::memory_order_acquire);
 }
 
