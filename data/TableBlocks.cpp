@@ -54,7 +54,7 @@ std::vector<TableBlock> StackedBlocks(TableRows table) {
 
 /// The columns at which blocks side by side begin; empty where there is but one.
 std::vector<std::size_t> FirstColumns(const TableRow& header) {
-  const std::vector<std::size_t> times = ColumnsNaming(header, Quantity::Time);
+  std::vector<std::size_t> times = ColumnsNaming(header, Quantity::Time);
   if (times.size() < 2) return {};
   for (const Quantity quantity : kConcentrations) {
     const std::vector<std::size_t> columns = ColumnsNaming(header, quantity);

@@ -138,7 +138,7 @@ void ManyStarts::DescendInStages(std::vector<Descent>& descents) {
 Descent ManyStarts::UserStart() {
   std::vector<double> start;
   for (const FitVariable& variable : problem_.variables) start.push_back(variable.start);
-  const Descent descent = BeginDescent(landscape_.PlaceOf(start), landscape_);
+  Descent descent = BeginDescent(landscape_.PlaceOf(start), landscape_);
   startScore_ = descent.score;
   Admit(descent);
   return descent;

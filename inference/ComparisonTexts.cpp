@@ -27,7 +27,7 @@ std::vector<std::string> Headings(Language language) {
 
 std::string VerdictOf(const ComparedModel& compared, Language language) {
   const ParameterVerdicts& verdicts = compared.verdicts;
-  const std::string determined =
+  std::string determined =
       Filled(TextId::CountDetermined, language,
              {std::to_string(verdicts.CountDetermined()), std::to_string(verdicts.of.size())});
   if (compared.result.end == SearchEnd::Converged) return determined;
