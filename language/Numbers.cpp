@@ -181,7 +181,7 @@ std::string CertainText(double value, double uncertainty, char separator) {
 }
 
 std::string WithDeviation(double value, double deviation, char separator) {
-  const std::string text = CertainText(value, deviation, separator);
+  std::string text = CertainText(value, deviation, separator);
   if (!(deviation > 0) || !std::isfinite(deviation) || !std::isfinite(value)) return text;
   return text + " ± " + CertainText(deviation, deviation, separator);
 }

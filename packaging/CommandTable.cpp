@@ -15,8 +15,7 @@ using Json = nlohmann::json;
 std::vector<std::string> ChoicesOf(const std::string& value, const Json& models) {
   if (value == "MODEL") return models;
   std::vector<std::string> choices;
-  if (value.find_first_of("|") == value.npos || value.find_first_of(",[=") != value.npos)
-    return choices;
+  if (value.find('|') == value.npos || value.find_first_of(",[=") != value.npos) return choices;
   std::istringstream words(value);
   for (std::string word; std::getline(words, word, '|');) choices.push_back(word);
   return choices;

@@ -58,7 +58,8 @@ std::string BashValues(const Command& command, const std::string& pattern) {
     if (option.value.empty()) continue;
     std::vector<std::string> patterns;
     for (const std::string& name : option.names) patterns.push_back(pattern + ":" + name);
-    cases += "    " + Joined(patterns, "|") + ") " + BashValue(option) + "; return ;;\n";
+    cases.append("    ").append(Joined(patterns, "|")).append(") ");
+    cases.append(BashValue(option)).append("; return ;;\n");
   }
   return cases;
 }
@@ -92,7 +93,7 @@ _velmora_cli() {
 
 std::string ZshValue(const Option& option) {
   if (option.value.empty()) return "";
-  const std::string told = ":" + Guarded(option.value, ":") + ":";
+  std::string told = ":" + Guarded(option.value, ":") + ":";
   if (!option.choices.empty()) return told + "(" + Joined(option.choices, " ") + ")";
   if (!option.Suffix().empty()) return told + "_files -g \"*" + option.Suffix() + "\"";
   return told;
