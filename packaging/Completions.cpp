@@ -57,7 +57,7 @@ std::string BashValues(const Command& command, const std::string& pattern) {
   for (const Option& option : command.Switches()) {
     if (option.value.empty()) continue;
     std::vector<std::string> patterns;
-    for (const std::string& name : option.names) patterns.push_back(pattern + ":" + name);
+    for (const std::string& name : option.names) patterns.push_back((pattern + ":").append(name));
     cases.append("    ").append(Joined(patterns, "|")).append(") ");
     cases.append(BashValue(option)).append("; return ;;\n");
   }
