@@ -1,10 +1,26 @@
 #include "charts/ZoomedChart.h"
 
+#include "charts/SmoothCurve.h"
+
 namespace velmora {
 namespace {
 
+constexpr int kSmoothPieces = 600;
+
 bool Holds(const ValueRange& part, const ValueRange& whole) {
   return part.from <= whole.from && part.to >= whole.to;
+}
+
+/// Draws the curves of `content` smooth between the model's points, up to the ends of the interval.
+void Smoothen(ChartContent& content, const ChartContent& whole,
+              const std::optional<TimeInterval>& interval) {
+  for (std::size_t i = 0; i < content.experiments.size(); ++i) {
+    const std::vector<PlotPoint>& points = whole.experiments[i].curve;
+    if (points.empty()) continue;
+    const double from = interval ? interval->from : points.front().x;
+    const double to = interval ? interval->to : points.back().x;
+    content.experiments[i].curve = SmoothCurve(points).Between(from, to, kSmoothPieces);
+  }
 }
 
 }  // namespace
@@ -28,7 +44,10 @@ ChartContent ZoomedChart::Content(Language language, char separator) const {
   ChartContent content = velmora::ContentOf(variable, lists, &curves, gridLines, separator,
                                             plain ? interval : std::nullopt);
   content.title = title;
-  if (plain) return content;
+  if (plain) {
+    Smoothen(content, velmora::ContentOf(variable, lists, &curves, gridLines, separator), interval);
+    return content;
+  }
   FigureView view;
   view.language = language;
   view.separator = separator;

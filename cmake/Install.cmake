@@ -30,8 +30,10 @@ if(VELMORA_DESKTOP)
   install(DIRECTORY ${PROJECT_BINARY_DIR}/Imagens_Marcador ${PROJECT_BINARY_DIR}/Imagens_Cores
     DESTINATION ${shared} COMPONENT desktop)
   if(VELMORA_GUIDE)
-    install(FILES ${PROJECT_BINARY_DIR}/HelpFile_Velmora.pdf
-      ${PROJECT_BINARY_DIR}/ArquivoDeAjuda_Velmora.pdf DESTINATION ${shared} COMPONENT desktop)
+    foreach(guide HelpFile_Velmora ArquivoDeAjuda_Velmora)
+      install(FILES ${PROJECT_BINARY_DIR}/${guide}.pdf ${PROJECT_BINARY_DIR}/${guide}.html
+        DESTINATION ${shared} COMPONENT desktop)
+    endforeach()
   endif()
 
   # What a desktop shows of the program and of its files.

@@ -1,5 +1,5 @@
 // Makes the user's guide.
-// Use: velmora-guide GUIDE.html en|pt EXAMPLES OUT.pdf
+// Use: velmora-guide GUIDE.html en|pt EXAMPLES OUT.pdf OUT.html
 
 #include <QApplication>
 #include <QFile>
@@ -20,8 +20,10 @@ bool Build(const QStringList& words) {
   const std::string html = velmora::FilledGuide(source.readAll().toStdString(), language);
   const QString title = english ? QStringLiteral("Velmora: user's guide")
                                 : QStringLiteral("Velmora: guia do usuário");
-  return velmora::PrintGuide(QString::fromStdString(html),
-                             velmora::TakePictures(language, words[3]), title, words[4]);
+  const auto pictures = velmora::TakePictures(language, words[3]);
+  const QString text = QString::fromStdString(html);
+  return velmora::PrintGuide(text, pictures, title, words[4]) &&
+         velmora::WriteGuidePage(text, pictures, title, words[5]);
 }
 
 }  // namespace
@@ -30,8 +32,8 @@ int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   const QApplication application(argc, argv);
   const QStringList words = QApplication::arguments();
-  if (words.size() != 5) {
-    std::fputs("use: velmora-guide GUIDE.html en|pt EXAMPLES OUT.pdf\n", stderr);
+  if (words.size() != 6) {
+    std::fputs("use: velmora-guide GUIDE.html en|pt EXAMPLES OUT.pdf OUT.html\n", stderr);
     return 2;
   }
   try {

@@ -1,6 +1,8 @@
 #include "help/GuideDocument.h"
 
 #include <QAbstractTextDocumentLayout>
+#include <QBuffer>
+#include <QFile>
 #include <QPainter>
 #include <QPdfWriter>
 #include <QTextDocument>
@@ -33,6 +35,27 @@ void PaintPage(QPainter& painter, QTextDocument& document, int page, const QSize
 }
 
 }  // namespace
+
+bool WriteGuidePage(const QString& html, const QMap<QString, QImage>& pictures,
+                    const QString& title, const QString& file) {
+  QString page = html;
+  for (auto picture = pictures.begin(); picture != pictures.end(); ++picture) {
+    QByteArray png;
+    QBuffer buffer(&png);
+    buffer.open(QIODevice::WriteOnly);
+    picture.value().save(&buffer, "PNG");
+    page.replace(
+        u'"' + picture.key() + QStringLiteral(".png\""),
+        QStringLiteral("\"data:image/png;base64,") + QString::fromLatin1(png.toBase64()) + u'"');
+  }
+  page.replace(QStringLiteral("<html>"),
+               QStringLiteral("<html><head><meta charset=\"utf-8\"><title>%1</title>"
+                              "<style>%2</style></head>")
+                   .arg(title, QString::fromLatin1(kStyle)));
+  QFile out(file);
+  const QByteArray bytes = page.toUtf8();
+  return out.open(QIODevice::WriteOnly) && out.write(bytes) == bytes.size();
+}
 
 bool PrintGuide(const QString& html, const QMap<QString, QImage>& pictures, const QString& title,
                 const QString& file) {

@@ -12,4 +12,8 @@ namespace velmora {
 bool PrintGuide(const QString& html, const QMap<QString, QImage>& pictures, const QString& title,
                 const QString& file);
 
+/// Writes the guide as one page of HTML that holds its pictures, for a window of the program's own.
+bool WriteGuidePage(const QString& html, const QMap<QString, QImage>& pictures,
+                    const QString& title, const QString& file);
+
 }  // namespace velmora

@@ -3,6 +3,8 @@
 #include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QTimer>
 #include <deque>
 #include <stdexcept>
 
@@ -26,7 +28,18 @@ class Agreeing : public Dialogs {
   using Dialogs::Dialogs;
   std::deque<QString> files;
 
-  Answer Show(QWidget*, const Message&, Buttons buttons, const QString&) override {
+  QImage preview;  // of a table that was opened
+
+  Answer Show(QWidget* owner, const Message& message, Buttons buttons,
+              const QString& detail) override {
+    if (buttons == Buttons::OkCancel && preview.isNull()) {
+      QTimer::singleShot(0, qApp, [this] {
+        QWidget* const box = QApplication::activeModalWidget();
+        preview = box->grab().toImage();
+        box->close();
+      });
+      Dialogs::Show(owner, message, buttons, detail);
+    }
     const bool accepts = buttons == Buttons::Ok || buttons == Buttons::OkCancel;
     return accepts ? Answer::Ok : Answer::Yes;
   }
@@ -59,13 +72,28 @@ void Press(QWidget& frame, const char* name) {
   QApplication::processEvents();
 }
 
+/// The picture of the window of this name once `control` stands in it.
+QImage WhenShown(const QWidget& frame, const char* name, const char* control) {
+  constexpr int kPatience = 60000;  // ms
+  auto* const window = frame.findChild<QWidget*>(QLatin1StringView(name));
+  if (window == nullptr) throw std::runtime_error(std::string("no window ") + name);
+  QElapsedTimer waiting;
+  waiting.start();
+  while (window->findChild<QWidget*>(QLatin1StringView(control)) == nullptr) {
+    if (waiting.elapsed() > kPatience) throw std::runtime_error(std::string("no ") + control);
+    QApplication::processEvents(QEventLoop::AllEvents, 100);
+  }
+  return Picture(*window);
+}
+
 }  // namespace
 
 QMap<QString, QImage> TakePictures(Language language, const QString& examplesFolder) {
   Session session;
   session.language = language;
+  session.separator = language == Language::Portuguese ? ',' : '.';
   Agreeing dialogs(session);
-  dialogs.files = {examplesFolder + QStringLiteral("/molasses.abr"),
+  dialogs.files = {examplesFolder + QStringLiteral("/molasses.csv"),
                    examplesFolder + QStringLiteral("/molasses-conditions.abr")};
 
   QMap<QString, QImage> pictures;
@@ -75,6 +103,7 @@ QMap<QString, QImage> TakePictures(Language language, const QString& examplesFol
   frame.show();
   Trigger(frame, "mnuAbrirExp");
   if (session.lists.Empty()) throw std::runtime_error("the example cannot be opened");
+  pictures[QStringLiteral("preview")] = dialogs.preview;
   pictures[QStringLiteral("experiments")] = Picture(frame);
   Trigger(frame, "mnuBatelada");
   Trigger(frame, "mnuACondBat");
@@ -86,6 +115,9 @@ QMap<QString, QImage> TakePictures(Language language, const QString& examplesFol
   auto* const report = frame.findChild<QWidget*>(QStringLiteral("frmRelatorio"));
   if (report == nullptr) throw std::runtime_error("the report is not shown");
   pictures[QStringLiteral("report")] = Picture(*report);
+
+  Press(frame, "cmdCerteza");
+  pictures[QStringLiteral("sure")] = WhenShown(frame, "frmCerteza", "picPerfil(0)");
 
   frmZoom zoom(session, dialogs, PlotVariable::Cx);
   zoom.resize(kEnlarged);

@@ -56,9 +56,10 @@ Intervals LinearIntervals(const FitProblem& problem, std::span<const double> bes
 
 /// By the likelihood profile (Bates and Watts 1988): the values at which the score, the other
 /// parameters fitted again, exceeds the least one by the factor 1 + t²/(n - D). Each thread takes
-/// one parameter after the other.
-Intervals ProfileIntervals(const FitProblem& problem, std::span<const double> best,
-                           unsigned threads = 1);
+/// one parameter after the other. Ends, with sides that look open, where `stopRequested` says so.
+Intervals ProfileIntervals(
+    const FitProblem& problem, std::span<const double> best, unsigned threads = 1,
+    const std::function<bool()>& stopRequested = [] { return false; });
 
 /// By fits to `replicates` sets of resampled data: the model's values and residuals drawn with
 /// replacement from those of the same variable and experiment, widened by sqrt(n/(n - D)) (Davison

@@ -36,9 +36,11 @@ FitProblem Holding(FitProblem problem, std::size_t j, double value) {
 /// The profile of one parameter.
 class Profile {
  public:
-  Profile(const FitProblem& problem, std::span<const double> best, std::size_t j)
+  Profile(const FitProblem& problem, std::span<const double> best, std::size_t j,
+          const std::function<bool()>& stopRequested)
       : problem_(problem),
         j_(j),
+        stopRequested_(stopRequested),
         whole_(problem, Unlimited(), [] { return false; }),
         at_(whole_.PlaceOf({best.begin(), best.end()})) {
     const double freedom = static_cast<double>(whole_.Scored() - whole_.Size());
@@ -90,8 +92,7 @@ class Profile {
 
   /// The others fitted again from `from`, and where that does not do better, from the best.
   Point Fitted(double component, const Place& from) {
-    Landscape landscape(Holding(problem_, j_, ValueAt(component)), Unlimited(),
-                        [] { return false; });
+    Landscape landscape(Holding(problem_, j_, ValueAt(component)), Unlimited(), stopRequested_);
     std::vector<Descent> descents = BeginDescents({from, best_.others}, landscape);
     if (from.size() > 0) Descend(descents, kIterations, landscape);
     Descent& descent = descents[descents[1].score < descents[0].score ? 1 : 0];
@@ -117,7 +118,7 @@ class Profile {
     const double end = direction < 0 ? 0 : 1;
     Point inside = best_;
     double step = kFirstStep;
-    for (int i = 0; i < kMostSteps && inside.component != end; ++i) {
+    for (int i = 0; i < kMostSteps && inside.component != end && !stopRequested_(); ++i) {
       const double next = std::clamp(inside.component + direction * step, 0.0, 1.0);
       const Point point = Fitted(next, inside.others);
       if (Tau(point) >= limit_) return Crossing(inside, point);
@@ -131,7 +132,7 @@ class Profile {
 
   /// Between a place below the limit and one above it.
   double Crossing(Point inside, Point outside) {
-    for (int i = 0; i < kMostHalvings; ++i) {
+    for (int i = 0; i < kMostHalvings && !stopRequested_(); ++i) {
       if (std::fabs(Tau(inside) - limit_) <= kCloseEnough * limit_) break;
       const double low = Tau(inside), high = std::min(Tau(outside), 4 * limit_);
       // Straight in tau, and well inside: the end far away draws nearer too.
@@ -146,6 +147,7 @@ class Profile {
 
   const FitProblem& problem_;
   const std::size_t j_;
+  const std::function<bool()>& stopRequested_;
   Landscape whole_;
   const Place at_;
   Point best_;
@@ -158,13 +160,13 @@ class Profile {
 }  // namespace
 
 Intervals ProfileIntervals(const FitProblem& problem, std::span<const double> best,
-                           unsigned threads) {
+                           unsigned threads, const std::function<bool()>& stopRequested) {
   Intervals intervals;
   intervals.method = IntervalMethod::Profile;
   intervals.of.resize(best.size());
   if (Objective(problem).Scored() <= best.size()) return intervals;
   Workers(threads).ForEach(best.size(), [&](std::size_t j, unsigned) {
-    intervals.of[j] = Profile(problem, best, j).Find();
+    intervals.of[j] = Profile(problem, best, j, stopRequested).Find();
   });
   double lowest = std::numeric_limits<double>::infinity();
   for (const Interval& interval : intervals.of)

@@ -45,7 +45,10 @@ Figure FigureOf(const Interval& interval, const std::string& title, double best,
   figure.x.range =
       points.empty() ? ValueRange{best, best} : ValueRange{points.front().x, points.back().x};
   figure.y.range = {score, score};
-  for (const PlotPoint& point : points) figure.y.range.to = std::max(figure.y.range.to, point.y);
+  for (const PlotPoint& point : points) {
+    figure.y.range.from = std::min(figure.y.range.from, point.y);
+    figure.y.range.to = std::max(figure.y.range.to, point.y);
+  }
   const SmoothCurve curve(points);
   series.curve = curve.Between(figure.x.range.from, figure.x.range.to, kPieces);
   figure.series = {std::move(series)};

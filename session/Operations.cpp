@@ -36,6 +36,7 @@ Change Replace(Session& session, ExperimentLists lists) {
   session.curves = {};
   session.lastRun.reset();
   session.draft = {};
+  session.formDraft = {};
   session.experimentsFile.clear();
   session.conditionsFile.clear();
   Change change;

@@ -24,6 +24,7 @@ struct Change {
   bool gridLines = false;  // or how else charts are drawn
   bool replaced = false;   // all experiments, with all that belonged to them, are others
   bool restored = false;   // by undo, redo or recovery: what was entered is another as well
+  bool form = false;       // what stands in the cultivation window's boxes is another
   int deleted = 0;         // the place that went; later ones moved down by one. 0: none
   int remeasured = 0;      // the place whose experiment has other data. 0: none
 };

@@ -11,6 +11,7 @@
 #include "data/ExperimentFile.h"
 #include "data/FileBytes.h"
 #include "data/SafeSave.h"
+#include "session/FormText.h"
 
 namespace velmora {
 namespace {
@@ -22,7 +23,7 @@ constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view kExperimentsFile = "experiments-file",
                            kConditionsFile = "conditions-file", kExperiments = "experiments",
                            kConditions = "conditions", kStored = "stored", kDraft = "draft",
-                           kRows = "rows", kEnd = "end";
+                           kRows = "rows", kForm = "form", kEnd = "end";
 using Parts = std::map<std::string, std::string, std::less<>>;
 
 void AppendPart(std::string& text, std::string_view name, std::string_view bytes) {
@@ -119,6 +120,7 @@ std::string RecoveryText(const Session& session) {
   AppendPart(text, kStored, StoredPlaces(session.conditions));
   AppendPart(text, kDraft, DraftText(session.draft));
   AppendPart(text, kRows, BlockOf(session.draft.rows));
+  AppendPart(text, kForm, FormText(session.formDraft));
   AppendPart(text, kEnd, "");
   return text;
 }
@@ -135,11 +137,14 @@ std::optional<Change> Recover(Session& session, std::string_view text) {
   for (std::size_t i = 0; i < std::size_t{kMostExperiments}; ++i)
     if (i >= stored.size() || stored[i] != '1')
       conditions.conditions.At(static_cast<int>(i) + 1) = {};
-  const Change change = ClearAll(session);
+  Change change = ClearAll(session);
   session.lists = std::move(lists);
   session.conditions = std::move(conditions.conditions);
   session.draft =
       DraftOf((*parts)[std::string(kDraft)], (*parts)[std::string(kRows)], session.lists.Count());
+  session.formDraft = FormOfText((*parts)[std::string(kForm)]);
+  session.formDraft.place = std::clamp(session.formDraft.place, 0, session.lists.Count());
+  change.form = session.formDraft.edited;
   session.experimentsFile = (*parts)[std::string(kExperimentsFile)];
   session.conditionsFile = (*parts)[std::string(kConditionsFile)];
   return change;

@@ -50,6 +50,13 @@ struct ExperimentDraft {
   friend bool operator==(const ExperimentDraft&, const ExperimentDraft&) = default;
 };
 
+/// What stands in the cultivation window's boxes.
+struct FormDraft {
+  CultivationForm form;
+  int place = 0;        // of the experiment that it belongs to; 0 for none
+  bool edited = false;  // by the user, since it was stored
+};
+
 /// What files hold, by their names, as they were last read or written here.
 struct KnownFiles {
   std::map<std::string, ExperimentLists> experiments;
@@ -63,6 +70,7 @@ struct Session {
   ExperimentLists lists;
   CultivationConditions conditions;
   ExperimentDraft draft;
+  FormDraft formDraft;
   EstimationSettings settings;
   std::string inputFile = "C:\\hougen.txt";  // no routine reads the two names
   std::string outputFile = "C:SAIDA.TXT";

@@ -36,26 +36,30 @@ void ExperimentPanel::Build() {
   notSaved_ = Named<QLabel>("lblNaoSalvo", this);
   notSaved_->setStyleSheet(QStringLiteral("color: #B35900"));
   savedCount_ = Named<QLabel>("lblSalvos", this);
+  info_ = Named<QLabel>("lblInfo", this);
+  info_->setWordWrap(true);
 }
 
 void ExperimentPanel::LayOut() {
-  auto* const info = Named<QLabel>("lblInfo", this);
-  info->setWordWrap(true);
   auto* const state = new QVBoxLayout;
   state->setSpacing(0);
   state->addWidget(savedCount_);
   state->addWidget(notSaved_);
-  auto* const row = new QHBoxLayout(this);
-  TightenInside(*row);
-  row->addWidget(back_);
-  row->addSpacing(2 * kSpacing);
+  row_ = new QHBoxLayout(this);
+  TightenInside(*row_);
+  row_->addWidget(back_);
+  row_->addSpacing(2 * kSpacing);
   for (QWidget* const widget :
        std::initializer_list<QWidget*>{previous_, number_, next_, count_, none_})
-    row->addWidget(widget);
-  row->addSpacing(2 * kSpacing);
-  row->addLayout(state);
-  row->addSpacing(2 * kSpacing);
-  row->addWidget(info, 1);
+    row_->addWidget(widget);
+  row_->addSpacing(2 * kSpacing);
+  row_->addLayout(state);
+  row_->addSpacing(2 * kSpacing);
+  TakeInfo();
+}
+
+void ExperimentPanel::TakeInfo() {
+  if (row_->indexOf(info_) < 0) row_->addWidget(info_, 1);
 }
 
 void ExperimentPanel::Wire() {

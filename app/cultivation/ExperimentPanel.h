@@ -5,6 +5,7 @@
 
 #include "language/Texts.h"
 
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QToolButton;
@@ -28,6 +29,9 @@ class ExperimentPanel : public QGroupBox {
 
   void SetStanding(const ExperimentStanding& standing);
   void SetLanguage(Language language);
+  /// What is to be observed of all experiments: stands here unless it is laid out elsewhere.
+  QLabel& Info() const { return *info_; }
+  void TakeInfo();
 
  signals:
   /// The user goes on by one experiment (1) or back by one (-1).
@@ -51,6 +55,8 @@ class ExperimentPanel : public QGroupBox {
   QLabel* none_ = nullptr;
   QLabel* notSaved_ = nullptr;
   QLabel* savedCount_ = nullptr;
+  QLabel* info_ = nullptr;
+  QHBoxLayout* row_ = nullptr;
 };
 
 }  // namespace velmora

@@ -6,8 +6,13 @@
 #include "app/cultivation/ConditionsPanel.h"
 #include "app/cultivation/ModelPanel.h"
 #include "app/cultivation/ParametersPanel.h"
+#include "app/widgets/Idiomas.h"
 
 namespace velmora {
+
+QString SpokenName(At position) {
+  return Utf8(ParameterAt(position).label).remove(QStringLiteral(" ="));
+}
 
 FormEntry::FormEntry(QWidget* parent)
     : QObject(parent),
@@ -104,6 +109,10 @@ void FormEntry::SetModel(const velmora::Model& model) {
   parameters_->SetModel(model);
 }
 
+void FormEntry::Mark(At position, NumberBox::Mark mark, const QString& why) {
+  parameters_->SetValue(position, Form().At(position), mark, why);
+}
+
 void FormEntry::MarkStored() {
   stored_ = Form();
 }
@@ -127,8 +136,14 @@ void FormEntry::Clear() {
 }
 
 void FormEntry::SetLanguage(Language language) {
+  model_->SetLanguage(language);
   conditions_->SetLanguage(language);
   parameters_->SetLanguage(language);
+}
+
+QWidget& FormEntry::PanelOf(At position) const {
+  if (FittableIndex(position) >= 0) return *parameters_;
+  return *conditions_;
 }
 
 void FormEntry::Focus(At position) {

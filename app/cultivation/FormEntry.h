@@ -20,6 +20,9 @@ class ConditionsPanel;
 class ModelPanel;
 class ParametersPanel;
 
+/// The parameter's name as it is spoken of: "Ks".
+QString SpokenName(At position);
+
 /// Owns what the four panels say to each other: production decides which constants are entered,
 /// the model which parameters there are. Knows what was last stored, and so whether the user has
 /// changed anything since.
@@ -50,6 +53,8 @@ class FormEntry : public QObject {
   void SetProposed(const CultivationForm& form, const std::vector<std::pair<At, QString>>& why);
   /// Shows another model, which waits to be stored.
   void SetModel(const velmora::Model& model);
+  /// Marks the parameter's number, which stays; `why` is told in its tool tip.
+  void Mark(At position, NumberBox::Mark mark, const QString& why);
   /// What is entered now is what is stored.
   void MarkStored();
   /// Whether the user has changed something since.
@@ -61,6 +66,8 @@ class FormEntry : public QObject {
   /// Empties every box and takes back every tick.
   void Clear();
   void SetLanguage(Language language);
+  /// The panel in which the box of `position` stands.
+  QWidget& PanelOf(At position) const;
   /// Goes to the box that a refusal is about.
   void Focus(At position);
 

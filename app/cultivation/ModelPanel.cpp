@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "app/cultivation/ModelHelp.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
 
@@ -28,11 +29,7 @@ ModelPanel::ModelPanel(QWidget* parent) : QGroupBox(parent) {
 void ModelPanel::Build() {
   list_ = Named<QComboBox>("cmbModelo", this);
   list_->setMaxVisibleItems(static_cast<int>(kModels.size()));
-  for (const Model& model : kModels) {
-    list_->addItem(NameOf(model));
-    list_->setItemData(list_->count() - 1, QString::fromStdString(Equation(model)),
-                       Qt::ToolTipRole);
-  }
+  for (const Model& model : kModels) list_->addItem(NameOf(model));
   confirm_ = NewButton("cmdConfirmarModelo", Symbol::Confirm, this);
   unlock_ = NewButton("cdmTrocarModelo", Symbol::Unlock, this);
   heading_ = Named<QLabel>("lblModelo", this);
@@ -89,10 +86,23 @@ void ModelPanel::SetConfirmed(bool confirmed) {
   confirm_->setEnabled(!confirmed);
   unlock_->setEnabled(confirmed);
   chosen_->setText(confirmed ? NameOf(Chosen()) : QStringLiteral("–"));
-  const QString equation = QString::fromStdString(Equation(Chosen()));
-  list_->setToolTip(equation);
-  chosen_->setToolTip(equation);
-  heading_->setToolTip(equation);
+  Explain();
+}
+
+void ModelPanel::SetLanguage(Language language) {
+  language_ = language;
+  for (std::size_t i = 0; i < kModels.size(); ++i)
+    list_->setItemData(static_cast<int>(i), ModelHelp(kModels[i], language), Qt::ToolTipRole);
+  Explain();
+}
+
+void ModelPanel::Explain() {
+  const QString help = ModelHelp(Chosen(), language_);
+  for (QWidget* const each : std::initializer_list<QWidget*>{list_, chosen_, heading_}) {
+    each->setToolTip(help);
+    each->setWhatsThis(help);
+  }
+  list_->setAccessibleDescription(help);
 }
 
 }  // namespace velmora

@@ -4,6 +4,7 @@
 #include <QGroupBox>
 
 #include "kinetics/Modelos.h"
+#include "language/Texts.h"
 
 class QComboBox;
 class QLabel;
@@ -21,6 +22,7 @@ class ModelPanel : public QGroupBox {
   void SetModel(const Model& model, bool confirmed);
   const Model& Chosen() const;
   bool Confirmed() const { return confirmed_; }
+  void SetLanguage(Language language);
 
  signals:
   /// The user chose, confirmed or unlocked a model.
@@ -31,7 +33,10 @@ class ModelPanel : public QGroupBox {
   void LayOut();
   void Wire();
   void SetConfirmed(bool confirmed);
+  /// Tells of the chosen model what it means.
+  void Explain();
 
+  Language language_ = Language::Portuguese;
   bool confirmed_ = false;
   QComboBox* list_ = nullptr;
   QToolButton* confirm_ = nullptr;

@@ -5,6 +5,8 @@
 #include <QLabel>
 #include <algorithm>
 
+#include "app/cultivation/FormEntry.h"
+#include "app/cultivation/ModelHelp.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
 #include "kinetics/Modelos.h"
@@ -18,10 +20,6 @@ enum Column { kTick, kName, kValue, kLowerBound, kUpperBound, kUnit };
 
 bool HasUnit(At position) {
   return !UnitOf(position, kModels.front()).empty();
-}
-
-QString Spoken(const Parameter& parameter) {
-  return Utf8(parameter.label).remove(QStringLiteral(" ="));
 }
 
 bool EmptyOrZero(const NumberBox& box) {
@@ -117,10 +115,11 @@ void ParametersPanel::SetFit(const FitRows& fit) {
 }
 
 void ParametersPanel::ExplainBounds() {
-  for (const Row& row : rows_)
+  for (const Row& row : rows_) {
+    const TextId effect = row.tick->isChecked() ? TextId::BoundHelp : TextId::BoundUnused;
     for (NumberBox* const bound : {row.lower, row.upper})
-      bound->setToolTip(row.tick->isChecked() ? QString()
-                                              : Caption(TextId::BoundUnused, language_));
+      bound->setToolTip(Caption(effect, language_));
+  }
 }
 
 void ParametersPanel::SetValue(At position, const Entry& entry, NumberBox::Mark mark,
@@ -144,7 +143,11 @@ void ParametersPanel::SetLanguage(Language language) {
   language_ = language;
   ExplainBounds();
   for (std::size_t i = 0; i < rows_.size(); ++i) {
-    const QString name = Spoken(kFittable[i]);
+    const QString name = SpokenName(kFittable[i].position);
+    const QString meaning = ParameterHelp(kFittable[i].position, language);
+    rows_[i].tick->setToolTip(meaning + u'\n' + Caption(TextId::TickHelp, language));
+    for (QWidget* const part : std::initializer_list<QWidget*>{rows_[i].name, rows_[i].value})
+      part->setToolTip(meaning);
     rows_[i].tick->setAccessibleName(name);
     rows_[i].value->setAccessibleName(name);
     rows_[i].lower->setAccessibleName(Caption(TextId::LowerBound, language) + u' ' + name);

@@ -42,7 +42,7 @@ class ParametersPanel : public QGroupBox {
   void Edited();
 
  private:
-  /// Says of bounds that no tick calls for that they have no effect.
+  /// Says what bounds do, and of those that no tick calls for that they have no effect.
   void ExplainBounds();
   struct Row {
     QCheckBox* tick = nullptr;

@@ -11,12 +11,6 @@
 #include "app/widgets/PanelParts.h"
 
 namespace velmora {
-namespace {
-
-constexpr int kSummaryLines = 7;
-
-}  // namespace
-
 ResultsPanel::ResultsPanel(QWidget* parent) : QGroupBox(parent) {
   setObjectName(QStringLiteral("frameResultados"));
   Build();
@@ -30,13 +24,13 @@ void ResultsPanel::Build() {
   text_->setReadOnly(true);
   text_->setUndoRedoEnabled(false);
   text_->setTabChangesFocus(true);
-  summary_ = Named<QPlainTextEdit>("txtResumo", this);
-  summary_->setReadOnly(true);
-  summary_->setTabChangesFocus(true);
-  summary_->setMaximumHeight(kSummaryLines * fontMetrics().lineSpacing());
+  summary_ = new SummaryText(this);
   summary_->hide();
   improve_ = Named<QPushButton>("cmdMelhorar", this);
   compare_ = Named<QPushButton>("cmdComparar", this);
+  howSure_ = Named<QPushButton>("cmdCerteza", this);
+  previous_ = Named<QPushButton>("cmdAnterior", this);
+  previous_->hide();
   toggle_ = NewButton("cmdIrVoltar", Symbol::Initial, this);
   report_ = NewButton("cmdRelatorio", Symbol::Report, this);
   clear_ = NewButton("cmdLimpar", Symbol::Clear, this);
@@ -52,7 +46,9 @@ void ResultsPanel::LayOut() {
   auto* const actions = new QHBoxLayout;
   actions->setSpacing(kSpacing);
   actions->addWidget(improve_);
+  actions->addWidget(howSure_);
   actions->addWidget(compare_);
+  actions->addWidget(previous_);
   actions->addStretch();
   auto* const texts = new QVBoxLayout;
   texts->setSpacing(kSpacing);
@@ -68,6 +64,8 @@ void ResultsPanel::Wire() {
   connect(toggle_, &QToolButton::clicked, this, &ResultsPanel::ToggleAsked);
   connect(improve_, &QPushButton::clicked, this, &ResultsPanel::ImproveAsked);
   connect(compare_, &QPushButton::clicked, this, &ResultsPanel::CompareAsked);
+  connect(howSure_, &QPushButton::clicked, this, &ResultsPanel::HowSureAsked);
+  connect(previous_, &QPushButton::clicked, this, &ResultsPanel::PreviousAsked);
   connect(report_, &QToolButton::clicked, this, &ResultsPanel::ReportAsked);
 }
 
@@ -85,11 +83,13 @@ void ResultsPanel::Clear() {
   ShowSummary({});
 }
 
-void ResultsPanel::ShowSummary(const std::vector<std::string>& lines) {
-  QStringList shown;
-  for (const std::string& line : lines) shown << QString::fromStdString(line);
-  summary_->setPlainText(shown.join(u'\n'));
+void ResultsPanel::ShowSummary(std::vector<SummaryLine> lines) {
   summary_->setVisible(!lines.empty());
+  summary_->SetLines(std::move(lines));
+}
+
+void ResultsPanel::SetReturnable(bool returnable) {
+  previous_->setVisible(returnable);
 }
 
 void ResultsPanel::SetComparable(bool comparable) {
@@ -125,10 +125,17 @@ void ResultsPanel::Show() {
   toggle_->setEnabled(available_ && !running_);
   report_->setEnabled(available_ && !running_);
   clear_->setEnabled(!running_);
+  summary_->setToolTip(Caption(TextId::SummaryDigits, language_));
   summary_->setAccessibleName(Caption(TextId::Results, language_).remove(u'&'));
   improve_->setText(Caption(TextId::Improve, language_));
   improve_->setToolTip(Caption(TextId::ImproveHint, language_));
   improve_->setEnabled(available_ && !running_);
+  howSure_->setText(Caption(TextId::HowSure, language_));
+  howSure_->setToolTip(Caption(TextId::HowSureHint, language_));
+  howSure_->setEnabled(available_ && !running_);
+  previous_->setText(Caption(TextId::PreviousValues, language_));
+  previous_->setToolTip(Caption(TextId::PreviousValuesHint, language_));
+  previous_->setEnabled(!running_);
   compare_->setText(Caption(TextId::CompareModels, language_));
   compare_->setToolTip(
       Caption(comparable_ ? TextId::CompareModelsHint : TextId::ComparisonNeeds, language_));

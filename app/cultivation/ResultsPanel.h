@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "app/cultivation/SummaryText.h"
 #include "language/Texts.h"
 
 class QPlainTextEdit;
@@ -26,13 +27,15 @@ class ResultsPanel : public QGroupBox {
   /// Adds to the end of the text. A user who has scrolled up keeps the place.
   void Append(const std::string& text);
   void Clear();
-  /// Says above the text where the fit stands, a line each; with no lines nothing stands there.
-  void ShowSummary(const std::vector<std::string>& lines);
+  /// Says above the text where the fit stands; with no lines nothing stands there.
+  void ShowSummary(std::vector<SummaryLine> lines);
   /// Whether there are results to report and estimated values to bring back.
   void SetAvailable(bool available);
   /// Whether models can be compared.
   void SetComparable(bool comparable);
   void SetDirection(Direction direction);
+  /// Whether what stood in the boxes before a model was taken over can come back.
+  void SetReturnable(bool returnable);
   /// While a search runs the text can only be looked at.
   void SetRunning(bool running);
   void SetLanguage(Language language);
@@ -42,6 +45,8 @@ class ResultsPanel : public QGroupBox {
   void ReportAsked();
   void ImproveAsked();
   void CompareAsked();
+  void HowSureAsked();
+  void PreviousAsked();
 
  private:
   void Build();
@@ -54,10 +59,12 @@ class ResultsPanel : public QGroupBox {
   bool available_ = false;
   bool running_ = false;
   bool comparable_ = false;
-  QPlainTextEdit* summary_ = nullptr;
+  SummaryText* summary_ = nullptr;
   QPlainTextEdit* text_ = nullptr;
   QPushButton* improve_ = nullptr;
   QPushButton* compare_ = nullptr;
+  QPushButton* howSure_ = nullptr;
+  QPushButton* previous_ = nullptr;
   QToolButton* clear_ = nullptr;
   QToolButton* toggle_ = nullptr;
   QToolButton* report_ = nullptr;

@@ -26,7 +26,7 @@ class RunControl : public QObject, private SearchObserver {
   /// Searches, and returns when the search has ended, was stopped or failed; nothing where there is
   /// no memory for it. Not to be called while a run is going.
   std::optional<SearchOutcome> Run(FitProblem problem, Method method, EstimationSettings settings);
-  /// Ends the run as soon as the search asks.
+  /// Ends the run within a tenth of a second, however long a generation takes.
   void Stop() { stop_ = true; }
   /// Lets the search wait, from the next time that it asks whether to stop, and go on.
   void Hold(bool held);
@@ -44,6 +44,7 @@ class RunControl : public QObject, private SearchObserver {
 
  private:
   bool StopRequested() override;
+  bool StopsAtOnce() override { return StopRequested(); }
   void Report(const Generation& generation) override;
   void Tick();
   void ShowTime();

@@ -8,20 +8,34 @@
 #include "app/cultivation/ResultsPanel.h"
 #include "app/cultivation/RunPanel.h"
 #include "app/cultivation/ScoreView.h"
+#include "app/cultivation/frmCerteza.h"
 #include "app/cultivation/frmRelatorio.h"
 #include "app/widgets/Idiomas.h"
 #include "cultivation/ConditionsSetUp.h"
 #include "cultivation/FitSetUp.h"
+#include "cultivation/OpenedConditions.h"
 #include "inference/FitSummary.h"
 #include "inference/VerdictTexts.h"
 #include "language/Message.h"
 #include "language/Numbers.h"
+#include "report/FitLines.h"
 #include "report/Relatorio.h"
 
 namespace velmora {
 namespace {
 
+constexpr int kBoundDigits = 6;
 constexpr int kResultsWidth = 430;  // the longest heading on one line
+
+/// "µmáx: 0.5 >= 0.2" of each parameter whose lower bound is not below its upper one.
+QString Disordered(const std::vector<FitVariable>& variables) {
+  QStringList lines;
+  for (const FitVariable& variable : variables)
+    if (!(variable.lower < variable.upper))
+      lines << SpokenName(variable.position) +
+                   QStringLiteral(": %1 ≥ %2").arg(variable.lower).arg(variable.upper);
+  return lines.join(u'\n');
+}
 
 /// The names of the files that held the session's experiments and conditions.
 std::vector<std::string> FilesOf(const Session& session) {
@@ -50,6 +64,7 @@ RunDisplay::RunDisplay(Session& session, Dialogs& dialogs, FormEntry& entry, QWi
 void RunDisplay::Wire() {
   connect(panel_, &RunPanel::StopAsked, this, &RunDisplay::AskToStop);
   connect(results_, &ResultsPanel::ReportAsked, this, &RunDisplay::Relatorio);
+  connect(results_, &ResultsPanel::HowSureAsked, this, &RunDisplay::ShowHowSure);
   connect(results_, &ResultsPanel::ToggleAsked, this, [this] { ShowParameters(!estimatedShown_); });
   connect(run_, &RunControl::NotNormalised, this, [this] {
     dialogs_.Show(Window(), {{std::string(kNotNormalised)}, "Velmora", Icon::None});
@@ -59,6 +74,7 @@ void RunDisplay::Wire() {
   connect(run_, &RunControl::GenerationEnded, this, &RunDisplay::ShowGeneration);
   connect(run_, &RunControl::CurvesChanged, this, [this](const ModelCurves& curves) {
     ShowCurves(session_, curves);
+    if (running_) ShowCourse();
     emit CurvesMoved();
   });
 }
@@ -148,6 +164,8 @@ void RunDisplay::BeginResults() {
   panel_->SetHeading(TextId::Estimating);
   panel_->ShowSeconds(0);
   panel_->ShowProgress(0, generations_);
+  reached_ = {};
+  elapsed_.start();
 }
 
 void RunDisplay::ShowGeneration(const Generation& generation,
@@ -155,6 +173,21 @@ void RunDisplay::ShowGeneration(const Generation& generation,
   results_->Append(ProgressText(variables, generation, Style()));
   score_->Add(generation.score);
   panel_->ShowProgress(generation.number, generations_);
+  reached_ = {generation.number, generation.functionCalls};
+}
+
+void RunDisplay::ShowCourse() {
+  if (reached_.generation == 0) return;
+  const std::string number = std::to_string(reached_.generation);
+  const std::string evaluations = std::to_string(reached_.evaluations);
+  if (generations_ == 0)
+    return results_->ShowSummary(
+        {{Filled(TextId::RunCourseOpen, session_.language, {number, evaluations})}});
+  const qint64 left =
+      elapsed_.elapsed() * (generations_ - reached_.generation) / reached_.generation;
+  results_->ShowSummary({{Filled(TextId::RunCourse, session_.language,
+                                 {number, std::to_string(generations_), evaluations,
+                                  ClockText(static_cast<int>(left / 1000)).toStdString()})}});
 }
 
 void RunDisplay::ShowOutcome(const SearchOutcome& outcome) {
@@ -163,7 +196,7 @@ void RunDisplay::ShowOutcome(const SearchOutcome& outcome) {
   if (outcome.result.end != SearchEnd::Refused)
     results_->Append(EndText(outcome.problem, outcome.result, session_.language));
   else
-    dialogs_.Show(Window(), BoundsRefusal());
+    dialogs_.Show(Window(), BoundsRefusal(), Buttons::Ok, Disordered(outcome.problem.variables));
 }
 
 void RunDisplay::ShowResult(const SearchOutcome& outcome) {
@@ -177,10 +210,7 @@ void RunDisplay::ShowResult(const SearchOutcome& outcome) {
 
 void RunDisplay::ShowSummary() {
   const auto run = session_.lastRun;
-  const SearchOutcome& outcome = run->outcome;
-  summary_ = SummaryLines(outcome.problem, outcome.result, static_cast<int>(outcome.settings.ITER),
-                          Style());
-  results_->ShowSummary(summary_);
+  results_->ShowSummary(Summary(nullptr));
   auto verdict = std::make_shared<FitVerdict>();
   QThread* const judge = QThread::create([run, verdict] {
     *verdict = JudgeFit(run->outcome.problem, run->outcome.result, run->outcome.deviations);
@@ -193,14 +223,39 @@ void RunDisplay::ShowSummary() {
   judge->start();
 }
 
+std::vector<SummaryLine> RunDisplay::Summary(const FitVerdict* verdict) const {
+  const auto& [outcome, lists, conditions] = *session_.lastRun;
+  const FitProblem& problem = outcome.problem;
+  std::vector<SummaryLine> lines;
+  for (std::string& line :
+       SummaryLines(problem, outcome.result, static_cast<int>(outcome.settings.ITER), Style()))
+    lines.push_back({std::move(line)});
+  const Model* const model = RecognisedModel(conditions.At(1), problem.variables);
+  for (EstimateLine& line : EstimateLines(problem, outcome.result, outcome.deviations, model,
+                                          verdict ? &verdict->parameters : nullptr, Style()))
+    lines.push_back({std::move(line.text), std::move(line.number), std::move(line.all)});
+  if (verdict == nullptr) return lines;
+  for (std::string& line : RunVerdictLines(*verdict, problem, Style()))
+    lines.push_back({std::move(line)});
+  return lines;
+}
+
 void RunDisplay::ShowVerdict(const FitVerdict& verdict) {
-  const FitProblem& problem = session_.lastRun->outcome.problem;
-  std::vector<std::string> lines = summary_;
-  for (std::string& line : ParameterVerdictLines(verdict, problem, Style()))
-    lines.push_back(std::move(line));
-  for (std::string& line : RunVerdictLines(verdict, problem, Style()))
-    lines.push_back(std::move(line));
-  results_->ShowSummary(lines);
+  results_->ShowSummary(Summary(&verdict));
+  if (estimatedShown_) MarkBounds(verdict.parameters);
+}
+
+void RunDisplay::MarkBounds(const ParameterVerdicts& verdicts) {
+  const SearchOutcome& last = session_.lastRun->outcome;
+  for (std::size_t j = 0; j < verdicts.of.size(); ++j)
+    for (const Finding& finding : verdicts.of[j].findings) {
+      if (finding.kind != FindingKind::AtLowerBound && finding.kind != FindingKind::AtUpperBound)
+        continue;
+      const std::string why = Filled(TextId::AtItsBound, session_.language,
+                                     {PlainText(finding.value, session_.separator, kBoundDigits)});
+      entry_.Mark(last.problem.variables[j].position, NumberBox::Mark::AtBound,
+                  QString::fromStdString(why));
+    }
 }
 
 void RunDisplay::ShowParameters(bool estimated) {
@@ -231,6 +286,13 @@ void RunDisplay::Relatorio() {
   reportWindow_ = new frmRelatorio(session_, dialogs_, std::move(report), Window()->window());
   reportWindow_->setAttribute(Qt::WA_DeleteOnClose);
   reportWindow_->show();
+}
+
+void RunDisplay::ShowHowSure() {
+  delete howSureWindow_;
+  howSureWindow_ = new frmCerteza(session_, session_.lastRun, Window()->window());
+  howSureWindow_->setAttribute(Qt::WA_DeleteOnClose);
+  howSureWindow_->show();
 }
 
 /// The search waits for the answer: nothing is reported behind the question.

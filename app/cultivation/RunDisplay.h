@@ -1,12 +1,14 @@
 // A simulation or a search, its course, its results and its report.
 #pragma once
 
+#include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
 #include <string>
 #include <vector>
 
 #include "app/cultivation/RunControl.h"
+#include "app/cultivation/SummaryText.h"
 #include "app/widgets/Dialogs.h"
 #include "estimation/ResultTexts.h"
 #include "inference/Verdicts.h"
@@ -18,6 +20,7 @@ class FormEntry;
 class ResultsPanel;
 class RunPanel;
 class ScoreView;
+class frmCerteza;
 class frmRelatorio;
 
 /// Owns what the panels of a run say to each other, and puts the estimated values into the form.
@@ -65,16 +68,24 @@ class RunDisplay : public QObject {
   TextStyle Style() const { return {session_.language, session_.separator}; }
   void BeginResults();
   void ShowGeneration(const Generation& generation, const std::vector<FitVariable>& variables);
+  /// Says how far the search is, and how long it can still take.
+  void ShowCourse();
   void ShowOutcome(const SearchOutcome& outcome);
   void ShowResult(const SearchOutcome& outcome);
   /// Says where the last run stands; what the data tell of it follows as soon as it is found.
   void ShowSummary();
   void ShowVerdict(const FitVerdict& verdict);
+  /// The summary, with the verdicts where they are found.
+  std::vector<SummaryLine> Summary(const FitVerdict* verdict) const;
   void AskToStop();
   /// Shows the estimated values, or those from which the search started.
   void ShowParameters(bool estimated);
   /// Shows the report of the last run that had a result, with the data and curves that it had.
   void Relatorio();
+  /// Shows profiles and correlations of the last run.
+  void ShowHowSure();
+  /// Marks the estimates that lie at a bound.
+  void MarkBounds(const ParameterVerdicts& verdicts);
 
   Session& session_;
   Dialogs& dialogs_;
@@ -84,10 +95,16 @@ class RunDisplay : public QObject {
   ScoreView* score_;
   RunControl* run_;
   QPointer<frmRelatorio> reportWindow_;
+  QPointer<frmCerteza> howSureWindow_;
+  struct Reached {
+    int generation = 0;
+    std::int32_t evaluations = 0;
+  };
+  Reached reached_;
+  QElapsedTimer elapsed_;
   int generations_ = 0;  // at most, in the search that goes on; 0 where nobody knows
   bool running_ = false;
   bool estimatedShown_ = false;
-  std::vector<std::string> summary_;
   bool quiet_ = false;  // the program is being closed
 };
 

@@ -1,5 +1,6 @@
 #include "app/cultivation/RunPanel.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QProgressBar>
 #include <QPushButton>
@@ -10,6 +11,10 @@
 #include "app/widgets/PanelParts.h"
 
 namespace velmora {
+
+QString ClockText(int seconds) {
+  return QTime(0, 0).addSecs(seconds).toString(QStringLiteral("HH:mm:ss"));
+}
 
 RunPanel::RunPanel(QWidget* parent) : QWidget(parent) {
   Build();
@@ -68,8 +73,18 @@ void RunPanel::SetRunning(bool running) {
   running_ = running;
   save_->setEnabled(!running);
   SetExperiments(experiments_);
-  start_->setEnabled(!running);
-  stop_->setEnabled(running);
+  // Disabled under the keyboard, a button would leave it nowhere.
+  if (running) {
+    stop_->setEnabled(true);
+    startedByKey_ = start_->hasFocus();
+    if (startedByKey_) stop_->setFocus();
+    start_->setEnabled(false);
+  } else {
+    start_->setEnabled(true);
+    const bool nowhere = QApplication::focusWidget() == nullptr;
+    if (stop_->hasFocus() || (startedByKey_ && nowhere)) start_->setFocus();
+    stop_->setEnabled(false);
+  }
   progress_->setVisible(running);
 }
 
@@ -92,7 +107,7 @@ void RunPanel::SetSimulates(bool simulates) {
 }
 
 void RunPanel::ShowSeconds(int seconds) {
-  clock_->setText(QTime(0, 0).addSecs(seconds).toString(QStringLiteral("HH:mm:ss")));
+  clock_->setText(ClockText(seconds));
 }
 
 void RunPanel::ShowProgress(int generation, int limit) {

@@ -13,6 +13,9 @@ class QToolButton;
 
 namespace velmora {
 
+/// "00:01:15"
+QString ClockText(int seconds);
+
 class RunPanel : public QWidget {
   Q_OBJECT
 
@@ -50,6 +53,7 @@ class RunPanel : public QWidget {
   std::optional<TextId> heading_;
   bool simulates_ = false;
   bool running_ = false;
+  bool startedByKey_ = false;
   int experiments_ = 0;
   QPushButton* propose_ = nullptr;
   QPushButton* save_ = nullptr;

@@ -8,7 +8,7 @@ namespace velmora {
 namespace {
 
 constexpr int kMargin = 6;
-constexpr int kLeastHeight = 150;
+constexpr int kLeastHeight = 90;
 constexpr int kWidestExponent = 10;
 constexpr int kMostLines = 6;
 constexpr double kSmallest = 1e-300;  // what a score of 0 is drawn as

@@ -76,6 +76,7 @@ void frmComparacao::Build() {
   table_->setAccessibleName(windowTitle());
   remarks_ = Named<QLabel>("lblObservacoes", this);
   remarks_->setWordWrap(true);
+  remarks_->setAccessibleName(windowTitle());
   remarks_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   auto* const buttons = new QDialogButtonBox(this);
   connect(buttons->addButton(Caption(TextId::CloseButton, language), QDialogButtonBox::RejectRole),

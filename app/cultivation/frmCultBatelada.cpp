@@ -4,8 +4,10 @@
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <cmath>
 
 #include "app/cultivation/ChartsPanel.h"
 #include "app/cultivation/ExperimentPanel.h"
@@ -29,18 +31,25 @@ namespace {
 
 constexpr int kRoomForScore = 860;  // window height from which the score's course has room
 
-/// What is fixed stays readable although it cannot be changed.
+/// What is fixed stays readable although it cannot be changed, on a light ground and on a dark one.
 QPalette ReadablePalette(QPalette colours) {
-  constexpr QColor kFixed(0x70, 0x70, 0x70);
+  constexpr double kFaded = 0.47;  // of the way from the text's colour to the ground's
+  const QColor text = colours.color(QPalette::Active, QPalette::WindowText);
+  const QColor ground = colours.color(QPalette::Active, QPalette::Window);
+  const auto mixed = [](int from, int to) {
+    return from + static_cast<int>(std::lround(kFaded * (to - from)));
+  };
+  const QColor fixed(mixed(text.red(), ground.red()), mixed(text.green(), ground.green()),
+                     mixed(text.blue(), ground.blue()));
   for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-    colours.setColor(QPalette::Disabled, role, kFixed);
+    colours.setColor(QPalette::Disabled, role, fixed);
   return colours;
 }
 
 }  // namespace
 
 frmCultBatelada::frmCultBatelada(Session& session, Dialogs& dialogs, QWidget* parent)
-    : QWidget(parent), session_(session), dialogs_(dialogs) {
+    : FoldingWindow(parent), session_(session), dialogs_(dialogs) {
   setObjectName(QLatin1StringView(kCultivationWindow));
   setPalette(ReadablePalette(palette()));
   BuildPanels();
@@ -58,27 +67,68 @@ void frmCultBatelada::BuildPanels() {
   for (NumberBox* const box : findChildren<NumberBox*>()) numbers_->Watch(*box);
 }
 
+void frmCultBatelada::LayOut() {
+  Above().addWidget(experiment_);
+}
+
+QWidget* frmCultBatelada::Arranged(bool folded) {
+  QWidget* const body = folded ? Tabs() : Columns();
+  PlaceScore();
+  return body;
+}
+
 /// Left what is chosen and entered, in the middle the parameters, the run and its results, right
 /// the plots: these take the room that a large window has.
-void frmCultBatelada::LayOut() {
-  auto* const choices = new QVBoxLayout;
+QWidget* frmCultBatelada::Columns() {
+  experiment_->TakeInfo();
+  auto* const body = new QWidget(this);
+  auto* const columns = new QHBoxLayout(body);
+  Tighten(*columns);
+  choicesColumn_ = new QVBoxLayout;
   for (QWidget* const panel : {entry_->Choices(), entry_->Model(), entry_->Conditions()})
-    choices->addWidget(panel);
-  choices->addStretch();
-  choices->addWidget(&run_->Score(), 1);
-  auto* const run = new QVBoxLayout;
-  run->addWidget(entry_->Parameters());
-  run->addWidget(&run_->Panel());
-  run->addWidget(&run_->Results(), 1);
-  auto* const columns = new QHBoxLayout;
-  columns->setSpacing(kSpacing);
-  columns->addLayout(choices);
-  columns->addLayout(run, 2);
+    choicesColumn_->addWidget(panel);
+  choicesColumn_->addStretch();
+  runColumn_ = new QVBoxLayout;
+  runColumn_->addWidget(entry_->Parameters());
+  runColumn_->addWidget(&run_->Panel());
+  runColumn_->addWidget(&run_->Score(), 1);
+  runColumn_->addWidget(&run_->Results(), 1);
+  columns->addLayout(choicesColumn_);
+  columns->addLayout(runColumn_, 2);
   columns->addWidget(charts_, 3);
-  auto* const all = new QVBoxLayout(this);
-  TightenInside(*all);
-  all->addWidget(experiment_);
-  all->addLayout(columns, 1);
+  return body;
+}
+
+/// Left the panels one behind the other, above the run, right the plots.
+QWidget* frmCultBatelada::Tabs() {
+  const auto caption = [this](TextId text) { return Caption(text, session_.language); };
+  auto* const body = new QWidget(this);
+  auto* const columns = new QHBoxLayout(body);
+  Tighten(*columns);
+  auto* const tabs = Named<QTabWidget>("abas", body);
+  tabs->setAccessibleName(windowTitle());
+  AddTab(*tabs, caption(TextId::TabModel),
+         {entry_->Choices(), entry_->Model(), &experiment_->Info(), new QWidget});
+  AddTab(*tabs, caption(TextId::TabConditions), {entry_->Conditions(), new QWidget});
+  AddTab(*tabs, caption(TextId::TabParameters), {entry_->Parameters(), new QWidget});
+  AddTab(*tabs, caption(TextId::TabResults), {&run_->Score(), &run_->Results()});
+  auto* const left = new QVBoxLayout;
+  left->addWidget(tabs, 1);
+  left->addWidget(&run_->Panel());
+  columns->addLayout(left);
+  columns->addWidget(charts_, 1);
+  return body;
+}
+
+void frmCultBatelada::PlaceScore() {
+  ScoreView& score = run_->Score();
+  const bool tall = !Folded() && height() >= kRoomForScore;
+  if (!Folded()) {
+    QVBoxLayout& column = tall ? *choicesColumn_ : *runColumn_;
+    if (column.indexOf(&score) < 0)
+      column.insertWidget(tall ? column.count() : column.indexOf(&run_->Results()), &score, 1);
+  }
+  score.setVisible(tall || Running());
 }
 
 void frmCultBatelada::Wire() {
@@ -91,9 +141,14 @@ void frmCultBatelada::Wire() {
   connect(&run_->Panel(), &RunPanel::UseForAllAsked, this, &frmCultBatelada::UseForAll);
   connect(&run_->Results(), &ResultsPanel::ImproveAsked, this, &frmCultBatelada::Improve);
   connect(&run_->Results(), &ResultsPanel::CompareAsked, this, &frmCultBatelada::CompareModels);
+  connect(&run_->Results(), &ResultsPanel::PreviousAsked, this, &frmCultBatelada::ReturnToPrevious);
   connect(&run_->Panel(), &RunPanel::StartAsked, this, &frmCultBatelada::Ajustar);
   connect(run_, &RunDisplay::RunningChanged, experiment_, &QWidget::setDisabled);
-  connect(run_, &RunDisplay::RunningChanged, this, &frmCultBatelada::RunningChanged);
+  connect(run_, &RunDisplay::RunningChanged, this, [this](bool running) {
+    PlaceScore();
+    if (running) Reveal(run_->Results());
+    emit RunningChanged(running);
+  });
   connect(run_, &RunDisplay::CurvesMoved, this, &frmCultBatelada::GraficoSub);
   connect(run_, &RunDisplay::Changed, this, &frmCultBatelada::Announce);
   connect(charts_, &ChartsPanel::MenuAsked, this, &frmCultBatelada::ChartMenu);
@@ -116,11 +171,12 @@ void frmCultBatelada::changeEvent(QEvent* event) {
   entry_->SetLanguage(language);
   run_->SetLanguage(language);
   numbers_->SetLanguage(language);
+  Measure();
 }
 
 void frmCultBatelada::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  run_->Score().setVisible(height() >= kRoomForScore);
+  FoldingWindow::resizeEvent(event);
+  PlaceScore();
 }
 
 void frmCultBatelada::showEvent(QShowEvent* event) {
@@ -133,8 +189,14 @@ Answer frmCultBatelada::Tell(const Message& message, Buttons buttons) {
 }
 
 void frmCultBatelada::Refuse(const Refusal& refusal) {
-  Tell(refusal.message);
-  if (refusal.box) entry_->Focus(*refusal.box);
+  const bool parameter = refusal.box && FittableIndex(*refusal.box) >= 0;
+  const std::string named = parameter ? Filled(TextId::BoundsOf, session_.language,
+                                               {SpokenName(*refusal.box).toStdString()})
+                                      : std::string();
+  dialogs_.Show(this, refusal.message, Buttons::Ok, QString::fromStdString(named));
+  if (!refusal.box) return;
+  Reveal(entry_->PanelOf(*refusal.box));
+  entry_->Focus(*refusal.box);
 }
 
 // The experiment shown.
@@ -157,8 +219,10 @@ void frmCultBatelada::Announce(const Change& change) {
 }
 
 void frmCultBatelada::Show(const Change& change) {
+  const FormDraft draft = session_.formDraft;
   if (change.results) run_->ShowLast();
   if (change.lists || change.restored) ShowPlaceAfter(change);
+  if (change.form) ShowDraft(draft);
   ShowStanding();
   if (change.lists || change.curves || change.gridLines) GraficoSub();
 }
@@ -202,7 +266,14 @@ void frmCultBatelada::ShowSuggested() {
     if (entry_->Untouched(position)) entry_->SetBox(position, entry);
 }
 
+void frmCultBatelada::ShowDraft(const FormDraft& draft) {
+  MostrarCondCult(draft.place);
+  if (const velmora::Model* const model = FindModel(draft.form.model)) entry_->SetModel(*model);
+  entry_->SetProposed(draft.form, {});
+}
+
 void frmCultBatelada::ShowStanding() {
+  session_.formDraft = {entry_->Form(), place_, entry_->Changed()};
   const bool saved = IsSaved(place_) && !entry_->Changed();
   experiment_->SetStanding(
       {place_, NumExperimentos(), Number(), saved, session_.conditions.SavedCount()});
@@ -291,6 +362,8 @@ void frmCultBatelada::CompareModels() {
 
 void frmCultBatelada::TakeModel(const ComparedModel& compared) {
   if (Running()) return;
+  previous_ = entry_->Form();
+  run_->Results().SetReturnable(true);
   entry_->SetModel(*compared.model);
   CultivationForm form = entry_->Form();
   for (const Parameter& parameter : kFittable) form.At(parameter.position) = {};
@@ -302,6 +375,14 @@ void frmCultBatelada::TakeModel(const ComparedModel& compared) {
   }
   entry_->SetProposed(form, {});
   if (NumExperimentos() > 1) UseForAll();
+}
+
+void frmCultBatelada::ReturnToPrevious() {
+  if (!previous_) return;
+  if (const velmora::Model* const model = FindModel(previous_->model)) entry_->SetModel(*model);
+  entry_->SetProposed(*previous_, {});
+  previous_.reset();
+  run_->Results().SetReturnable(false);
 }
 
 bool frmCultBatelada::EntryChanged() const {

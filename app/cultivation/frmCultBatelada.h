@@ -4,13 +4,15 @@
 #include <QPoint>
 #include <QPointer>
 #include <QString>
-#include <QWidget>
 #include <cstdint>
 #include <optional>
 
 #include "app/widgets/Dialogs.h"
+#include "app/widgets/FoldingWindow.h"
 #include "cultivation/CultivationForm.h"
 #include "session/Operations.h"
+
+class QVBoxLayout;
 
 namespace velmora {
 
@@ -22,7 +24,7 @@ class NumberEntry;
 class RunDisplay;
 class frmComparacao;
 
-class frmCultBatelada : public QWidget {
+class frmCultBatelada : public FoldingWindow {
   Q_OBJECT
 
  public:
@@ -75,6 +77,11 @@ class frmCultBatelada : public QWidget {
  private:
   void BuildPanels();
   void LayOut();
+  QWidget* Arranged(bool folded) override;
+  QWidget* Columns();
+  QWidget* Tabs();
+  /// The score's course stands where there is room for it, else only while a search is going.
+  void PlaceScore();
   void Wire();
   void ShowAtStart();
 
@@ -94,6 +101,8 @@ class frmCultBatelada : public QWidget {
   void ShowStored(const ConditionsRecord& record);
   /// Shows what the conditions may begin with, but in boxes that the user has edited.
   void ShowSuggested();
+  /// Shows what stood in the boxes, over what is stored of its experiment.
+  void ShowDraft(const FormDraft& draft);
   void ShowStanding();
   void Step(int step);
 
@@ -108,6 +117,8 @@ class frmCultBatelada : public QWidget {
   void Improve();
   void CompareModels();
   void TakeModel(const ComparedModel& compared);
+  /// Brings back what stood in the boxes before a model was taken over.
+  void ReturnToPrevious();
 
   Session& session_;
   Dialogs& dialogs_;
@@ -117,7 +128,10 @@ class frmCultBatelada : public QWidget {
   ChartsPanel* charts_ = nullptr;
   NumberEntry* numbers_ = nullptr;
   QPointer<frmComparacao> comparison_;
-  int place_ = 0;  // of the experiment shown
+  QVBoxLayout* choicesColumn_ = nullptr;  // of the columns
+  QVBoxLayout* runColumn_ = nullptr;
+  std::optional<CultivationForm> previous_;  // before a model was taken over
+  int place_ = 0;                            // of the experiment shown
 };
 
 }  // namespace velmora

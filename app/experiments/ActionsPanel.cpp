@@ -43,7 +43,9 @@ const QString kNextStepLook = QStringLiteral(
 }  // namespace
 
 ActionsPanel::ActionsPanel(QWidget* parent)
-    : QWidget(parent), place_(Named<QLineEdit>("txtExcluir", this)) {
+    : QWidget(parent),
+      nextStep_(Named<QLabel>("lblProxEtapa", this)),
+      place_(Named<QLineEdit>("txtExcluir", this)) {
   BuildButtons();
   LayOut();
   Wire();
@@ -75,7 +77,7 @@ void ActionsPanel::LayOut() {
   for (const ExperimentAction action : {ViewGraphs, GridLines, Legend})
     layout->addWidget(&Button(action));
   layout->addStretch(1);
-  layout->addWidget(Named<QLabel>("lblProxEtapa", this));
+  layout->addWidget(nextStep_);
   layout->addWidget(&Button(NextStep));
 }
 
@@ -122,6 +124,10 @@ void ActionsPanel::SetLanguage(Language language) {
   language_ = language;
   place_->setPlaceholderText(Caption(TextId::PlaceHint, language));
   ExplainPlace();
+}
+
+void ActionsPanel::SetShort(bool isShort) {
+  nextStep_->setVisible(!isShort);
 }
 
 void ActionsPanel::ExplainPlace() {

@@ -9,6 +9,7 @@
 #include "language/Texts.h"
 
 class QBoxLayout;
+class QLabel;
 class QLineEdit;
 class QRadioButton;
 class QToolButton;
@@ -37,6 +38,8 @@ class ActionsPanel : public QWidget {
   /// The experiments' numbers by place, by which the place to be deleted is explained.
   void SetExperiments(std::vector<std::int16_t> numbers);
   void SetLanguage(Language language);
+  /// Leaves out what the next step is, which its button tells as well.
+  void SetShort(bool isShort);
   /// The typed place; 0 where the box holds no number.
   int PlaceToDelete() const;
   void GoToPlace();
@@ -58,6 +61,7 @@ class ActionsPanel : public QWidget {
 
   std::array<QToolButton*, 8> buttons_{};
   std::array<QRadioButton*, 2> deleting_{};  // Option1: no, yes
+  QLabel* nextStep_;
   QLineEdit* place_;
   std::vector<std::int16_t> numbers_;
   Language language_ = Language::English;

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
@@ -24,7 +25,7 @@ constexpr int kLegendWidth = 190;  // px; the heading fits on one line
 }  // namespace
 
 frmMsFlexGrid::frmMsFlexGrid(Session& session, Dialogs& dialogs, QWidget* parent)
-    : QWidget(parent), session_(session), dialogs_(dialogs) {
+    : FoldingWindow(parent), session_(session), dialogs_(dialogs) {
   setObjectName(QLatin1StringView(kExperimentsWindow));
   BuildPanels();
   LayOut();
@@ -41,20 +42,36 @@ void frmMsFlexGrid::BuildPanels() {
 }
 
 void frmMsFlexGrid::LayOut() {
-  auto* const graphs = Named<QGroupBox>("frmGrafico", this);
-  auto* const plots = new QVBoxLayout(graphs);
+  graphs_ = Named<QGroupBox>("frmGrafico", this);
+  auto* const plots = new QVBoxLayout(graphs_);
   plots->addWidget(plots_);
-  auto* const choosers = new QVBoxLayout;
-  choosers->addWidget(displays_);
-  choosers->addWidget(LegendCorner());
-  choosers->addStretch(1);
-  auto* const body = new QHBoxLayout;
-  body->addWidget(entry_, 2);
-  body->addLayout(choosers);
-  body->addWidget(graphs, 5);
-  auto* const layout = new QVBoxLayout(this);
-  layout->addWidget(actions_);
-  layout->addLayout(body, 1);
+  legendCorner_ = LegendCorner();
+  Above().addWidget(actions_);
+}
+
+/// Left what is entered, then how it is drawn, right the plots.
+QWidget* frmMsFlexGrid::Arranged(bool folded) {
+  actions_->SetShort(folded);
+  auto* const body = new QWidget(this);
+  auto* const columns = new QHBoxLayout(body);
+  columns->setContentsMargins({});
+  if (folded) {
+    auto* const tabs = Named<QTabWidget>("abas", body);
+    tabs->setAccessibleName(windowTitle());
+    AddTab(*tabs, Caption(TextId::TabData, session_.language), {entry_});
+    AddTab(*tabs, Caption(TextId::TabLook, session_.language),
+           {displays_, legendCorner_, new QWidget});
+    columns->addWidget(tabs);
+  } else {
+    auto* const choosers = new QVBoxLayout;
+    choosers->addWidget(displays_);
+    choosers->addWidget(legendCorner_);
+    choosers->addStretch(1);
+    columns->addWidget(entry_, 2);
+    columns->addLayout(choosers);
+  }
+  columns->addWidget(graphs_, 5);
+  return body;
 }
 
 QWidget* frmMsFlexGrid::LegendCorner() {
@@ -99,6 +116,7 @@ void frmMsFlexGrid::changeEvent(QEvent* event) {
   displays_->NameControls();
   actions_->SetLanguage(session_.language);
   entry_->SetLanguage(session_.language);
+  Measure();
 }
 
 void frmMsFlexGrid::Do(ExperimentAction action) {
@@ -130,6 +148,7 @@ void frmMsFlexGrid::Save() {
   EntryRead entry = entry_->Entry();
   if (entry.refusal) {
     dialogs_.Show(this, entry.refusal->message);
+    Reveal(*entry_);
     entry_->GoTo(*entry.refusal);
     return;
   }
@@ -242,6 +261,7 @@ void frmMsFlexGrid::NoteDraft() {
 void frmMsFlexGrid::ShowPlace(int place) {
   const bool unsaved = session_.draft.Unsaved();
   if (!MayLeave()) return ShowLists();
+  if (place == 0) Reveal(*entry_);
   if (place == 0)
     ShowNew();
   else
@@ -324,6 +344,7 @@ void frmMsFlexGrid::ToggleGridLines() {
 
 void frmMsFlexGrid::LegendaSub() {
   legend_->setVisible(legend_->isHidden());
+  if (!legend_->isHidden()) Reveal(*legend_);
   Redraw();
 }
 

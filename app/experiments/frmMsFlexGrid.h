@@ -3,10 +3,10 @@
 
 #include <QPoint>
 #include <QString>
-#include <QWidget>
 
 #include "app/experiments/ActionsPanel.h"
 #include "app/widgets/Dialogs.h"
+#include "app/widgets/FoldingWindow.h"
 #include "session/Operations.h"
 #include "session/Session.h"
 
@@ -17,7 +17,7 @@ class EntryPanel;
 class LegendView;
 class PlotsPanel;
 
-class frmMsFlexGrid : public QWidget {
+class frmMsFlexGrid : public FoldingWindow {
   Q_OBJECT
 
  public:
@@ -64,6 +64,7 @@ class frmMsFlexGrid : public QWidget {
  private:
   void BuildPanels();
   void LayOut();
+  QWidget* Arranged(bool folded) override;
   /// The legend, in the corner that the choosers leave free.
   QWidget* LegendCorner();
   void Wire();
@@ -113,6 +114,8 @@ class frmMsFlexGrid : public QWidget {
   ActionsPanel* actions_ = nullptr;
   PlotsPanel* plots_ = nullptr;
   LegendView* legend_ = nullptr;
+  QWidget* legendCorner_ = nullptr;
+  QWidget* graphs_ = nullptr;
 };
 
 }  // namespace velmora

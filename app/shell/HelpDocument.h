@@ -1,17 +1,20 @@
-// The user's guide beside the program.
+// The user's guide.
 #pragma once
 
 #include <QString>
 
+#include "app/widgets/Dialogs.h"
 #include "language/Texts.h"
+
+class QWidget;
 
 namespace velmora {
 
-/// The name of the guide in `language`, a PDF.
-QString HelpFileName(Language language);
+/// The guide's file name in the language, without a suffix.
+QString GuideName(Language language);
 
-/// Opens the guide that lies in `folder` with the desktop's viewer, which runs on its own. False,
-/// with nothing shown, where the file or the viewer is missing.
-bool OpenHelpDocument(const QString& folder, Language language);
+/// Opens the guide that lies in `folder`: in the desktop's viewer, and where there is none in a
+/// window over `owner`. Where the guide is missing, says so.
+void OpenGuide(const QString& folder, Language language, Dialogs& dialogs, QWidget* owner);
 
 }  // namespace velmora

@@ -5,28 +5,25 @@
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QLibraryInfo>
-#include <QMdiArea>
-#include <QMdiSubWindow>
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
 
-#include "app/charts/ChartView.h"
 #include "app/charts/PlotsPanel.h"
-#include "app/charts/frmZoom.h"
 #include "app/cultivation/frmCultBatelada.h"
 #include "app/experiments/frmMsFlexGrid.h"
 #include "app/settings/frmParametros.h"
-#include "app/shell/ChildFrame.h"
+#include "app/shell/ChartCommands.h"
+#include "app/shell/FileCommands.h"
 #include "app/shell/HelpDocument.h"
 #include "app/shell/History.h"
 #include "app/shell/MainMenu.h"
 #include "app/shell/RecoveryKeeper.h"
+#include "app/shell/WorkWindows.h"
 #include "app/shell/frmSobre.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/ProgramFolder.h"
-#include "data/ExperimentFile.h"
-#include "session/Session.h"
+#include "session/Unsaved.h"
 
 namespace velmora {
 namespace {
@@ -49,6 +46,15 @@ void ShowSmallWindow(QPointer<Window>& window, Arguments&&... arguments) {
 
 }  // namespace
 
+/// Runs routines of `target` from the menu items with these names.
+template <typename Target>
+void MDIForm1::Bind(Target* target,
+                    std::initializer_list<std::pair<const char*, void (Target::*)()>> commands) {
+  for (const auto& [item, run] : commands)
+    connect(&menu_->Item(item), &QAction::triggered, target,
+            [target, run = run] { (target->*run)(); });
+}
+
 MDIForm1::MDIForm1(Session& session, Dialogs& dialogs, QWidget* parent)
     : QMainWindow(parent),
       session_(session),
@@ -62,15 +68,15 @@ MDIForm1::MDIForm1(Session& session, Dialogs& dialogs, QWidget* parent)
 }
 
 void MDIForm1::BuildPanels() {
-  area_ = new QMdiArea(this);
-  area_->setObjectName(QStringLiteral("mdiArea"));
-  area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+  windows_ = new WorkWindows(session_, dialogs_, this);
   menu_ = new MainMenu(*this);
   history_ = new History(session_, this);
+  files_ = new FileCommands(session_, dialogs_, *windows_, this);
+  charts_ = new ChartCommands(session_, dialogs_, *windows_, menu_->Menu("mnuPopup"), this);
 }
 
 void MDIForm1::LayOut() {
-  setCentralWidget(area_);
+  setCentralWidget(windows_);
   setAcceptDrops(true);
   const QSize room = screen()->availableSize();
   resize(kUsualSize.boundedTo(room));
@@ -80,32 +86,27 @@ void MDIForm1::LayOut() {
 }
 
 void MDIForm1::Wire() {
-  struct Command {
-    const char* item;
-    void (MDIForm1::*run)();
-  };
-  constexpr Command kCommands[] = {{"mnuNovo", &MDIForm1::ShowExperiments},
-                                   {"mnuAbrirExp", &MDIForm1::OpenExperiments},
-                                   {"mnuACondBat", &MDIForm1::OpenConditions},
-                                   {"mnuSalvarExp", &MDIForm1::SaveExperiments},
-                                   {"mnuSCondBat", &MDIForm1::SaveConditions},
-                                   {"mnuExcluir", &MDIForm1::ClearAll},
-                                   {"mnuVoltar", &MDIForm1::Undo},
-                                   {"mnuRefazer", &MDIForm1::Redo},
-                                   {"mnuExportarDados", &MDIForm1::ExportCurves},
-                                   {"mnuZoom", &MDIForm1::OpenZoom},
-                                   {"mnuCopiar", &MDIForm1::CopyChart},
-                                   {"mnuLegenda", &MDIForm1::ToggleLegend},
-                                   {"mnuLeg", &MDIForm1::ToggleLegend},
-                                   {"mnuLinhaGrade", &MDIForm1::ToggleGridLines},
-                                   {"mnuPublicacao", &MDIForm1::TogglePublication},
-                                   {"mnuBatelada", &MDIForm1::ShowCultivation},
-                                   {"mnuParED", &MDIForm1::ShowSettings},
-                                   {"mnuSobre", &MDIForm1::ShowAbout},
-                                   {"mnuTopAjuda", &MDIForm1::ShowHelp}};
-  for (const Command& command : kCommands)
-    connect(&menu_->Item(command.item), &QAction::triggered, this,
-            [this, run = command.run] { (this->*run)(); });
+  // clang-format off
+  Bind(this, {{"mnuExcluir", &MDIForm1::ClearAll},
+              {"mnuVoltar", &MDIForm1::Undo},
+              {"mnuRefazer", &MDIForm1::Redo},
+              {"mnuExportarDados", &MDIForm1::ExportCurves},
+              {"mnuParED", &MDIForm1::ShowSettings},
+              {"mnuSobre", &MDIForm1::ShowAbout},
+              {"mnuTopAjuda", &MDIForm1::ShowHelp}});
+  Bind(windows_, {{"mnuNovo", &WorkWindows::ShowExperiments},
+                  {"mnuBatelada", &WorkWindows::ShowCultivation}});
+  Bind(files_, {{"mnuAbrirExp", &FileCommands::OpenExperiments},
+                {"mnuACondBat", &FileCommands::OpenConditions},
+                {"mnuSalvarExp", &FileCommands::SaveExperiments},
+                {"mnuSCondBat", &FileCommands::SaveConditions}});
+  Bind(charts_, {{"mnuZoom", &ChartCommands::OpenZoom},
+                 {"mnuCopiar", &ChartCommands::CopyChart},
+                 {"mnuLegenda", &ChartCommands::ToggleLegend},
+                 {"mnuLeg", &ChartCommands::ToggleLegend},
+                 {"mnuLinhaGrade", &ChartCommands::ToggleGridLines},
+                 {"mnuPublicacao", &ChartCommands::TogglePublication}});
+  // clang-format on
   constexpr std::pair<const char*, void (frmMsFlexGrid::*)()> kCellCommands[] = {
       {"mnuRecortar", &frmMsFlexGrid::Sub_Recortar},
       {"mnuCopiarCelulas", &frmMsFlexGrid::Sub_Copiar},
@@ -121,179 +122,56 @@ void MDIForm1::Wire() {
   connect(&menu_->Item("mnuIngles"), &QAction::triggered, this,
           [this] { SwitchLanguage(Language::English); });
   connect(menu_, &MainMenu::Opening, this, &MDIForm1::RefreshMenus);
-  connect(area_, &QMdiArea::subWindowActivated, this, [this](QMdiSubWindow* active) {
-    if (const auto* const frame = qobject_cast<ChildFrame*>(active))
-      session_.activeWindow = frame->Window().objectName().toStdString();
-  });
+  connect(charts_, &ChartCommands::Changed, this, &MDIForm1::Show);
 }
 
 void MDIForm1::ShowAtStart() {
   TranslateToolkit();
   Idiomas(*this, session_.language);
-  LoadChildren();
+  LoadWindows();
 }
 
-void MDIForm1::LoadChildren() {
-  experiments_ = new frmMsFlexGrid(session_, dialogs_);
-  cultivation_ = new frmCultBatelada(session_, dialogs_);
-  experimentsFrame_ = Frame(experiments_);
-  cultivationFrame_ = Frame(cultivation_);
-  connect(experiments_, &frmMsFlexGrid::Changed, cultivation_, &frmCultBatelada::Show);
-  connect(experiments_, &frmMsFlexGrid::Changed, this, &MDIForm1::Show);
-  connect(experiments_, &frmMsFlexGrid::NextStep, this, &MDIForm1::ShowCultivation);
-  connect(experiments_, &frmMsFlexGrid::ChartMenu, this, &MDIForm1::ShowChartMenu);
-  connect(experiments_, &frmMsFlexGrid::Edited, this, [this](int place) {
+void MDIForm1::LoadWindows() {
+  windows_->Load();
+  const auto* const experiments = &windows_->Experiments();
+  const auto* const cultivation = &windows_->Cultivation();
+  connect(experiments, &frmMsFlexGrid::Changed, this, &MDIForm1::Show);
+  connect(experiments, &frmMsFlexGrid::ChartMenu, charts_, &ChartCommands::ShowMenu);
+  connect(experiments, &frmMsFlexGrid::Edited, this, [this](int place) {
     history_->Step(place);
     RefreshMenus();
   });
-  connect(experiments_, &frmMsFlexGrid::Moved, this, [this] {
+  connect(experiments, &frmMsFlexGrid::Moved, this, [this] {
     history_->Amend();
     RefreshMenus();
   });
-  connect(cultivation_, &frmCultBatelada::Edited, this, &MDIForm1::RefreshMenus);
-  connect(cultivation_, &frmCultBatelada::Changed, experiments_, &frmMsFlexGrid::Show);
-  connect(cultivation_, &frmCultBatelada::Changed, this, &MDIForm1::Show);
-  connect(cultivation_, &frmCultBatelada::RunningChanged, this, &MDIForm1::RefreshMenus);
-  connect(cultivation_, &frmCultBatelada::BackToExperiments, this, &MDIForm1::ShowExperiments);
-  connect(cultivation_, &frmCultBatelada::ChartMenu, this, &MDIForm1::ShowChartMenu);
-  for (QWidget* const window :
-       {static_cast<QWidget*>(experiments_), static_cast<QWidget*>(cultivation_)})
-    for (const PlotsPanel* const plots : window->findChildren<PlotsPanel*>())
-      connect(plots, &PlotsPanel::EnlargementAsked, this, &MDIForm1::Enlarge);
-  ShowExperiments();
+  connect(cultivation, &frmCultBatelada::Edited, this, &MDIForm1::RefreshMenus);
+  connect(cultivation, &frmCultBatelada::Changed, this, &MDIForm1::Show);
+  connect(cultivation, &frmCultBatelada::RunningChanged, this, &MDIForm1::RefreshMenus);
+  connect(cultivation, &frmCultBatelada::ChartMenu, charts_, &ChartCommands::ShowMenu);
+  for (const PlotsPanel* const plots : windows_->findChildren<PlotsPanel*>())
+    connect(plots, &PlotsPanel::EnlargementAsked, charts_, &ChartCommands::Enlarge);
+  windows_->ShowExperiments();
   RefreshMenus();
 }
 
-ChildFrame* MDIForm1::Frame(QWidget* child) {
-  auto* const frame = new ChildFrame(child);
-  area_->addSubWindow(frame);
-  // addSubWindow sets it; only clearing the lists unloads a work window.
-  frame->setAttribute(Qt::WA_DeleteOnClose, false);
-  return frame;
-}
-
-void MDIForm1::UnloadChildren() {
-  for (ChildFrame* const frame : {experimentsFrame_, cultivationFrame_}) {
-    area_->removeSubWindow(frame);
-    delete frame;
-  }
-}
-
-void MDIForm1::Bring(ChildFrame* front, ChildFrame* back) {
-  back->PutAway();
-  area_->setActiveSubWindow(front);
-  front->BringUp();
-}
-
-void MDIForm1::ShowExperiments() {
-  Bring(experimentsFrame_, cultivationFrame_);
-}
-
-void MDIForm1::ShowCultivation() {
-  Bring(cultivationFrame_, experimentsFrame_);
-}
-
-bool MDIForm1::MayOpenExperiments() {
-  const auto question = AskBeforeOpeningExperiments(session_);
-  return !question || Confirmed(*question, WhatIsUnsaved().Any() ? Buttons::NoYes : Buttons::YesNo);
-}
-
-void MDIForm1::OpenExperiments() {
-  if (MayOpenExperiments() && experiments_->cmdAbrirOkSub()) ShowOpenedExperiments();
-}
-
-void MDIForm1::ShowOpenedExperiments() {
-  if (!session_.lists.Empty()) experiments_->GraficoSub();
-  ShowExperiments();
-}
-
 void MDIForm1::OpenFiles(const QStringList& files) {
-  QStringList conditions;
-  for (const QString& file : files) {
-    if (HoldsConditions(LocalPath(file)))
-      conditions.append(file);
-    else if (MayOpenExperiments() && experiments_->Open(file))
-      ShowOpenedExperiments();
-  }
-  for (const QString& file : conditions) {
-    if (session_.lists.Empty()) {
-      dialogs_.Show(this, Attention({TextId::ExperimentsFirst}));
-      OpenExperiments();
-    }
-    if (session_.lists.Empty()) return;
-    cultivation_->Open(file);
-    ShowCultivation();
-  }
-}
-
-void MDIForm1::OpenConditions() {
-  const auto question = AskBeforeOpeningConditions(session_);
-  const Unsaved unsaved = WhatIsUnsaved();
-  const bool loses = unsaved.conditions || unsaved.form;
-  if (!question || Confirmed(*question, loses ? Buttons::NoYes : Buttons::YesNo))
-    cultivation_->AbrirCondBat();
-}
-
-void MDIForm1::SaveExperiments() {
-  experiments_->OkSub();
-}
-
-void MDIForm1::SaveConditions() {
-  cultivation_->SalvarArqCondBat();
+  files_->OpenFiles(files);
 }
 
 void MDIForm1::ClearAll() {
   // The search that is going runs inside the window that would be unloaded.
   if (RunGoing()) return;
-  const auto question = AskBeforeClearing(WhatIsUnsaved());
+  const auto question = AskBeforeClearing(files_->WhatIsUnsaved());
   if (question && !Confirmed(*question, Buttons::NoYes)) return;
   history_->Amend();
   const Change change = velmora::ClearAll(session_);
-  UnloadChildren();
-  LoadChildren();
+  LoadWindows();
   Show(change);
 }
 
 void MDIForm1::ExportCurves() {
-  cultivation_->ExportarDados();
-}
-
-void MDIForm1::Enlarge(const QString& chart) {
-  session_.clickedChart = chart.toStdString();
-  if (!session_.lists.Empty()) OpenZoom();
-}
-
-void MDIForm1::OpenZoom() {
-  GraficoZoomSub(session_, dialogs_, this);
-}
-
-void MDIForm1::CopyChart() {
-  const QWidget* const window = CultivationActive() ? static_cast<QWidget*>(cultivation_)
-                                                    : static_cast<QWidget*>(experiments_);
-  auto* const chart = window->findChild<ChartView*>(QString::fromStdString(session_.clickedChart));
-  if (chart != nullptr) CopyPicture(PictureOf(*chart), DrawingOf(chart->Content(), chart->size()));
-}
-
-void MDIForm1::ToggleLegend() {
-  if (CultivationActive())
-    cultivation_->LegendaSub();
-  else
-    experiments_->LegendaSub();
-}
-
-void MDIForm1::ToggleGridLines() {
-  const Change change = velmora::ToggleGridLines(session_);
-  cultivation_->Show(change);
-  experiments_->Show(change);
-  Show(change);
-  if (!CultivationActive()) experiments_->GraficoSub();
-}
-
-void MDIForm1::TogglePublication() {
-  const Change change = velmora::TogglePublication(session_);
-  cultivation_->Show(change);
-  experiments_->Show(change);
-  Show(change);
+  windows_->Cultivation().ExportarDados();
 }
 
 void MDIForm1::Show(const Change& change) {
@@ -304,14 +182,14 @@ void MDIForm1::Show(const Change& change) {
     history_->Amend();
   RefreshMenus();
   if (!change.lists && !change.curves) return;
-  for (frmZoom* const enlarged : findChildren<frmZoom*>()) enlarged->ShowSession();
+  charts_->RefreshEnlarged();
 }
 
 void MDIForm1::ShowRestored(const Change& change) {
-  experiments_->ShowRestored();
-  cultivation_->Show(change);
+  windows_->Experiments().ShowRestored();
+  windows_->Cultivation().Show(change);
   RefreshMenus();
-  for (frmZoom* const enlarged : findChildren<frmZoom*>()) enlarged->ShowSession();
+  charts_->RefreshEnlarged();
 }
 
 void MDIForm1::Undo() {
@@ -325,15 +203,11 @@ void MDIForm1::Redo() {
 }
 
 void MDIForm1::EditCells(void (frmMsFlexGrid::*edit)()) {
-  if (!CultivationActive()) (experiments_->*edit)();
-}
-
-Unsaved MDIForm1::WhatIsUnsaved() const {
-  return UnsavedOf(session_, cultivation_->EntryChanged());
+  if (!windows_->CultivationActive()) (windows_->Experiments().*edit)();
 }
 
 void MDIForm1::ShowUnsaved() {
-  const Unsaved unsaved = WhatIsUnsaved();
+  const Unsaved unsaved = files_->WhatIsUnsaved();
   QStringList names;
   for (const auto& [path, changed] :
        {std::pair{session_.experimentsFile, unsaved.experiments > 0 || unsaved.entry},
@@ -347,11 +221,6 @@ void MDIForm1::ShowUnsaved() {
   if (keeper_ != nullptr) keeper_->Note(unsaved.Any());
 }
 
-void MDIForm1::ShowChartMenu(const QString& chart, const QPoint& globalPosition) {
-  session_.clickedChart = chart.toStdString();
-  menu_->Menu("mnuPopup").popup(globalPosition);
-}
-
 void MDIForm1::ShowSettings() {
   ShowSmallWindow(settingsWindow_, session_, dialogs_, this);
 }
@@ -361,7 +230,7 @@ void MDIForm1::ShowAbout() {
 }
 
 void MDIForm1::ShowHelp() {
-  OpenHelpDocument(ProgramFolder(), session_.language);
+  OpenGuide(ProgramFolder(), session_.language, dialogs_, this);
 }
 
 void MDIForm1::SwitchLanguage(Language language) {
@@ -369,7 +238,7 @@ void MDIForm1::SwitchLanguage(Language language) {
   TranslateToolkit();
   RefreshMenus();
   QWidgetList loaded = QApplication::topLevelWidgets();
-  loaded << experiments_ << cultivation_;
+  loaded << &windows_->Experiments() << &windows_->Cultivation();
   Idiomas(*this, language);
   for (QWidget* const window : loaded)
     if (window != this) Idiomas(*window, language);
@@ -383,12 +252,8 @@ void MDIForm1::TranslateToolkit() {
     QCoreApplication::installTranslator(&toolkitTexts_);
 }
 
-bool MDIForm1::CultivationActive() const {
-  return session_.activeWindow == kCultivationWindow;
-}
-
 bool MDIForm1::RunGoing() const {
-  return cultivation_->Running();
+  return windows_->Cultivation().Running();
 }
 
 bool MDIForm1::Confirmed(const Message& question, Buttons buttons) {
@@ -411,7 +276,7 @@ void MDIForm1::RefreshMenus() {
       {"mnuRefazer", history_->CanRedo() && idle},
       {"mnuEditar", experiments}};
   for (const auto& [item, on] : enabled) menu_->Item(item).setEnabled(on);
-  experiments_->setEnabled(idle);
+  windows_->Experiments().setEnabled(idle);
   menu_->Item("mnuLinhaGrade").setChecked(session_.gridLines);
   menu_->Item("mnuPublicacao").setChecked(session_.forPublication);
   menu_->Item("mnuPort").setChecked(session_.language == Language::Portuguese);
@@ -428,7 +293,7 @@ void MDIForm1::dropEvent(QDropEvent* event) {
   for (const QUrl& url : event->mimeData()->urls())
     if (url.isLocalFile()) files.append(url.toLocalFile());
   event->acceptProposedAction();
-  OpenFiles(files);
+  files_->OpenFiles(files);
 }
 
 void MDIForm1::changeEvent(QEvent* event) {
@@ -441,36 +306,20 @@ void MDIForm1::changeEvent(QEvent* event) {
 void MDIForm1::showEvent(QShowEvent* event) {
   QMainWindow::showEvent(event);
   // Only now can a child become active; left alone, the area would choose the minimised one.
-  if (!event->spontaneous())
-    Bring(CultivationActive() ? cultivationFrame_ : experimentsFrame_,
-          CultivationActive() ? experimentsFrame_ : cultivationFrame_);
+  if (!event->spontaneous()) windows_->ShowActive();
 }
 
 void MDIForm1::closeEvent(QCloseEvent* event) {
-  const Unsaved unsaved = WhatIsUnsaved();
+  const Unsaved unsaved = files_->WhatIsUnsaved();
   const Answer answer = dialogs_.Show(this, AskBeforeQuitting(unsaved),
                                       unsaved.Any() ? Buttons::SaveYesNo : Buttons::YesNo);
-  if (answer != Answer::Yes && (answer != Answer::Save || !SaveAll())) {
+  if (answer != Answer::Yes && (answer != Answer::Save || !files_->SaveAll())) {
     event->ignore();
     return;
   }
-  if (RunGoing()) cultivation_->StopRun();
+  if (RunGoing()) windows_->Cultivation().StopRun();
   if (keeper_ != nullptr) keeper_->End();
   event->accept();
-}
-
-bool MDIForm1::SaveAll() {
-  if (WhatIsUnsaved().entry) experiments_->Save();
-  if (WhatIsUnsaved().form) cultivation_->SalvarCondCult();
-  const Unsaved unsaved = WhatIsUnsaved();
-  if (unsaved.entry || unsaved.form) return false;
-  if (unsaved.experiments > 0) experiments_->OkSub();
-  if (unsaved.conditions) {
-    // Only from their own window are they written so that they can be read again.
-    ShowCultivation();
-    cultivation_->SalvarArqCondBat();
-  }
-  return !WhatIsUnsaved().Any();
 }
 
 void MDIForm1::KeepRecovery(RecoveryFile& file) {

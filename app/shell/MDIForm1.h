@@ -4,36 +4,33 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QTranslator>
+#include <initializer_list>
+#include <utility>
 
 #include "app/widgets/Dialogs.h"
 #include "session/Operations.h"
-#include "session/Unsaved.h"
-
-class QMdiArea;
 
 namespace velmora {
 
-class ChildFrame;
+class ChartCommands;
+class FileCommands;
 class History;
 class MainMenu;
 class RecoveryFile;
 class RecoveryKeeper;
-class frmCultBatelada;
+class WorkWindows;
 class frmMsFlexGrid;
 class frmParametros;
 class frmSobre;
 
-/// Holds the experiments window and the cultivation window, one maximised and the other minimised;
-/// both live until the lists are cleared, when they are unloaded and loaded anew.
+/// Holds the work windows, which are loaded anew as the lists are cleared.
 class MDIForm1 : public QMainWindow {
   Q_OBJECT
 
  public:
   MDIForm1(Session& session, Dialogs& dialogs, QWidget* parent = nullptr);
 
-  /// Opens the files that the program was started with, each in the window that its content belongs
-  /// to: experiments first, then conditions, for which the user is asked to choose the experiments
-  /// where there are none.
+  /// Opens the files that the program was started with.
   void OpenFiles(const QStringList& files);
   /// From now on keeps the recovery file, which must outlive the frame. What was left behind in it
   /// is offered.
@@ -51,37 +48,18 @@ class MDIForm1 : public QMainWindow {
  private:
   void BuildPanels();
   void LayOut();
+  template <typename Target>
+  void Bind(Target* target,
+            std::initializer_list<std::pair<const char*, void (Target::*)()>> commands);
   void Wire();
   void ShowAtStart();
 
-  void LoadChildren();
-  void UnloadChildren();
-  ChildFrame* Frame(QWidget* child);
-  void Bring(ChildFrame* front, ChildFrame* back);
-
-  void ShowExperiments();
-  void ShowCultivation();
-  bool MayOpenExperiments();
-  void OpenExperiments();
-  void ShowOpenedExperiments();
-  void OpenConditions();
-  void SaveExperiments();
-  void SaveConditions();
+  void LoadWindows();
   void ClearAll();
   void ExportCurves();
-  /// Saves all that no file holds, as far as the user goes along; whether nothing is left.
-  bool SaveAll();
   void OfferRecovery(RecoveryFile& file);
   /// Has the cells selected in the grid cut, copied, pasted or cleared.
   void EditCells(void (frmMsFlexGrid::*edit)());
-
-  void OpenZoom();
-  void Enlarge(const QString& chart);
-  void CopyChart();
-  void ToggleLegend();
-  void ToggleGridLines();
-  void TogglePublication();
-  void ShowChartMenu(const QString& chart, const QPoint& globalPosition);
 
   void ShowSettings();
   void ShowAbout();
@@ -98,9 +76,7 @@ class MDIForm1 : public QMainWindow {
   void Redo();
   /// What is unsaved, in title and recovery file.
   void ShowUnsaved();
-  Unsaved WhatIsUnsaved() const;
 
-  bool CultivationActive() const;
   bool RunGoing() const;
   bool Confirmed(const Message& question, Buttons buttons = Buttons::YesNo);
   /// Enables and checks the items by what there is to save, delete and export; while a search is
@@ -109,14 +85,12 @@ class MDIForm1 : public QMainWindow {
 
   Session& session_;
   Dialogs& dialogs_;
-  QMdiArea* area_ = nullptr;
+  WorkWindows* windows_ = nullptr;
   MainMenu* menu_ = nullptr;
   History* history_ = nullptr;
   RecoveryKeeper* keeper_ = nullptr;
-  frmMsFlexGrid* experiments_ = nullptr;
-  frmCultBatelada* cultivation_ = nullptr;
-  ChildFrame* experimentsFrame_ = nullptr;
-  ChildFrame* cultivationFrame_ = nullptr;
+  FileCommands* files_ = nullptr;
+  ChartCommands* charts_ = nullptr;
   QPointer<frmParametros> settingsWindow_;
   QPointer<frmSobre> aboutWindow_;
   QTranslator toolkitTexts_;

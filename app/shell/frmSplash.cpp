@@ -92,6 +92,8 @@ void frmSplash::Wire() {
 
 void frmSplash::ShowLanguage() {
   optIdioma_[1]->setChecked(true);
+  // Tab goes to the chosen one, from which the arrows choose.
+  optIdioma_[0]->setFocusPolicy(Qt::ClickFocus);
   Choose(Language::Portuguese);
   cmdOk_->setFocus();
 }

@@ -205,7 +205,16 @@ namespace small {
 
 constexpr double kSide = 16;
 constexpr double kPen = 1.4;
-constexpr QColor kInk(0x3A, 0x46, 0x52);
+constexpr QColor kInkOnLight(0x3A, 0x46, 0x52);
+
+/// Dark on a light desktop, and the colour of its texts on a dark one.
+QColor Ink() {
+  constexpr int kMiddleLightness = 128;
+  const QPalette colours = QGuiApplication::palette();
+  const bool dark = colours.color(QPalette::Button).lightness() < kMiddleLightness;
+  return dark ? colours.color(QPalette::ButtonText) : kInkOnLight;
+}
+
 constexpr QColor kGreen(0x1E, 0x8E, 0x3E);
 constexpr QColor kRed(0xC6, 0x28, 0x28);
 constexpr QColor kBlue(0x1F, 0x5F, 0xA8);
@@ -222,17 +231,17 @@ void Back(QPainter& p) {
 }
 
 void Previous(QPainter& p) {
-  Fill(p, kInk, {{11, 3}, {5, 8}, {11, 13}});
+  Fill(p, Ink(), {{11, 3}, {5, 8}, {11, 13}});
 }
 
 void Next(QPainter& p) {
-  Fill(p, kInk, {{5, 3}, {11, 8}, {5, 13}});
+  Fill(p, Ink(), {{5, 3}, {11, 8}, {5, 13}});
 }
 
 /// An open padlock.
 void Unlock(QPainter& p) {
   p.drawArc(QRectF(2.5, 2, 6, 8), 20 * 16, 200 * 16);
-  p.setBrush(kInk);
+  p.setBrush(Ink());
   p.drawRoundedRect(QRectF(4, 7.5, 9, 6.5), 1, 1);
 }
 
@@ -243,7 +252,7 @@ void Confirm(QPainter& p) {
 
 void Save(QPainter& p) {
   p.drawRoundedRect(QRectF(2.5, 2.5, 11, 11), 1, 1);
-  p.setBrush(kInk);
+  p.setBrush(Ink());
   p.drawRect(QRectF(5.5, 2.5, 5, 3));
   p.setBrush(Qt::NoBrush);
   p.drawRect(QRectF(4.5, 8.5, 7, 5));
@@ -310,7 +319,7 @@ QIcon DrawnIcon(Symbol symbol) {
   painter.setRenderHint(QPainter::Antialiasing);
   painter.scale(kPixelsOfAUnit, kPixelsOfAUnit);
   painter.setPen(isLarge ? QPen(QGuiApplication::palette().color(QPalette::ButtonText), large::kPen)
-                         : RoundPen(small::kInk, small::kPen));
+                         : RoundPen(small::Ink(), small::kPen));
   kDrawings[static_cast<std::size_t>(symbol)](painter);
   painter.end();
   return QIcon(sheet);

@@ -21,8 +21,14 @@
 namespace velmora {
 namespace {
 
-constexpr QColor kEstimated(0x00, 0x66, 0xB3);
-constexpr QColor kProposed(0x7A, 0x4F, 0x00);
+/// The colours of a marked number, by its mark: on a light ground and on a dark one.
+struct MarkColours {
+  QColor onLight, onDark;
+};
+constexpr MarkColours kMarkColours[] = {{},
+                                        {QColor(0x00, 0x66, 0xB3), QColor(0x6C, 0xBE, 0xFF)},
+                                        {QColor(0x7A, 0x4F, 0x00), QColor(0xFF, 0xC8, 0x5A)},
+                                        {QColor(0xB0, 0x1E, 0x1E), QColor(0xFF, 0x8F, 0x8F)}};
 constexpr int kNarrowest = 56;  // px
 constexpr int kUsualWidth = 90;
 
@@ -237,9 +243,11 @@ QSize NumberBox::sizeHint() const {
 }
 
 void NumberBox::SetMark(Mark mark) {
+  constexpr int kMiddleLightness = 128;
   QPalette colours;
-  if (mark == Mark::Estimated) colours.setColor(QPalette::Text, kEstimated);
-  if (mark == Mark::Proposed) colours.setColor(QPalette::Text, kProposed);
+  const bool dark = QApplication::palette(this).base().color().lightness() < kMiddleLightness;
+  const MarkColours& marks = kMarkColours[static_cast<std::size_t>(mark)];
+  if (mark != Mark::None) colours.setColor(QPalette::Text, dark ? marks.onDark : marks.onLight);
   why_.clear();
   setPalette(colours);
 }

@@ -47,12 +47,12 @@ class NumberBox : public QLineEdit {
   Q_OBJECT
 
  public:
-  enum class Mark { None, Estimated, Proposed };
+  enum class Mark { None, Estimated, Proposed, AtBound };
 
   explicit NumberBox(const QString& name, QWidget* parent = nullptr);
 
-  /// Shows the entry's text. An estimated or proposed number stands out in colour until the user
-  /// edits the box; of a proposed one `why` stands in the tool tip as long.
+  /// Shows the entry's text. A marked number stands out in colour until the user edits the box; as
+  /// long `why` stands in the tool tip.
   void Show(const Entry& entry, Mark mark = Mark::None, const QString& why = {});
 
   /// What was shown, as long as its text still stands there; else what was typed.

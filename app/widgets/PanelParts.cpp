@@ -86,7 +86,12 @@ OptionGroup::OptionGroup(std::span<const RadioOption> options, QWidget* parent)
 }
 
 void OptionGroup::Choose(int value) {
-  if (QAbstractButton* const option = button(value)) return option->setChecked(true);
+  QAbstractButton* const chosen = button(value);
+  // Tab goes to the chosen one, from which the arrows choose.
+  for (QAbstractButton* const option : buttons())
+    option->setFocusPolicy(chosen == nullptr || option == chosen ? Qt::StrongFocus
+                                                                 : Qt::ClickFocus);
+  if (chosen != nullptr) return chosen->setChecked(true);
   // An exclusive group would not let its last choice go.
   setExclusive(false);
   for (QAbstractButton* const option : buttons()) option->setChecked(false);

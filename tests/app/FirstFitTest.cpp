@@ -42,8 +42,18 @@ TEST_F(FirstFit, TakesThreeClicksForAllExperiments) {
   EXPECT_TRUE(Summary().starts_with("Ended: all starts were searched")) << Summary();
   EXPECT_NE(Summary().find("R²: Cx 0.9"), std::string::npos) << Summary();
   EXPECT_TRUE(
-      QTest::qWaitFor([this] { return Summary().find("Ks: ") != std::string::npos; }, 60000))
+      QTest::qWaitFor([this] { return Summary().find(" g/L: ") != std::string::npos; }, 60000))
       << "the verdict follows: " << Summary();
+
+  // As many digits as are certain, and all of them where they are copied.
+  const std::string shown = Summary();
+  auto* const summary = Find<QPlainTextEdit>("txtResumo");
+  summary->selectAll();
+  summary->copy();
+  const std::string copied = QApplication::clipboard()->text().toStdString();
+  const std::string best = PlainText(session.lastRun->outcome.result.best[1], '.');
+  EXPECT_EQ(shown.find("Ks = " + best), std::string::npos);
+  EXPECT_NE(copied.find("Ks = " + best + " ± "), std::string::npos) << copied;
 }
 
 TEST_F(FirstFit, ImprovesAResultFromWhereItStands) {
@@ -69,6 +79,12 @@ TEST_F(FirstFit, TakesAModelOverFromTheComparison) {
   auto* const table = Find<QTableWidget>("tabelaModelos");
   ASSERT_TRUE(QTest::qWaitFor([table] { return table->rowCount() > 20; }, 120000));
   const QString best = table->item(0, 0)->text();
+  emit table->cellActivated(0, 0);
+  EXPECT_EQ(Find<QComboBox>("cmbModelo")->currentText(), best);
+  Click("cmdAnterior");
+  EXPECT_EQ(Find<QComboBox>("cmbModelo")->currentText(), QStringLiteral("Monod"));
+  EXPECT_TRUE(TextOf("txtKs") == "10" && TextOf("txtLimSup(2)") == "40");
+  EXPECT_FALSE(Find<QWidget>("cmdAnterior")->isVisible());
   emit table->cellActivated(0, 0);
   Click("cdmSalvar");
   EXPECT_EQ(session.conditions.At(1).options.model, best.toStdString());

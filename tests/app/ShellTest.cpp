@@ -1,4 +1,6 @@
 // The start window, the frame with its menus, the dialogs and the guide, by keys and mouse.
+#include <QCheckBox>
+#include <QComboBox>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -6,6 +8,8 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QTabWidget>
+#include <QTextEdit>
 
 #include "app/charts/ChartView.h"
 #include "app/charts/frmZoom.h"
@@ -137,20 +141,53 @@ TEST_F(Shell, ShowsOneWorkWindowLargeAndFindsThePutAwayOneAgain) {
   }
 }
 
+TEST_F(Shell, FoldsAWorkWindowIntoTabsWhereItsColumnsHaveNoRoom) {
+  for (const Language language : kLanguages) {
+    Start(language);
+    Open(1);
+    frame->setWindowState(Qt::WindowNoState);
+    const auto seen = [](const QWidget& control) {
+      return control.visibleRegion().boundingRect().size() == control.size();
+    };
+    for (const bool cultivation : {false, true}) {
+      QWidget& window = cultivation ? static_cast<QWidget&>(Cultivation()) : Experiments();
+      if (cultivation) Press(Qt::Key_B);
+      frame->resize(1600, 1000);
+      QTest::qWait(1);
+      EXPECT_EQ(window.findChild<QTabWidget*>(), nullptr);
+      frame->resize(853, 500);  // 1280 x 800, scaled by 1.5
+      QTest::qWait(1);
+      EXPECT_NE(window.findChild<QTabWidget*>(), nullptr);
+      for (const char* const chart : {"picCx", "picCs", "picCp"})
+        EXPECT_TRUE(seen(*Child<ChartView>(window, chart))) << chart << window.width();
+    }
+    EXPECT_TRUE(seen(*Child<QPushButton>(Cultivation(), "cmdAjustar"))) << "without scrolling";
+    auto* const box = Child<QLineEdit>(Cultivation(), "txtKs");
+    EXPECT_FALSE(box->isVisible());
+    test::Click(Cultivation(), "optLM");
+    test::Click(Cultivation(), "optPAC");
+    test::Click(Cultivation(), "cmdConfirmarModelo");
+    Child<QCheckBox>(Cultivation(), "chkKs")->click();
+    test::Click(Cultivation(), "cdmSalvar");
+    const QWidget* const refused = QApplication::focusWidget();
+    ASSERT_NE(qobject_cast<const QLineEdit*>(refused), nullptr) << dialogs.LastText();
+    EXPECT_TRUE(seen(*refused)) << "its tab comes to the front";
+  }
+}
+
 TEST_F(Shell, ScrollsAWorkWindowThatIsLargerThanItsFrame) {
   Start(Language::English);
   Open(1);
   frame->setWindowState(Qt::WindowNoState);
-  frame->resize(800, 500);
+  frame->resize(600, 350);
   Press(Qt::Key_B);
-  auto* const last = Child<QPlainTextEdit>(Cultivation(), "txtResultados");
-  while (!last->hasFocus()) {
-    QWidget* const before = QApplication::focusWidget();
-    QTest::keyClick(before, Qt::Key_Backtab);
-    ASSERT_NE(QApplication::focusWidget(), before);
-  }
-  const QRect seen = last->visibleRegion().boundingRect();
-  EXPECT_GT(seen.width(), 300) << "keys bring it into sight";
+  QTest::qWait(1);
+  auto* const last = Child<QPushButton>(Cultivation(), "cmdAjustar");
+  for (int i = 0; i < 80 && !last->hasFocus(); ++i)
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+  ASSERT_TRUE(last->hasFocus());
+  EXPECT_EQ(last->visibleRegion().boundingRect().size(), last->size())
+      << "keys bring it into sight";
   EXPECT_GE(Cultivation().width(), Cultivation().minimumSizeHint().width()) << "nothing is cut";
 }
 
@@ -406,6 +443,10 @@ TEST_F(Shell, OffersWhatABrokenEndLeftBehind) {
   Session broken;
   broken.lists.Append({5, "", {0, 5}, {1, 2}, {9, 3}, {0, 1}, 5, true}, {});
   broken.draft = {{"5", "half typed", ""}, {{"1", "2", "", ""}}, 1, true};
+  broken.formDraft.edited = true;
+  broken.formDraft.place = 1;
+  broken.formDraft.form.At(At::Ks) = "11.5";
+  broken.formDraft.form.model = "Contois";
   ASSERT_FALSE(RecoveryFile(state).Write(RecoveryText(broken)));
   Start(Language::English);
   RecoveryFile file(state);
@@ -413,6 +454,9 @@ TEST_F(Shell, OffersWhatABrokenEndLeftBehind) {
   frame->KeepRecovery(file);
   EXPECT_EQ(session.lists, broken.lists);
   EXPECT_EQ(test::TextOf(Experiments(), "txtComentario"), "half typed");
+  EXPECT_EQ(test::TextOf(Cultivation(), "txtKs"), "11.5");
+  EXPECT_EQ(Child<QComboBox>(Cultivation(), "cmbModelo")->currentText(), QStringLiteral("Contois"));
+  EXPECT_TRUE(Cultivation().EntryChanged());
   EXPECT_TRUE(Item("mnuExcluir").isEnabled());
   EXPECT_TRUE(file.Left()) << "until something is written";
   dialogs.answers = {Answer::Yes};
@@ -478,23 +522,40 @@ TEST(ProgramFolder, IsThatOfTheBuildOrTheSharedOneOfAnInstallation) {
   EXPECT_EQ(FilesOfProgramIn(program), program);
 }
 
-TEST(HelpDocument, OpensTheGuideOfTheLanguageAndPassesOverAMissingOne) {
+TEST(Guide, OpensInTheDesktopsViewerOrElseInAWindowOrElseIsMissed) {
   const TemporaryFolder folder;
   const QString place = QString::fromStdString(folder / "");
   const std::string opened = folder / "opened";
-  std::ofstream(folder / "xdg-open") << "#!/bin/sh\nprintf %s \"$1\" > '" << opened << ".part'\n"
-                                     << "mv '" << opened << ".part' '" << opened << "'\n";
-  std::filesystem::permissions(folder / "xdg-open", std::filesystem::perms::owner_all);
+  const auto installViewer = [&](const char* exit) {
+    std::ofstream(folder / "xdg-open") << "#!/bin/sh\nprintf %s \"$1\" > '" << opened << ".part'\n"
+                                       << "mv '" << opened << ".part' '" << opened << "'\n"
+                                       << "exit " << exit << "\n";
+    std::filesystem::permissions(folder / "xdg-open", std::filesystem::perms::owner_all);
+  };
   const QByteArray path = qgetenv("PATH");
   qputenv("PATH", place.toUtf8() + ':' + path);
-  EXPECT_FALSE(OpenHelpDocument(place, Language::English));
+  const Session session;
+  ScriptedDialogs dialogs(session);
+  QWidget owner;
+  const auto window = [&] { return owner.findChild<QDialog*>(QStringLiteral("frmGuia")); };
+  OpenGuide(place, Language::English, dialogs, &owner);
+  EXPECT_NE(dialogs.LastText().find("HelpFile_Velmora"), std::string::npos) << "it is missing";
   std::ofstream(folder / "HelpFile_Velmora.pdf") << "%PDF";
-  EXPECT_FALSE(OpenHelpDocument(place, Language::Portuguese));
-  EXPECT_TRUE(OpenHelpDocument(place, Language::English));
+  std::ofstream(folder / "HelpFile_Velmora.html") << "<html><p>What Velmora does</p></html>";
+  installViewer("0");
+  OpenGuide(place, Language::English, dialogs, &owner);
   EXPECT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(opened); }));
   EXPECT_EQ(BytesOf(opened), folder / "HelpFile_Velmora.pdf");
-  qputenv("PATH", place.toUtf8() + "none");
-  EXPECT_FALSE(OpenHelpDocument(place, Language::English));  // no viewer
+  EXPECT_EQ(window(), nullptr);
+  installViewer("3");  // no program for the file
+  for (const QByteArray& programs : {place.toUtf8() + ':' + path, place.toUtf8() + "none"}) {
+    qputenv("PATH", programs);
+    OpenGuide(place, Language::English, dialogs, &owner);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return window() != nullptr; }));
+    EXPECT_EQ(window()->findChild<QTextEdit*>()->toPlainText(),
+              QStringLiteral("What Velmora does"));
+    delete window();
+  }
   qputenv("PATH", path);
 }
 

@@ -305,5 +305,24 @@ TEST(PictureFile, IsOfTheFormatThatItsNameTells) {
   EXPECT_TRUE(bytes(PictureFormat::Pdf).starts_with("%PDF-"));
 }
 
+TEST(ZoomedChart, DrawsCurvesSmoothThroughTheModelsPointsUpToTheEndsOfItsInterval) {
+  ZoomedChart chart;
+  chart.lists.Append({1, "", {0, 10}, {1, 2}, {9, 0}, {0, 1}, 10, true}, {});
+  ModelCurve& curve = chart.curves[0];
+  curve.points = kModelPoints;
+  for (std::size_t k = 0; k < kModelPoints; ++k) {
+    curve.time[k] = 10 * static_cast<double>(k) / 99;
+    curve.Cs[k] = 9 * std::exp(-curve.time[k] / 3);
+  }
+  const auto drawn = [&] { return chart.Content(Language::English, '.').experiments[0].curve; };
+  const std::vector<PlotPoint> whole = drawn();
+  EXPECT_GT(whole.size(), 5U * kModelPoints);
+  for (const PlotPoint& point : whole) ASSERT_NEAR(point.y, 9 * std::exp(-point.x / 3), 2e-3);
+  chart.interval = TimeInterval{2.01, 2.05};  // between two of the model's points
+  EXPECT_GT(drawn().size(), 100U);
+  EXPECT_DOUBLE_EQ(drawn().front().x, 2.01);
+  EXPECT_DOUBLE_EQ(drawn().back().x, 2.05);
+}
+
 }  // namespace
 }  // namespace velmora

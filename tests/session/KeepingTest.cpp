@@ -77,12 +77,17 @@ TEST(Snapshot, GivesEverythingBackAndKnowsWhatItsFileHolds) {
 TEST(Recovery, TakesUpWhereTheWorkStood) {
   Session session = Working();
   session.experimentsFile = "/data/two words.abr";
+  session.formDraft = {test::Filled(), 2, true};
+  session.formDraft.form.At(At::Ks) = {"16.10", 16.104999999999997};
   Session next;
   const auto change = Recover(next, RecoveryText(session));
   ASSERT_TRUE(change && change->replaced);
   EXPECT_EQ(next.lists, session.lists);
   EXPECT_EQ(next.conditions, session.conditions) << "the first experiment has none stored";
   EXPECT_EQ(next.draft, session.draft);
+  EXPECT_TRUE(change->form && next.formDraft.edited && next.formDraft.place == 2);
+  EXPECT_TRUE(SameEntries(next.formDraft.form, session.formDraft.form)) << "to the last digit";
+  EXPECT_TRUE(next.formDraft.form.modelConfirmed);
   EXPECT_EQ(next.experimentsFile, session.experimentsFile);
   EXPECT_EQ(UnsavedOf(next, false).experiments, 2);
 

@@ -1,0 +1,84 @@
+#include "app/widgets/FoldingWindow.h"
+
+#include <QPointer>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include "app/widgets/PanelParts.h"
+
+namespace velmora {
+
+namespace {
+
+/// Has the layouts ask anew what room everything needs, the innermost first: left alone, they do so
+/// only once the event loop runs again.
+void ForgetSizes(const QWidget& window) {
+  const QWidgetList inside = window.findChildren<QWidget*>();
+  for (auto each = inside.rbegin(); each != inside.rend(); ++each)
+    if (QLayout* const layout = (*each)->layout()) {
+      layout->invalidate();
+      layout->activate();
+    }
+  window.layout()->invalidate();
+  window.layout()->activate();
+}
+
+}  // namespace
+
+FoldingWindow::FoldingWindow(QWidget* parent) : QWidget(parent), above_(new QVBoxLayout) {
+  auto* const all = new QVBoxLayout(this);
+  TightenInside(*all);
+  all->setSizeConstraint(QLayout::SetNoConstraint);
+  all->addLayout(above_);
+}
+
+void FoldingWindow::Fold(bool folded) {
+  const QPointer<QWidget> keyboard = focusWidget();
+  const QWidget* const before = body_;
+  isFolded_ = folded;
+  body_ = Arranged(folded);
+  static_cast<QVBoxLayout*>(layout())->addWidget(body_, 1);
+  body_->show();
+  delete before;
+  layout()->activate();
+  if (!keyboard) return;
+  Reveal(*keyboard);
+  keyboard->setFocus();
+}
+
+void FoldingWindow::Measure() {
+  for (const bool folded : {false, true}) {
+    Fold(folded);
+    ForgetSizes(*this);
+    (folded ? folded_ : unfolded_) = layout()->totalMinimumSize();
+  }
+  FoldToFit();
+  updateGeometry();
+}
+
+void FoldingWindow::FoldToFit() {
+  const bool fits = width() >= unfolded_.width() && height() >= unfolded_.height();
+  if (body_ != nullptr && fits == isFolded_) Fold(!fits);
+}
+
+void FoldingWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  FoldToFit();
+}
+
+void FoldingWindow::Reveal(const QWidget& control) {
+  for (QTabWidget* const tabs : findChildren<QTabWidget*>())
+    for (int page = 0; page < tabs->count(); ++page)
+      if (tabs->widget(page)->isAncestorOf(&control)) tabs->setCurrentIndex(page);
+}
+
+void AddTab(QTabWidget& tabs, const QString& caption, std::initializer_list<QWidget*> panels) {
+  auto* const page = new QWidget;
+  auto* const column = new QVBoxLayout(page);
+  TightenInside(*column);
+  for (QWidget* const panel : panels) column->addWidget(panel);
+  column->setStretch(column->count() - 1, 1);
+  tabs.addTab(page, caption);
+}
+
+}  // namespace velmora

@@ -1,0 +1,154 @@
+// The program for those who use no mouse, or do not see the screen.
+#include <QAccessible>
+#include <QPlainTextEdit>
+#include <QTabWidget>
+#include <QTextEdit>
+#include <set>
+
+#include "app/charts/dlgIntervalos.h"
+#include "app/charts/dlgTamanhoFigura.h"
+#include "app/charts/dlgTituloGrafico.h"
+#include "app/charts/frmZoom.h"
+#include "app/cultivation/frmCerteza.h"
+#include "app/cultivation/frmComparacao.h"
+#include "app/cultivation/frmRelatorio.h"
+#include "app/settings/frmParametros.h"
+#include "app/shell/MDIForm1.h"
+#include "app/shell/frmSobre.h"
+#include "app/shell/frmSplash.h"
+#include "app/widgets/Idiomas.h"
+#include "tests/support/Windows.h"
+
+namespace velmora {
+namespace {
+
+constexpr Language kLanguages[] = {Language::English, Language::Portuguese};
+
+QString Example(const char* name) {
+  return QStringLiteral(VELMORA_SOURCE_FOLDER "/examples/") + QLatin1StringView(name);
+}
+
+/// Presses a key where the keyboard is.
+void Key(Qt::Key key, Qt::KeyboardModifiers with = {}) {
+  QWidget* receiver = QApplication::activePopupWidget();
+  if (receiver == nullptr) receiver = QApplication::focusWidget();
+  if (receiver == nullptr) receiver = QApplication::activeWindow();
+  ASSERT_NE(receiver, nullptr);
+  QTest::keyClick(receiver, key, with);
+}
+
+/// Goes by Tab to the control with this name, and presses Space there.
+void TabTo(const char* name) {
+  for (int i = 0; i < 120; ++i) {
+    const QWidget* const at = QApplication::focusWidget();
+    if (at != nullptr && at->objectName() == QLatin1StringView(name)) return Key(Qt::Key_Space);
+    Key(Qt::Key_Tab);
+  }
+  FAIL() << name << " is not reached";
+}
+
+TEST(Keyboard, GoesAloneFromTheStartToAFit) {
+  for (const Language language : kLanguages) {
+    Session session;
+    ScriptedDialogs dialogs(session);
+    std::unique_ptr<MDIForm1> frame;
+    frmSplash start(session);
+    QObject::connect(&start, &frmSplash::Confirmed, &start,
+                     [&] { frame = std::make_unique<MDIForm1>(session, dialogs); });
+    test::ShowActive(start);
+    if (language == Language::English) {
+      while (!QApplication::focusWidget()->objectName().startsWith(u"optIdioma")) Key(Qt::Key_Tab);
+      Key(Qt::Key_Up);
+      EXPECT_EQ(session.language, Language::English) << "an arrow chooses";
+    }
+    Key(Qt::Key_Return);
+    ASSERT_NE(frame, nullptr);
+    test::ShowActive(*frame);
+    dialogs.files = {Example("molasses.abr"), Example("molasses-conditions.abr")};
+    // File, Open, Experiments.
+    Key(language == Language::English ? Qt::Key_F : Qt::Key_A, Qt::AltModifier);
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Right, Qt::Key_Return}) Key(key);
+    ASSERT_EQ(session.lists.Count(), 1);
+    Key(Qt::Key_B, Qt::ControlModifier);
+    // File, Open, Cultivation conditions, Batch.
+    Key(language == Language::English ? Qt::Key_F : Qt::Key_A, Qt::AltModifier);
+    for (const Qt::Key key :
+         {Qt::Key_Down, Qt::Key_Right, Qt::Key_Down, Qt::Key_Right, Qt::Key_Return})
+      Key(key);
+    ASSERT_EQ(session.conditions.SavedCount(), 1);
+    dialogs.answers = {Answer::Yes};
+    TabTo("cmdAjustar");
+    ASSERT_TRUE(session.lastRun);
+  }
+}
+
+/// The controls of `window` that take the keyboard and that a screen reader could not name.
+QStringList Nameless(const QWidget& window) {
+  QStringList nameless;
+  for (QWidget* const control : window.findChildren<QWidget*>()) {
+    // A part of a control that has its name, such as the text of a spin box.
+    if (control->objectName().startsWith(u"qt_")) continue;
+    if (control->focusPolicy() == Qt::NoFocus || !control->isVisibleTo(&window)) continue;
+    QAccessibleInterface* const told = QAccessible::queryAccessibleInterface(control);
+    if (told == nullptr || told->text(QAccessible::Name).trimmed().isEmpty())
+      nameless << QLatin1StringView(control->metaObject()->className()) + u' ' +
+                      control->objectName();
+  }
+  return nameless;
+}
+
+TEST(Access, EveryControlThatTakesTheKeyboardHasAName) {
+  for (const Language language : kLanguages) {
+    Session session;
+    session.language = language;
+    ScriptedDialogs dialogs(session);
+    MDIForm1 frame(session, dialogs);
+    frame.show();
+    frame.OpenFiles({Example("molasses.abr"), Example("molasses-conditions.abr")});
+    dialogs.answers = {Answer::Yes};
+    test::Click(frame, "cmdAjustar");
+    ASSERT_TRUE(session.lastRun);
+    test::Click(frame, "cmdRelatorio");
+    session.clickedChart = "picCx";
+    const auto expectNamed = [](QWidget& window) {
+      window.show();
+      EXPECT_EQ(Nameless(window).join(u'\n').toStdString(), "")
+          << window.objectName().toStdString();
+    };
+    for (const QSize& size : {QSize(1600, 1000), QSize(853, 500)}) {
+      frame.setWindowState(Qt::WindowNoState);
+      frame.resize(size);
+      QTest::qWait(1);
+      for (const char* const item : {"mnuNovo", "mnuBatelada"}) {
+        test::Child<QAction>(frame, item)->trigger();
+        auto* const tabs = frame.findChild<QWidget*>(QLatin1StringView(session.activeWindow))
+                               ->findChild<QTabWidget*>();
+        for (int page = 0; page < (tabs != nullptr ? tabs->count() : 1); ++page) {
+          if (tabs != nullptr) tabs->setCurrentIndex(page);
+          expectNamed(frame);
+        }
+      }
+    }
+    const TimeInterval measured = MeasuredTimes(session.lists);
+    frmSplash start(session);
+    session.language = language;
+    Idiomas(start, language);
+    frmZoom zoom(session, dialogs, PlotVariable::Cx);
+    dlgIntervalos interval(session, dialogs, measured, measured, "Cx (g/L)", {});
+    dlgTituloGrafico title(session);
+    dlgTamanhoFigura size(session);
+    frmParametros settings(session, dialogs);
+    frmSobre about(session);
+    frmComparacao compared(session);
+    frmCerteza sure(session, session.lastRun);
+    for (QWidget* const window :
+         std::initializer_list<QWidget*>{&start, &zoom, &interval, &title, &size, &settings, &about,
+                                         &compared, &sure, frame.findChild<frmRelatorio*>()})
+      expectNamed(*window);
+    QTRY_VERIFY_WITH_TIMEOUT(sure.findChild<QWidget*>(QStringLiteral("picPerfil(0)")), 20000);
+    expectNamed(sure);
+  }
+}
+
+}  // namespace
+}  // namespace velmora
