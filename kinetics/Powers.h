@@ -4,11 +4,11 @@
 
 namespace velmora {
 
-/// x^y as the C language defines it, but 0 where the result lies below 2^-1022: at most 0.66 units
+/// x^y as the C language defines it, but 0 where the result lies below 2^-1022: at most 0.68 units
 /// in the last place off for x up to 1 and y up to 10, 0.83 anywhere. x^1 is x, and x^0 is 1.
 double Power(double x, double y);
 
-/// e^x, at most 0.66 units in the last place off; 0 below -708, infinite above 709.
+/// e^x, at most 0.68 units in the last place off; 0 below -708, infinite above 709.
 double Exponential(double x);
 
 /// The natural logarithm, at most 0.55 units in the last place off.
