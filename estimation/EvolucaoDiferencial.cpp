@@ -53,16 +53,12 @@ struct TrialAhead {
   CandidateScore scored;
 };
 
-/// Thrown where the observer stops the search within a generation.
-struct StoppedAtOnce {};
-
 /// One search: the population table and the best vector found.
 class Evolution {
  public:
   Evolution(const FitProblem& problem, const EstimationSettings& settings,
-            Objective::Workspace workspace, SearchObserver& observer)
-      : observer_(observer),
-        objective_(problem),
+            Objective::Workspace workspace)
+      : objective_(problem),
         variables_(problem.variables),
         settings_(settings),
         workspace_(std::move(workspace)),
@@ -82,7 +78,7 @@ class Evolution {
       for (TrialAhead& trial : *trials) trial.x.resize(Size());
   }
 
-  SearchResult Run();
+  SearchResult Run(SearchObserver& observer);
 
  private:
   std::span<double> MembersFrom(int i, int count) {
@@ -96,8 +92,7 @@ class Evolution {
 
   double ScoreStart();
   void Populate();
-  SearchEnd Evolve();
-  void LeaveIfStopped();
+  SearchEnd Evolve(SearchObserver& observer);
   void DrawMember(int i);
   void ScoreMembers(int first, int last);
   void ReinitialisePartly();
@@ -118,7 +113,6 @@ class Evolution {
   double EvaluateCandidate(std::span<double> x);
   void CountCall();
 
-  SearchObserver& observer_;
   const Objective objective_;
   const std::vector<FitVariable> variables_;
   const EstimationSettings settings_;
@@ -142,13 +136,11 @@ class Evolution {
   int cycle_ = 0;
 };
 
-SearchResult Evolution::Run() {
+SearchResult Evolution::Run(SearchObserver& observer) {
   try {
     result_.startScore = ScoreStart();
     Populate();
-    result_.end = Evolve();
-  } catch (const StoppedAtOnce&) {
-    result_.end = SearchEnd::Stopped;
+    result_.end = Evolve(observer);
   } catch (const ArithmeticFault& fault) {
     result_.end = SearchEnd::Fault;
     result_.fault = fault;
@@ -173,27 +165,20 @@ void Evolution::Populate() {
   previousScore_ = result_.score;
 }
 
-void Evolution::LeaveIfStopped() {
-  if (observer_.StopsAtOnce()) throw StoppedAtOnce();
-}
-
-SearchEnd Evolution::Evolve() {
+SearchEnd Evolution::Evolve(SearchObserver& observer) {
   const int limit = static_cast<int>(std::min(settings_.ITER, kMostCounted));
   for (generation_ = 1; generation_ <= limit; ++generation_) {
-    if (observer_.StopRequested()) return SearchEnd::Stopped;
+    if (observer.StopRequested()) return SearchEnd::Stopped;
     ReinitialisePartly();
     std::fill(replaced_.begin(), replaced_.end(), char{0});
     for (int target = kIndexOffset; target <= members_; ++target) {
-      if (first_ == last_ || IsStale(ready_[first_], target)) {
-        LeaveIfStopped();
-        LookAhead(target);
-      }
+      if (first_ == last_ || IsStale(ready_[first_], target)) LookAhead(target);
       Select(target, ready_[first_++]);
     }
     result_.generations = generation_;
     if (generation_ % kReportEvery == 0)
-      observer_.Report({generation_, result_.best, result_.score, result_.functionCalls,
-                        objective_.Observations()});
+      observer.Report({generation_, result_.best, result_.score, result_.functionCalls,
+                       objective_.Observations()});
     if (Converged()) return SearchEnd::Converged;
     previousScore_ = result_.score;
   }
@@ -222,7 +207,6 @@ void Evolution::ScoreMembers(int first, int last) {
       Score(i) = scored.score;
       KeepIfBest(Member(i), scored.score);
     }
-    LeaveIfStopped();
   }
 }
 
@@ -394,7 +378,7 @@ SearchResult Search(const FitProblem& problem, EstimationSettings settings,
                     SearchObserver& observer, Objective::Workspace workspace) {
   assert(settings.NPOP >= 10);
   if (!BoundsAreOrdered(problem.variables)) return {};
-  return Evolution(problem, settings, std::move(workspace), observer).Run();
+  return Evolution(problem, settings, std::move(workspace)).Run(observer);
 }
 
 }  // namespace velmora

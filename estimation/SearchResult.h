@@ -19,15 +19,12 @@ struct Generation {
   int observations;  // measured values
 };
 
-/// Hears of every generation, and may end the search.
+/// Hears of every generation, and may end the search between two of them.
 class SearchObserver {
  public:
   virtual ~SearchObserver() = default;
   /// Asked at the start of each generation; true ends the search before it.
   virtual bool StopRequested() { return false; }
-  /// Asked within a generation too, and while the first population is scored; true ends the search
-  /// there, with the best vector found until then.
-  virtual bool StopsAtOnce() { return false; }
   virtual void Report(const Generation&) {}
 };
 

@@ -44,7 +44,6 @@ class RunControl : public QObject, private SearchObserver {
 
  private:
   bool StopRequested() override;
-  bool StopsAtOnce() override { return StopRequested(); }
   void Report(const Generation& generation) override;
   void Tick();
   void ShowTime();

@@ -165,30 +165,6 @@ TEST(Search, StopsBetweenGenerationsAndKeepsItsBest) {
   }
 }
 
-TEST(Search, StopsAtOnceWithinAGenerationAndKeepsItsBest) {
-  struct Impatient : SearchObserver {
-    int asked = 0, patience = 1;
-    bool StopsAtOnce() override { return ++asked == patience; }
-  };
-  EstimationSettings settings;
-  settings.NPOP = 2000;
-  Impatient first;  // while the first population is scored
-  const SearchResult early = Search(test::TwoBatches(), settings, first);
-  EXPECT_EQ(early.end, SearchEnd::Stopped);
-  EXPECT_TRUE(early.HasResult());
-  EXPECT_LT(early.functionCalls, 2000);
-  Impatient never;
-  never.patience = 0;
-  settings.ITER = 200;
-  Search(test::TwoBatches(), settings, never);
-  Impatient later;
-  later.patience = never.asked / 2;
-  const SearchResult half = Search(test::TwoBatches(), settings, later);
-  EXPECT_EQ(half.end, SearchEnd::Stopped);
-  EXPECT_EQ(later.asked, never.asked / 2) << "not asked again";
-  EXPECT_LE(half.score, early.score);
-}
-
 TEST(Search, ScoresAStartOnItsBoundsAsItStands) {
   FitProblem problem = test::TwoBatches();
   problem.variables[0].start = problem.variables[0].lower;
