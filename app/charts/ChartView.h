@@ -40,7 +40,7 @@ class ChartView : public QWidget {
   ShownPart Shown() const;
 
   QSize sizeHint() const override { return {360, 240}; }
-  QSize minimumSizeHint() const override { return {200, 116}; }
+  QSize minimumSizeHint() const override { return {200, 104}; }
 
  signals:
   /// Clicked with the left button.

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QScrollArea>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -59,8 +60,15 @@ QWidget* frmMsFlexGrid::Arranged(bool folded) {
     auto* const tabs = Named<QTabWidget>("abas", body);
     tabs->setAccessibleName(windowTitle());
     AddTab(*tabs, Caption(TextId::TabData, session_.language), {entry_});
-    AddTab(*tabs, Caption(TextId::TabLook, session_.language),
-           {displays_, legendCorner_, new QWidget});
+    // The rows of nine experiments and their legend are higher than a small screen.
+    auto* const legend = new QScrollArea;
+    legend->setFrameShape(QFrame::NoFrame);
+    legend->setFocusPolicy(Qt::NoFocus);
+    legend->setWidgetResizable(true);
+    legend->setWidget(legendCorner_);
+    for (QWidget* const background : {legend->viewport(), legendCorner_})
+      background->setAutoFillBackground(false);
+    AddTab(*tabs, Caption(TextId::TabLook, session_.language), {displays_, legend});
     columns->addWidget(tabs);
   } else {
     auto* const choosers = new QVBoxLayout;

@@ -30,7 +30,8 @@ namespace {
 
 constexpr const char* kProgramName = "Velmora";
 constexpr QSize kUsualSize(1280, 800);
-constexpr int kTitleBar = 60;  // pixels, at most
+constexpr double kShareOfScreen = 0.85;  // each way, of one that is larger
+constexpr int kTitleBar = 60;            // pixels, at most
 
 /// Shows the small window, which lives until it is closed; an open one comes to the front.
 template <typename Window, typename... Arguments>
@@ -79,7 +80,7 @@ void MDIForm1::LayOut() {
   setCentralWidget(windows_);
   setAcceptDrops(true);
   const QSize room = screen()->availableSize();
-  resize(kUsualSize.boundedTo(room));
+  resize((kShareOfScreen * room).expandedTo(kUsualSize).boundedTo(room));
   // The usual size with its title bar would reach beyond a small screen.
   if (room.width() <= kUsualSize.width() || room.height() <= kUsualSize.height() + kTitleBar)
     setWindowState(Qt::WindowMaximized);
