@@ -35,7 +35,7 @@ class BoundedStep {
     const Eigen::VectorXd diagonal = descent.normal.diagonal();
     scale_ = diagonal.cwiseMax(kScaleFloor * diagonal.maxCoeff());
     for (Eigen::Index j = 0; j < step_.size(); ++j)
-      if (!PointsOut(j)) free_.push_back(j);
+      if (descent.held != j && !PointsOut(j)) free_.push_back(j);
   }
 
   /// Zero where nothing can move.
@@ -117,11 +117,18 @@ void MeasureBy(const OtherData* measured, Eigen::Ref<Eigen::VectorXd> scores,
   }
 }
 
-/// The places at which the derivatives at `at` are taken, one for each component.
-Eigen::MatrixXd Beside(const Place& at) {
-  Eigen::MatrixXd places = at.replicate(1, at.size());
-  for (Eigen::Index j = 0; j < at.size(); ++j)
-    places(j, j) += at[j] + kDifference <= 1 ? kDifference : -kDifference;
+/// The component whose derivative a column of the places beside a descent gives.
+Eigen::Index ComponentOf(Eigen::Index column, const Descent& descent) {
+  return descent.held && column >= *descent.held ? column + 1 : column;
+}
+
+/// The places at which the derivatives are taken, one for each component that may move.
+Eigen::MatrixXd Beside(const Descent& descent) {
+  Eigen::MatrixXd places = descent.at.replicate(1, descent.at.size() - (descent.held ? 1 : 0));
+  for (Eigen::Index column = 0; column < places.cols(); ++column) {
+    double& moved = places(ComponentOf(column, descent), column);
+    moved += moved + kDifference <= 1 ? kDifference : -kDifference;
+  }
   return places;
 }
 
@@ -131,14 +138,14 @@ void SetNormal(Descent& descent) {
 }
 
 void SetDerivatives(Descent& descent, const Eigen::MatrixXd& places, const Eigen::VectorXd& scores,
-                    Eigen::MatrixXd jacobian) {
-  for (Eigen::Index j = 0; j < places.cols(); ++j) {
-    if (std::isfinite(scores[j]))
-      jacobian.col(j) = (jacobian.col(j) - descent.residuals) / (places(j, j) - descent.at[j]);
-    else
-      jacobian.col(j).setZero();
+                    const Eigen::MatrixXd& residuals) {
+  descent.jacobian.setZero(residuals.rows(), descent.at.size());
+  for (Eigen::Index column = 0; column < places.cols(); ++column) {
+    if (!std::isfinite(scores[column])) continue;
+    const Eigen::Index j = ComponentOf(column, descent);
+    descent.jacobian.col(j) =
+        (residuals.col(column) - descent.residuals) / (places(j, column) - descent.at[j]);
   }
-  descent.jacobian = std::move(jacobian);
   descent.updates = 0;
   SetNormal(descent);
 }
@@ -173,7 +180,7 @@ class Walk {
   void Hear(Eigen::VectorXd scores, Eigen::MatrixXd residuals) {
     MeasureBy(descent_->measured, scores, residuals);
     if (state_ == State::Differentiating) {
-      SetDerivatives(*descent_, places_, scores, std::move(residuals));
+      SetDerivatives(*descent_, places_, scores, residuals);
       fresh_ = true;
       state_ = State::Trying;
     } else if (scores[0] < descent_->score) {
@@ -191,7 +198,7 @@ class Walk {
   enum class State : std::uint8_t { Between, Differentiating, Trying };
 
   void Differentiating() {
-    places_ = Beside(descent_->at);
+    places_ = Beside(*descent_);
     state_ = State::Differentiating;
   }
 
@@ -264,11 +271,11 @@ Descent BeginWith(const OtherData& measured, const Descent& descent) {
 }
 
 void Differentiate(Descent& descent, Landscape& landscape) {
-  const Eigen::MatrixXd places = Beside(descent.at);
+  const Eigen::MatrixXd places = Beside(descent);
   Eigen::MatrixXd residuals;
   Eigen::VectorXd scores = landscape.Score(places, residuals);
   MeasureBy(descent.measured, scores, residuals);
-  SetDerivatives(descent, places, scores, std::move(residuals));
+  SetDerivatives(descent, places, scores, residuals);
 }
 
 void Descend(std::span<Descent> descents, int iterations, Landscape& landscape) {

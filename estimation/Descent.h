@@ -4,6 +4,7 @@
 #pragma once
 
 #include <Eigen/Core>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -21,6 +22,7 @@ struct OtherData {
 /// Where a descent stands. It can be taken up again at any time.
 struct Descent {
   Place at;
+  std::optional<Eigen::Index> held;  // the component that stays where it is
   double score = 0;
   Eigen::VectorXd residuals;
   Eigen::MatrixXd jacobian;  // J, n x D: by differences, or brought up to date by a step

@@ -28,7 +28,9 @@ double FittedFrom(const FitProblem& problem, const std::vector<double>& start) {
 
 Neighbourhood::Neighbourhood(const FitProblem& problem, std::span<const double> best,
                              std::vector<std::size_t> free)
-    : problem_(problem), best_(best.begin(), best.end()), free_(std::move(free)) {
+    : problem_(problem),
+      at_(LandscapeOf(problem).PlaceOf({best.begin(), best.end()})),
+      free_(std::move(free)) {
   const Eigen::MatrixXd jacobian = Differences();
   const Eigen::FullPivLU<Eigen::MatrixXd> normal(jacobian.transpose() * jacobian);
   if (jacobian.cols() > 0 && jacobian.allFinite() && normal.isInvertible())
@@ -37,20 +39,22 @@ Neighbourhood::Neighbourhood(const FitProblem& problem, std::span<const double> 
 
 /// One column for each free parameter.
 Eigen::MatrixXd Neighbourhood::Differences() const {
+  const auto columns = static_cast<Eigen::Index>(free_.size());
+  Eigen::MatrixXd places = at_.replicate(1, 2 * columns);
+  for (Eigen::Index column = 0; column < columns; ++column) {
+    const auto j = static_cast<Eigen::Index>(free_[static_cast<std::size_t>(column)]);
+    places(j, 2 * column) = std::max(0.0, at_[j] - kFarOff);
+    places(j, 2 * column + 1) = std::min(1.0, at_[j] + kFarOff);
+  }
   Landscape landscape = LandscapeOf(problem_);
-  const Place at = landscape.PlaceOf(best_);
-  Eigen::MatrixXd jacobian(landscape.Scored(), static_cast<Eigen::Index>(free_.size()));
-  Eigen::VectorXd below, above;
-  for (std::size_t column = 0; column < free_.size(); ++column) {
-    const auto j = static_cast<Eigen::Index>(free_[column]);
-    Place low = at, high = at;
-    low[j] = std::max(0.0, at[j] - kFarOff);
-    high[j] = std::min(1.0, at[j] + kFarOff);
-    const bool scored =
-        std::isfinite(landscape.Score(low, below)) && std::isfinite(landscape.Score(high, above));
-    auto derivatives = jacobian.col(static_cast<Eigen::Index>(column));
-    derivatives.setZero();
-    if (scored) derivatives = (above - below) / (high[j] - low[j]);
+  Eigen::MatrixXd residuals;
+  const Eigen::VectorXd scores = landscape.Score(places, residuals);
+  Eigen::MatrixXd jacobian = Eigen::MatrixXd::Zero(residuals.rows(), columns);
+  for (Eigen::Index column = 0; column < columns; ++column) {
+    const Eigen::Index below = 2 * column, above = below + 1;
+    if (!std::isfinite(scores[below]) || !std::isfinite(scores[above])) continue;
+    jacobian.col(column) = (residuals.col(above) - residuals.col(below)) /
+                           (places.col(above) - places.col(below)).sum();
   }
   return jacobian;
 }
@@ -61,36 +65,45 @@ double Neighbourhood::Correlation(std::size_t a, std::size_t b) const {
   return covariance_(i, j) / std::sqrt(covariance_(i, i) * covariance_(j, j));
 }
 
-/// The candidate on the line along which the others follow parameter `j`, if it is free.
-std::vector<double> Neighbourhood::Expected(double value, std::size_t j) const {
-  const auto found = std::find(free_.begin(), free_.end(), j);
-  if (covariance_.size() == 0 || found == free_.end()) return best_;
-  const Landscape landscape = LandscapeOf(problem_);
-  const Place at = landscape.PlaceOf(best_);
-  const auto held = static_cast<Eigen::Index>(j);
-  const Eigen::Index column = found - free_.begin();
-  const double moved = landscape.ComponentOf(held, value) - at[held];
-  Place place = at;
-  for (std::size_t i = 0; i < free_.size(); ++i) {
-    const double slope =
-        covariance_(static_cast<Eigen::Index>(i), column) / covariance_(column, column);
-    const auto other = static_cast<Eigen::Index>(free_[i]);
-    place[other] = std::clamp(at[other] + slope * moved, 0.0, 1.0);
-  }
-  return landscape.CandidateAt(place);
+/// The best place with the parameter at the bound.
+Place Neighbourhood::BestAt(const Side& side) const {
+  Place place = at_;
+  place[static_cast<Eigen::Index>(side.parameter)] = side.upper ? 1 : 0;
+  return place;
 }
 
-double Neighbourhood::HeldAt(double value, std::size_t j) const {
-  FitProblem others = problem_;
-  const auto at = static_cast<std::ptrdiff_t>(j);
-  for (KineticParameters& row : others.rows) row[others.variables[j].position] = value;
-  others.variables.erase(others.variables.begin() + at);
-  double least = std::numeric_limits<double>::infinity();
-  for (std::vector<double> start : {best_, Expected(value, j)}) {
-    start.erase(start.begin() + at);
-    least = std::min(least, FittedFrom(others, start));
+/// As above, on the line along which the others follow the parameter, if it is free.
+Place Neighbourhood::Expected(const Side& side) const {
+  const auto found = std::find(free_.begin(), free_.end(), side.parameter);
+  Place place = BestAt(side);
+  if (covariance_.size() == 0 || found == free_.end()) return place;
+  const auto held = static_cast<Eigen::Index>(side.parameter);
+  const Eigen::Index column = found - free_.begin();
+  const double moved = place[held] - at_[held];
+  for (std::size_t i = 0; i < free_.size(); ++i) {
+    const auto other = static_cast<Eigen::Index>(free_[i]);
+    const double slope =
+        covariance_(static_cast<Eigen::Index>(i), column) / covariance_(column, column);
+    if (other != held) place[other] = std::clamp(at_[other] + slope * moved, 0.0, 1.0);
   }
-  return least;
+  return place;
+}
+
+std::vector<double> Neighbourhood::HeldAt(std::span<const Side> sides) const {
+  std::vector<Place> places;
+  for (const Side& side : sides) {
+    places.push_back(BestAt(side));
+    places.push_back(Expected(side));
+  }
+  Landscape landscape = LandscapeOf(problem_);
+  std::vector<Descent> descents = BeginDescents(places, landscape);
+  for (std::size_t i = 0; i < descents.size(); ++i)
+    descents[i].held = static_cast<Eigen::Index>(sides[i / 2].parameter);
+  Descend(descents, kIterations, landscape);
+  std::vector<double> scores;
+  for (std::size_t i = 0; i < descents.size(); i += 2)
+    scores.push_back(std::min(descents[i].score, descents[i + 1].score));
+  return scores;
 }
 
 }  // namespace velmora

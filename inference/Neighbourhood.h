@@ -14,6 +14,12 @@ double FittedFrom(const FitProblem& problem, const std::vector<double>& start);
 
 class Neighbourhood {
  public:
+  /// One of the bounds of a parameter.
+  struct Side {
+    std::size_t parameter;
+    bool upper;
+  };
+
   /// Around `best`, as long as the problem's variables; `free` are those inside their bounds.
   Neighbourhood(const FitProblem& problem, std::span<const double> best,
                 std::vector<std::size_t> free);
@@ -23,16 +29,17 @@ class Neighbourhood {
   /// the parameters apart.
   double Correlation(std::size_t a, std::size_t b) const;
 
-  /// The score with parameter `j` held at `value` and the others fitted again: from where they are,
-  /// and from where the differences let expect them.
-  double HeldAt(double value, std::size_t j) const;
+  /// The scores with one parameter held at a bound and the others fitted again, one for each of
+  /// `sides`: from where they are, and from where the differences let expect them.
+  std::vector<double> HeldAt(std::span<const Side> sides) const;
 
  private:
   Eigen::MatrixXd Differences() const;
-  std::vector<double> Expected(double value, std::size_t j) const;
+  Place BestAt(const Side& side) const;
+  Place Expected(const Side& side) const;
 
   const FitProblem& problem_;
-  const std::vector<double> best_;
+  const Place at_;  // the best
   const std::vector<std::size_t> free_;
   Eigen::MatrixXd covariance_;  // of the free components, but for s²; or without elements
 };

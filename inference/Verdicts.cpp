@@ -34,19 +34,27 @@ class Judge {
 
   ParameterVerdicts Run() {
     ParameterVerdicts verdicts;
+    const std::vector<Side> sides = SidesToTry();
+    const std::vector<double> scores = around_.HeldAt(sides);
     for (std::size_t j = 0; j < best_.size(); ++j) {
       findings_.clear();
-      JudgeSides(j);
+      JudgeEdge(j);
+      for (std::size_t i = 0; i < sides.size(); ++i)
+        if (sides[i].parameter == j) JudgeSide(sides[i], scores[i]);
       JudgeDependence(j);
       JudgeSamples(j);
       JudgeDeviation(j);
       verdicts.of.push_back({findings_});
     }
-    if (lowest_ < (1 - kClearGain) * score_) verdicts.betterScore = lowest_;
+    if (scores.empty()) return verdicts;
+    const double lowest = *std::min_element(scores.begin(), scores.end());
+    if (lowest < (1 - kClearGain) * score_) verdicts.betterScore = lowest;
     return verdicts;
   }
 
  private:
+  using Side = Neighbourhood::Side;
+
   void Add(FindingKind kind, double value, At other = At::muMax) {
     findings_.push_back({kind, value, other});
   }
@@ -58,20 +66,37 @@ class Judge {
   }
   bool IsFree(std::size_t j) const { return FreeIndex(j) < linear_.free.size(); }
 
-  void JudgeSides(std::size_t j) {
-    const auto& [position, lower, upper, start] = problem_.variables[j];
-    const bool atLower = !IsFree(j) && best_[j] - lower < upper - best_[j];
-    const bool atUpper = !IsFree(j) && !atLower;
-    if (atLower) Add(FindingKind::AtLowerBound, lower);
-    if (atUpper) Add(FindingKind::AtUpperBound, upper);
-    if (!atLower && IsOpenAt(lower, j)) Add(FindingKind::OpenBelow, lower);
-    if (!atUpper && IsOpenAt(upper, j)) Add(FindingKind::OpenAbove, upper);
+  bool IsAt(const Side& side) const {
+    const auto& [position, lower, upper, start] = problem_.variables[side.parameter];
+    const double value = best_[side.parameter];
+    const bool nearUpper = value - lower >= upper - value;
+    return !IsFree(side.parameter) && nearUpper == side.upper;
   }
 
-  bool IsOpenAt(double bound, std::size_t j) {
-    const double score = around_.HeldAt(bound, j);
-    lowest_ = std::min(lowest_, score);
-    return score <= threshold_;
+  double BoundOf(const Side& side) const {
+    const FitVariable& variable = problem_.variables[side.parameter];
+    return side.upper ? variable.upper : variable.lower;
+  }
+
+  /// The bounds at which no parameter stands already.
+  std::vector<Side> SidesToTry() const {
+    std::vector<Side> sides;
+    for (std::size_t j = 0; j < best_.size(); ++j)
+      for (const Side& side : {Side{j, false}, Side{j, true}})
+        if (!IsAt(side)) sides.push_back(side);
+    return sides;
+  }
+
+  void JudgeEdge(std::size_t j) {
+    for (const Side& side : {Side{j, false}, Side{j, true}})
+      if (IsAt(side))
+        Add(side.upper ? FindingKind::AtUpperBound : FindingKind::AtLowerBound, BoundOf(side));
+  }
+
+  /// `score`: with the parameter held at that bound.
+  void JudgeSide(const Side& side, double score) {
+    if (score > threshold_) return;
+    Add(side.upper ? FindingKind::OpenAbove : FindingKind::OpenBelow, BoundOf(side));
   }
 
   void JudgeDependence(std::size_t j) {
@@ -113,7 +138,6 @@ class Judge {
   const Linearisation linear_;
   const Neighbourhood around_;
   double threshold_ = std::numeric_limits<double>::infinity();  // of a score that is as good
-  double lowest_ = std::numeric_limits<double>::infinity();
   std::vector<Finding> findings_;
 };
 
