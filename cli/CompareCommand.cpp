@@ -116,7 +116,7 @@ std::string TextOf(const Comparison& comparison, const Inputs& inputs, bool allD
                    const Wording& say) {
   const TextStyle style{say.In(), '.'};
   std::string text = ComparisonHeading(comparison, say.In()) + "\n";
-  if (!comparison.Ranked().empty()) text += Aligned(ComparisonCells(comparison, style));
+  if (!comparison.Ranked().empty()) text += Aligned(ComparisonCells(comparison, style, allDigits));
   for (const auto& line : ComparisonRemarks(comparison, inputs.lists.Experiments(), style))
     text += line + "\n";
   for (const auto& line : BestModelLines(comparison, style, allDigits)) text += line + "\n";

@@ -8,7 +8,7 @@
 namespace velmora {
 namespace {
 
-constexpr int kSumDigits = 4;
+constexpr int kSumDigits = 4, kMostDecimals = 8;
 constexpr Decimals kTwo{2, 2}, kThree{3, 3};
 constexpr const char* kNoValue = "–";
 
@@ -16,6 +16,14 @@ constexpr const char* kNoValue = "–";
 std::string Cell(double value, Decimals decimals, char separator) {
   if (std::isinf(value)) return "∞";
   return std::isnan(value) ? kNoValue : Formatted(value, decimals, separator);
+}
+
+/// A sum of squared errors: four digits, so that neighbours of a column compare.
+std::string SumCell(double value, char separator) {
+  if (!(value > 0)) return PlainText(value, separator);
+  const int decimals = kSumDigits - 1 - static_cast<int>(std::floor(std::log10(value)));
+  if (decimals < 0 || decimals > kMostDecimals) return PlainText(value, separator, kSumDigits);
+  return Formatted(value, {decimals, decimals}, separator);
 }
 
 std::vector<std::string> Headings(Language language) {
@@ -35,19 +43,23 @@ std::string VerdictOf(const ComparedModel& compared, Language language) {
 }
 
 std::vector<std::string> CellsOf(const ComparedModel& compared, double leastCriterion,
-                                 TextStyle style) {
+                                 TextStyle style, bool allDigits) {
   const char separator = style.separator;
+  const auto cell = [=](double value, Decimals decimals) {
+    return allDigits && std::isfinite(value) ? PlainText(value, separator)
+                                             : Cell(value, decimals, separator);
+  };
   const SearchResult& result = compared.result;
   const auto& [Cx, Cs, Cp] = compared.explained;
   return {std::string(compared.model->name),
           std::to_string(compared.variables.size()),
-          PlainText(result.score, separator, kSumDigits),
-          Cell(compared.criterion, kTwo, separator),
-          Cell(compared.criterion - leastCriterion, kTwo, separator),
-          Cell(compared.weight, kThree, separator),
-          Cell(Cx, kFour, separator),
-          Cell(Cs, kFour, separator),
-          Cell(Cp, kFour, separator),
+          allDigits ? PlainText(result.score, separator) : SumCell(result.score, separator),
+          cell(compared.criterion, kTwo),
+          cell(compared.criterion - leastCriterion, kTwo),
+          cell(compared.weight, kThree),
+          cell(Cx, kFour),
+          cell(Cs, kFour),
+          cell(Cp, kFour),
           std::to_string(result.agreeing) + "/" + std::to_string(result.starts),
           VerdictOf(compared, style.language)};
 }
@@ -75,12 +87,12 @@ std::string ComparisonHeading(const Comparison& comparison, Language language) {
                  std::to_string(comparison.models.size()), std::to_string(comparison.values)});
 }
 
-std::vector<std::vector<std::string>> ComparisonCells(const Comparison& comparison,
-                                                      TextStyle style) {
+std::vector<std::vector<std::string>> ComparisonCells(const Comparison& comparison, TextStyle style,
+                                                      bool allDigits) {
   std::vector<std::vector<std::string>> cells{Headings(style.language)};
   const auto ranked = comparison.Ranked();
   for (const ComparedModel& compared : ranked)
-    cells.push_back(CellsOf(compared, ranked.front().criterion, style));
+    cells.push_back(CellsOf(compared, ranked.front().criterion, style, allDigits));
   return cells;
 }
 

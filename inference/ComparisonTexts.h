@@ -15,9 +15,10 @@ std::string ComparisonHeading(const Comparison& comparison, Language language);
 
 /// One row of cells for each model with a rank, the best first, below a row of headings: model, D
 /// (fitted parameters), SSE (sum of squared errors), AICc, its difference to the best, Akaike
-/// weight, R² of Cx, Cs and Cp, starts that agree, parameters that are determined.
-std::vector<std::vector<std::string>> ComparisonCells(const Comparison& comparison,
-                                                      TextStyle style);
+/// weight, R² of Cx, Cs and Cp, starts that agree, parameters that are determined. In the digits
+/// by which models compare, or in all of them.
+std::vector<std::vector<std::string>> ComparisonCells(const Comparison& comparison, TextStyle style,
+                                                      bool allDigits = false);
 
 /// Why a model has no rank, on one line.
 std::string WhyNotRanked(const ComparedModel& compared, std::span<const Experiment> experiments,

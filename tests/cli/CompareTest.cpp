@@ -38,6 +38,7 @@ TEST_F(Compare, RanksModelsWithStartsOfTheirOwn) {
   EXPECT_NE(text.find("\nMelhor modelo: Monod\nµ = µmax·Cs/(Cs + Ks)\nµmáx = 0.180 ± 0.009 1/h\n"),
             std::string::npos)
       << text;
+  EXPECT_NE(text.find("  0.003000  "), std::string::npos) << "as many digits as its neighbours";
 }
 
 TEST_F(Compare, PrintsALineForEachModelThatIsDone) {
@@ -47,6 +48,7 @@ TEST_F(Compare, PrintsALineForEachModelThatIsDone) {
   EXPECT_TRUE(text.starts_with("models 1 of 2   ")) << text;
   EXPECT_NE(text.find("\nmodels 2 of 2   0 s left\n"), std::string::npos) << text;
   EXPECT_NE(text.find("\nµmáx = 0.18033400"), std::string::npos) << text;
+  EXPECT_NE(text.find("  0.0030004410759663"), std::string::npos) << text;
 }
 
 TEST_F(Compare, RefusesWhatItCannotCompare) {
