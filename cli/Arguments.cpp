@@ -5,6 +5,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <map>
 
 #include "cli/Assignments.h"
 #include "cli/Description.h"
@@ -266,6 +267,13 @@ void AddSimulations(CLI::App& app, Options& options, const Help& help) {
   AddPrinted(exported, options.general);
 }
 
+/// The mark itself may stand for its name.
+CLI::Validator NamedMarks() {
+  const std::map<std::string, std::string> names = {
+      {".", "point"}, {",", "comma"}, {" ", "blank"}, {"'", "apostrophe"}};
+  return CLI::Transformer(names).description("");
+}
+
 void AddImport(CLI::App& app, ImportOptions& import, const Help& help) {
   CLI::App* command = app.add_subcommand("import", "make an experiment file from tables");
   command->add_option("TABLE", import.tables, "tables, text (CSV) or Excel workbooks (.xlsx)")
@@ -279,9 +287,11 @@ void AddImport(CLI::App& app, ImportOptions& import, const Help& help) {
       ->type_name("NAME");
   command->add_option("--decimal", import.decimal, "decimal mark of the numbers")
       ->check(CLI::IsMember({"point", "comma"}).description(""))
+      ->transform(NamedMarks())
       ->type_name("point|comma");
   command->add_option("--thousands", import.thousands, "mark between the thousands of a number")
       ->check(CLI::IsMember({"point", "comma", "blank", "apostrophe", "none"}).description(""))
+      ->transform(NamedMarks())
       ->type_name("point|comma|blank|apostrophe|none");
   command->add_option("--columns", import.columns, "columns by header or by place from 1")
       ->type_name("NAME=COLUMN,...");

@@ -22,9 +22,10 @@ struct Hint {
   TextId fault;
   TextId option;  // that decides it
 };
-constexpr std::array<Hint, 7> kHints = {{{TextId::CellOfTwoReadings, TextId::DecideMark},
+constexpr std::array<Hint, 8> kHints = {{{TextId::CellOfTwoReadings, TextId::DecideMark},
                                          {TextId::ColumnUnclear, TextId::DecideColumn},
                                          {TextId::MissingColumn, TextId::DecideMissingColumn},
+                                         {TextId::OpticalDensity, TextId::DecideOpticalDensity},
                                          {TextId::UnitUnknown, TextId::DecideUnit},
                                          {TextId::MolarMassMissing, TextId::DecideMolarMass},
                                          {TextId::CellGap, TextId::DecideMissing},

@@ -34,6 +34,8 @@ constexpr std::array<QuantityWords, kQuantities> kWords = {
      {"Cx", kOfCells, kAlsoCells},
      {"Cp", kOfProduct, kAlsoProduct}}};
 
+constexpr Words kOpticalDensity = "od absorbance absorbância optical";
+
 /// They may stand before the word that tells what a column holds.
 constexpr Words kPassedOver =
     "concentration conc concentração concentracao of de do da dry residual culture total elapsed "
@@ -70,6 +72,15 @@ bool MayBe(std::string_view header, const QuantityWords& words) {
   return BehindName(header, words.own, true) || BehindName(header, words.other, true);
 }
 
+/// "OD", "OD600 (-)", "absorbance": cells, but in a scale that only its owner can turn into g/L.
+bool IsOpticalDensity(std::string_view header) {
+  const std::string small = SmallLetters(header);
+  std::string_view rest = small;
+  std::string_view word = TakeWord(rest);
+  if (word.starts_with("od")) word = word.substr(0, word.find_last_not_of("0123456789") + 1);
+  return Contains(kOpticalDensity, word);
+}
+
 template <class Fits>
 std::vector<std::size_t> ColumnsWhere(const std::vector<std::string>& headers, Fits fits) {
   std::vector<std::size_t> columns;
@@ -100,6 +111,15 @@ std::optional<std::size_t> Find(const TableRow& header, const QuantityWords& wor
                      header.line};
   if (!other.empty()) return other.front();
   return std::nullopt;
+}
+
+[[noreturn]] void RefuseWithout(Quantity quantity, const TableRow& header) {
+  const std::string name(NameOf(quantity));
+  const auto densities = ColumnsWhere(header.cells, IsOpticalDensity);
+  if (quantity == Quantity::Cells && !densities.empty())
+    throw TableFault{
+        TextId::OpticalDensity, {name, OnOneLine(header.cells[densities.front()])}, header.line};
+  throw TableFault{TextId::MissingColumn, {name}, header.line};
 }
 
 /// The place from 1 that a given column states, as an index.
@@ -135,8 +155,7 @@ TableColumns::TableColumns(const TableRow& header,
   for (std::size_t i = 0; i < kQuantities; ++i) {
     const Quantity quantity{static_cast<int>(i)};
     columns_[i] = given[i] ? FindGiven(header, *given[i], quantity) : Find(header, kWords[i]);
-    if (!columns_[i] && quantity != Quantity::Experiment)
-      throw TableFault{TextId::MissingColumn, {std::string(kWords[i].name)}, header.line};
+    if (!columns_[i] && quantity != Quantity::Experiment) RefuseWithout(quantity, header);
   }
 }
 

@@ -666,6 +666,8 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::DecideMissingColumn, ", or name it with --columns {1}=HEADER", " ou indique-a com --columns {1}=CABEÇALHO"},
     {TextId::DecideUnit, "; or name another with --unit {2}=UNIT", "; ou indique outra com --unit {2}=UNIDADE"},
     {TextId::DecideMolarMass, "; give --molar-mass {1}=VALUE in g/mol", "; dê --molar-mass {1}=VALOR em g/mol"},
+    {TextId::OpticalDensity, "there is no column {1}, and \"{2}\" holds an optical density; multiply it by the g/L that one unit of it stands for, and name the column {1}", "falta a coluna {1}, e \"{2}\" contém uma densidade óptica; multiplique-a pelos g/L que uma unidade dela representa e nomeie a coluna {1}"},
+    {TextId::DecideOpticalDensity, ", or take its numbers as g/L with --columns {1}=\"{2}\" --unit {1}=g/L", " ou tome seus números como g/L com --columns {1}=\"{2}\" --unit {1}=g/L"},
     {TextId::CellGap, "the cell is empty; fill it or remove the row", "a célula está vazia; preencha-a ou remova a linha"},
     {TextId::CellNA, "\"{1}\" stands for no value; fill it or remove the row", "\"{1}\" indica falta de valor; preencha-o ou remova a linha"},
     {TextId::CellNotBetween, "there is no value before it or none behind it to interpolate from; remove the row", "não há valor antes ou depois dele para interpolar; remova a linha"},

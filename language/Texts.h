@@ -539,6 +539,8 @@ enum class TextId : std::int16_t {
   DecideMissingColumn,
   DecideUnit,
   DecideMolarMass,
+  OpticalDensity,
+  DecideOpticalDensity,
   CellGap,
   CellNA,
   CellNotBetween,

@@ -107,7 +107,7 @@ TEST_F(Import, TakesMarksGivenAndTellsWhatIsNoData) {
   const Ran ran = ImportText(table, " --thousands comma");
   EXPECT_NE(BytesOf(File()).find("|0|1234|2|3|"), std::string::npos) << ran.err;
   EXPECT_NE(ran.out.find("table.csv:1: the line is no row of data"), std::string::npos) << ran.out;
-  ImportText(table, " --decimal comma");
+  ImportText(table, " --decimal ,");
   EXPECT_NE(BytesOf(File()).find("|0|1.234|2|3|"), std::string::npos);
   EXPECT_EQ(ImportText(table, " --decimal comma --thousands comma").code, 2);
 }
