@@ -13,7 +13,6 @@ namespace {
 constexpr double kDifference = 1e-7;     // of a component
 constexpr double kScaleFloor = 1e-8;     // of the largest element of the diagonal
 constexpr double kLongestStep = 0.5;     // of a component
-constexpr int kMostTrials = 25;          // of one iteration
 constexpr double kQuietGain = 1e-10;     // of the score
 constexpr int kMostQuiet = 3;            // iterations
 constexpr double kPromise = 1e-6;        // of the score: a promise that a smooth score would keep
@@ -169,7 +168,7 @@ class Walk {
     if (state_ == State::Between) {
       descent_->ended = landscape.IsPerfect(descent_->score);
       if (descent_->ended || left_-- == 0) return {};
-      trial_ = 0;
+      mostPromised_ = 0;
       state_ = State::Trying;
       if (!fresh_) Differentiating();
     }
@@ -188,9 +187,7 @@ class Walk {
     } else if (descent_->updates > 0) {
       Differentiating();
     } else {
-      descent_->damping *= descent_->growth;
-      descent_->growth *= 2;
-      ++trial_;
+      Shorten();
     }
   }
 
@@ -213,18 +210,28 @@ class Walk {
     state_ = State::Between;
   }
 
+  /// Components held at the edge of the box may leave a step that promises nothing; a shorter one
+  /// does.
   void Try() {
-    const Eigen::VectorXd step = BoundedStep(*descent_).Solve();
-    promised_ = Promised(*descent_, step);
-    if (trial_ == 0) firstPromise_ = promised_;
-    if (trial_ < kMostTrials && step.cwiseAbs().maxCoeff() > kShortestStep && promised_ > 0) {
+    for (;; Shorten()) {
+      const Eigen::VectorXd step = BoundedStep(*descent_).Solve();
+      if (!(step.cwiseAbs().maxCoeff() > kShortestStep)) break;
+      promised_ = Promised(*descent_, step);
+      if (!(promised_ > 0) && descent_->updates > 0) break;
+      if (!(promised_ > 0)) continue;
+      mostPromised_ = std::max(mostPromised_, promised_);
       places_ = (descent_->at + step).cwiseMax(0).cwiseMin(1);
       return;
     }
     if (descent_->updates > 0) return Differentiating();
     descent_->ended = true;
-    descent_->blocked = firstPromise_ > kPromise * descent_->score;
+    descent_->blocked = mostPromised_ > kPromise * descent_->score;
     places_.resize(0, 0);
+  }
+
+  void Shorten() {
+    descent_->damping *= descent_->growth;
+    descent_->growth *= 2;
   }
 
   Descent* descent_;
@@ -232,9 +239,8 @@ class Walk {
   State state_ = State::Between;
   bool fresh_ = false;  // the derivatives hold at the descent's place
   Eigen::MatrixXd places_;
-  int trial_ = 0;
   double promised_ = 0;
-  double firstPromise_ = 0;
+  double mostPromised_ = 0;  // by a trial of this iteration
 };
 
 }  // namespace

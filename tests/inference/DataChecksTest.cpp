@@ -134,6 +134,14 @@ TEST(DataChecks, TakesNoiseForNoise) {
   EXPECT_LE(remarks, 2) << told;
 }
 
+TEST(DataChecks, AsksNothingOfABatchWithoutProduct) {
+  Experiment batch = Plain();
+  batch.Cx[1] = batch.Cx[0];
+  batch.Cp.assign(batch.Cp.size(), 0);
+  const auto remarks = CheckData({&batch, 1});
+  EXPECT_TRUE(remarks.empty()) << Told(remarks);
+}
+
 TEST(DataChecks, WordsARemarkInBothLanguages) {
   const Remark remark{RemarkKind::FarOff, 3, "Cs", {1.57, 14.79999}, 2, 7};
   EXPECT_EQ(Worded(remark, Language::English),

@@ -58,6 +58,10 @@ TEST(Verdicts, TellWhatTheDataDetermine) {
   EXPECT_EQ(firstOrder.verdict.parameters.of[0].findings.back().other, At::Ks);
   EXPECT_GT(firstOrder.verdict.parameters.of[0].findings.back().value, 0.95);
 
+  // No term of Monod's has Kip.
+  const Fitted idle("Monod", {20, 40}, {muMax, {At::Kip, 5, 500, 50}});
+  EXPECT_EQ(idle.Of(1), Kinds({OpenBelow, OpenAbove, NotAlone, NoData}));
+
   const Fitted dilute("Andrews", {2, 10}, {muMax, Ks, {At::Kis, 5, 5000, 50}});
   EXPECT_EQ(dilute.Of(2), Kinds({OpenBelow, OpenAbove, Together, NoData, WideDeviation}));
   EXPECT_TRUE(Worded(dilute.verdict.parameters.of[2], {})

@@ -120,6 +120,15 @@ TEST(RecoveryFile, IsHeldByOneProgramAndLeftToTheNext) {
   EXPECT_EQ(BytesOf(folder / "state/velmora/recovery-declined"), "second");
 }
 
+TEST(RecoveryFile, DoesNothingWithoutAFolder) {
+  const TemporaryFolder folder;
+  std::ofstream(folder / "file") << "no folder";
+  for (const std::string& place : {std::string(), folder / "file/velmora"}) {
+    EXPECT_FALSE(RecoveryFile(place).Write("work")) << place;
+    EXPECT_FALSE(RecoveryFile(place).Left()) << place;
+  }
+}
+
 /// Works on, an experiment more at each step, and says each that is in the recovery file.
 [[noreturn]] void WorkOn(const std::string& folder, int out) {
   RecoveryFile file(folder);
