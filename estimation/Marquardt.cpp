@@ -63,6 +63,7 @@ class ManyStarts {
       Polish();
       EndRound();
     }
+    if (bestReport_ > reports_) Report();
     return Result();
   }
 
@@ -257,7 +258,7 @@ SearchResult ManyStarts::Result() const {
   if (elite_.Empty()) return result;
   result.best = landscape_.CandidateAt(elite_.Best().at);
   result.score = elite_.BestScore();
-  result.bestGeneration = std::min(bestReport_, reports_);
+  result.bestGeneration = bestReport_;
   result.starts = static_cast<int>(elite_.Ends());
   result.agreeing = elite_.Reached(landscape_);
   return result;

@@ -70,6 +70,19 @@ TEST(Marquardt, GivesTheSameForTheSameSeed) {
   EXPECT_NEAR(first.score, other.score, 1e-4 * first.score);
 }
 
+TEST(Landscape, HasTheBoundsAtItsEdges) {
+  FitProblem problem = test::TwoBatches();
+  problem.variables = {{At::muMax, 0, 4, 1}, {At::Ks, 0.5, 32, 10}};
+  const Landscape landscape(problem, 1, [] { return false; });
+  const Place middle = landscape.PlaceOf({2, 4});
+  EXPECT_NEAR(middle[0], 0.5, 1e-15);
+  EXPECT_NEAR(middle[1], 0.5, 1e-15) << "on the logarithmic scale";
+  EXPECT_NEAR(landscape.CandidateAt(middle)[0], 2, 1e-14);
+  EXPECT_NEAR(landscape.CandidateAt(middle)[1], 4, 1e-14);
+  EXPECT_EQ(landscape.CandidateAt(Place{{0, 0}}), (std::vector{0.0, 0.5}));
+  EXPECT_EQ(landscape.CandidateAt(Place{{1, 1}}), (std::vector{4.0, 32.0}));
+}
+
 // From each of these places the first step would leave the box: what the components at its edge
 // leave of it promises nothing.
 TEST(Descent, GoesOnFromTheEdgeOfTheBox) {
@@ -105,8 +118,12 @@ TEST(Marquardt, EndsAtABoundAndInAFlatValley) {
 TEST(Marquardt, WalksAroundFaults) {
   FitProblem problem = test::SampledBatches("Moser", {75});
   problem.variables = {{At::muMax, 0.05, 1, 0.2}, {At::u, 0.5, 10'000, 5'000}};
-  SearchResult result = Find(problem);
+  Counting observer;
+  SearchResult result = SearchMarquardt(problem, {}, observer);
   EXPECT_EQ(result.end, SearchEnd::Converged);
+  const auto& scores = observer.scores;
+  EXPECT_EQ(result.bestGeneration,
+            std::find(scores.begin(), scores.end(), result.score) - scores.begin() + 1);
   EXPECT_NEAR(result.best[0], 0.3, 1e-5);
   EXPECT_NEAR(result.best[1], 1.2, 1e-4);
   EXPECT_FALSE(result.fault);

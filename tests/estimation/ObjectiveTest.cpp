@@ -73,14 +73,15 @@ TEST(Objective, GivesEveryExperimentItsCurve) {
 
 TEST(Objective, FindsTimesInAnyOrder) {
   FitProblem problem = TwoExperiments();
-  problem.experiments = {{1, "", {9, 1, 5, 0}, {2, 2, 2, 2}, {9, 1, 5, 10}, {1, 1, 1, 1}}};
   problem.rows.resize(1);
-  const SimulatedFit fit = Objective(problem).Simulate({});
-  const auto& Cs = fit.experiments[0].simulated.Cs;
-  EXPECT_NEAR(Cs[0], 8.2, 1e-12);
-  EXPECT_NEAR(Cs[1], 9.8, 1e-12);
-  EXPECT_NEAR(Cs[2], 9, 1e-12);
-  EXPECT_EQ(Cs[3], 10);
+  problem.rows[0][At::muMax] = 0.02;  // the curves bend
+  const auto at = [&](const std::vector<double>& times) {
+    problem.experiments = {{1, "", times, {2, 2, 2, 2}, {9, 1, 5, 10}, {1, 1, 1, 1}}};
+    return Objective(problem).Simulate({}).experiments[0].simulated.Cs;
+  };
+  const auto sorted = at({0, 1, 5, 9});
+  EXPECT_LT(4 * (sorted[0] - sorted[1]), sorted[2] - sorted[3]);
+  EXPECT_EQ(at({9, 1, 5, 0}), (std::vector{sorted[3], sorted[1], sorted[2], sorted[0]}));
 }
 
 TEST(Objective, ScoresManyCandidatesEachOnItsOwn) {
@@ -102,24 +103,32 @@ TEST(Objective, ScoresManyCandidatesEachOnItsOwn) {
 /// Among the candidates are some that fault and some for which the model has another kernel.
 TEST(Objective, ScoresBlocksOfAnySizeToTheSameBitsAsAlone) {
   FitProblem problem = test::TwoBatches();
-  problem.variables = {{At::muMax, 0, 1, 0.2}, {At::Ks, 0, 30, 10}, {At::n, 0, 3, 1}};
+  problem.variables = {{At::muMax, 0, 1, 0.2},
+                       {At::Ks, 0, 30, 10},
+                       {At::n, 0, 3, 1},
+                       {At::m, 0, 3, 1},
+                       {At::u, 0, 2, 1}};
   const Objective objective(problem);
   std::vector<double> candidates;
   for (int i = 0; i < 60; ++i)
-    candidates.insert(candidates.end(), {0.01 * i, 0.5 * (i % 9), i % 7 == 0 ? 0 : 0.1 * (i % 11)});
-  candidates[3 * 20] = 1e300;
+    candidates.insert(candidates.end(),
+                      {0.01 * i, 0.5 * (i % 9), i % 7 == 0 ? 0 : 0.1 * (i % 11),
+                       i % 5 == 0 ? 0 : 0.1 * (i % 13), i % 8 == 1 ? 0 : 0.25 * (i % 6 + 1)});
+  candidates[5 * 20] = 1e300;
   for (const std::size_t count : {2U, 7U, 20U, 25U, 60U}) {
     std::vector<CandidateScore> scores(count);
     std::vector<double> residuals(count * objective.Scored());
     Objective::Workspace workspace(0, 2), alone;
-    objective.Score(std::span(candidates).first(3 * count), scores, residuals, workspace);
+    objective.Score(std::span(candidates).first(5 * count), scores, residuals, workspace);
     for (std::size_t i = 0; i < count; ++i) {
       CandidateScore one;
       std::vector<double> its(objective.Scored());
-      objective.Score(std::span(candidates).subspan(3 * i, 3), std::span(&one, 1), its, alone);
+      objective.Score(std::span(candidates).subspan(5 * i, 5), std::span(&one, 1), its, alone);
       ASSERT_EQ(scores[i].fault, one.fault) << i;
       if (one.fault) continue;
       EXPECT_EQ(scores[i].score, one.score) << i;
+      const auto candidate = std::span(candidates).subspan(5 * i, 5);
+      EXPECT_EQ(one.score, objective.Simulate(candidate).score) << i;
       EXPECT_TRUE(std::equal(its.begin(), its.end(),
                              residuals.begin() + static_cast<std::ptrdiff_t>(i * its.size())));
     }

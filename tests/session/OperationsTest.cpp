@@ -76,6 +76,9 @@ TEST(SaveExperiment, WithdrawsTheCurveOfOtherData) {
   EXPECT_EQ(session.curves[2].points, 100);
   EXPECT_TRUE(session.conditions.At(2).saved);
 
+  EXPECT_FALSE(SaveExperiment(session, Measured(2, 0.9), {}, 2).change.curves) << "it had none";
+  SaveExperiment(session, Measured(2, 0.7), {}, 2);
+
   session.lists.Append(Measured(2), {});  // as a file may have it
   EXPECT_EQ(SaveExperiment(session, Measured(2, 0.8), {}, 4).place, 4);
   EXPECT_EQ(session.lists.At(2), Measured(2, 0.7));
