@@ -65,6 +65,11 @@ TEST(Marquardt, GivesTheSameForTheSameSeed) {
   // and then on purpose.
   EXPECT_EQ(ShortestText(first.score), "0.008167429994699176");
   EXPECT_EQ(first.functionCalls, 12651);
+  FitProblem smooth = test::TwoBatches();
+  smooth.experiments[0].Cx[4] *= 1.1;
+  const SearchResult without = Find(smooth);
+  EXPECT_EQ(ShortestText(without.score), "0.008239844824113208");
+  EXPECT_EQ(without.functionCalls, 2109);
   const SearchResult other = Find(problem, {.IU = 1235});
   EXPECT_NE(first.functionCalls, other.functionCalls);
   EXPECT_NEAR(first.score, other.score, 1e-4 * first.score);
