@@ -194,7 +194,6 @@ CandidateScore Objective::ScoreAlone(std::span<const double> x, std::span<double
     for (int pass = 0; pass < kScoringPasses; ++pass)
       scored.score = SumOverExperiments(x, memory, Residuals{residuals});
   } catch (const ArithmeticFault& fault) {
-    scored.score = 0;
     scored.fault = fault;
   }
   scored.rateEvaluations = memory.integrator.Evaluations() - evaluations;
