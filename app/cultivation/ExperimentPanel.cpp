@@ -4,6 +4,7 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
+#include "app/widgets/Colours.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/PanelParts.h"
 
@@ -11,6 +12,7 @@ namespace velmora {
 namespace {
 
 constexpr int kNumberWidth = 56;
+constexpr QColor kNotSaved(0xB3, 0x59, 0x00);
 
 }  // namespace
 
@@ -34,7 +36,9 @@ void ExperimentPanel::Build() {
   count_ = Named<QLabel>("lblLugar", this);
   none_ = Named<QLabel>("lblExpNaoAdic", this);
   notSaved_ = Named<QLabel>("lblNaoSalvo", this);
-  notSaved_->setStyleSheet(QStringLiteral("color: #B35900"));
+  QPalette told = notSaved_->palette();
+  told.setColor(QPalette::WindowText, Readable(kNotSaved, QPalette::Window));
+  notSaved_->setPalette(told);
   savedCount_ = Named<QLabel>("lblSalvos", this);
   info_ = Named<QLabel>("lblInfo", this);
   info_->setWordWrap(true);

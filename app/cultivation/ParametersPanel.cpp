@@ -148,7 +148,8 @@ void ParametersPanel::SetLanguage(Language language) {
     rows_[i].tick->setToolTip(meaning + u'\n' + Caption(TextId::TickHelp, language));
     for (QWidget* const part : std::initializer_list<QWidget*>{rows_[i].name, rows_[i].value})
       part->setToolTip(meaning);
-    rows_[i].tick->setAccessibleName(name);
+    rows_[i].tick->setAccessibleName(
+        Utf8(Filled(TextId::FitParameter, language, {name.toStdString()})));
     rows_[i].value->setAccessibleName(name);
     rows_[i].lower->setAccessibleName(Caption(TextId::LowerBound, language) + u' ' + name);
     rows_[i].upper->setAccessibleName(Caption(TextId::UpperBound, language) + u' ' + name);

@@ -126,7 +126,8 @@ void RunPanel::Show() {
   all_->setText(Caption(TextId::UseForAll, language_));
   all_->setToolTip(Caption(TextId::UseForAllHint, language_));
   start_->setText(Caption(simulates_ ? TextId::Simulate : TextId::Estimate, language_));
-  start_->setAccessibleName(start_->text());
+  // The method beside it is called the same.
+  start_->setAccessibleName(start_->text().remove(u'&') + QStringLiteral(": ") + start_->toolTip());
   // What is said of a run that goes on is said, like its progress; the heading of results follows.
   if (heading_ == TextId::EstimatedParameters) label_->setText(Caption(*heading_, language_));
 }

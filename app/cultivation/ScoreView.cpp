@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "app/widgets/Colours.h"
+
 namespace velmora {
 namespace {
 
@@ -107,9 +109,10 @@ void ScoreView::PaintCourse(QPainter& painter, const QRectF& plot) const {
   for (std::size_t g = 0; g < scores_.size(); g += stride) add(course, g);
   add(course, scores_.size() - 1);
   painter.setRenderHint(QPainter::Antialiasing);
-  painter.setPen(QPen(kLine, 1.6));
+  const QColor line = Readable(kLine, QPalette::Base);
+  painter.setPen(QPen(line, 1.6));
   painter.drawPolyline(course);
-  painter.setBrush(kLine);
+  painter.setBrush(line);
   painter.drawEllipse(course.back(), 2.5, 2.5);
 }
 

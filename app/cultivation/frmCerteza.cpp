@@ -69,8 +69,8 @@ QWidget* frmCerteza::BuildProfiles() {
   profiles_->setSpacing(kSpacing);
   intervalTexts_ = Named<QLabel>("lblIntervalos", page);
   intervalTexts_->setWordWrap(true);
-  intervalTexts_->setAccessibleName(Caption(TextId::TabProfiles, session_.language));
   intervalTexts_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  intervalTexts_->hide();
   auto* const how = Named<QLabel>("lblPerfis", page);
   how->setWordWrap(true);
   how->setText(Caption(TextId::ProfilesRead, session_.language));
@@ -141,6 +141,7 @@ void frmCerteza::ShowProfiles() {
   }
   intervalTexts_->setText(
       QString::fromStdString(Worded(found_, problem.variables, false, style)).trimmed());
+  intervalTexts_->show();
 }
 
 }  // namespace velmora

@@ -27,9 +27,21 @@ QComboBox* Chooser(const char* array, int place, const QSize& sample, QWidget* p
   return chooser;
 }
 
-void AddPicture(QComboBox& chooser, const QPixmap& picture, std::string_view name) {
-  chooser.addItem(QIcon(picture), QString());
-  chooser.setItemData(chooser.count() - 1, Utf8(name), Qt::AccessibleTextRole);
+/// Says in words which picture is chosen.
+void Describe(QComboBox& chooser) {
+  const QString name = chooser.currentData(Qt::AccessibleTextRole).toString();
+  chooser.setAccessibleDescription(name);
+  chooser.setToolTip(name);
+}
+
+/// Calls the pictures by the texts from `first` on.
+void NamePictures(QComboBox& chooser, TextId first, Language language) {
+  for (int item = 0; item < chooser.count(); ++item) {
+    const QString name = Caption(TextOf(first, item), language);
+    for (const auto role : {Qt::AccessibleTextRole, Qt::ToolTipRole})
+      chooser.setItemData(item, name, role);
+  }
+  Describe(chooser);
 }
 
 QLabel* CaptionLabel(const QString& name, QWidget* parent) {
@@ -62,13 +74,13 @@ void DisplayPanel::BuildRow(int place) {
   row.number->setFocusPolicy(Qt::StrongFocus);
   row.marker = Chooser("IcmbEstiloLinha", place, square, this);
   for (const std::string_view marker : kMarkers)
-    AddPicture(*row.marker, MarkerPixmap(marker, kSample), marker);
+    row.marker->addItem(MarkerPixmap(marker, kSample), QString());
   row.colour = Chooser("IcmbCor", place, square, this);
-  for (std::int32_t colour = 1; const Colour& each : kColours)
-    AddPicture(*row.colour, ColourPixmap(colour++, kSample), each.name);
+  for (std::size_t colour = 1; colour <= kColours.size(); ++colour)
+    row.colour->addItem(ColourPixmap(static_cast<std::int32_t>(colour), kSample), QString());
   row.line = Chooser("IcmbLinha", place, kLineSample, this);
   for (std::int16_t line = 1; line <= kLineStyles; ++line)
-    AddPicture(*row.line, LinePixmap(line, kLineSample), std::to_string(line));
+    row.line->addItem(LinePixmap(line, kLineSample), QString());
   row.visible = Named<QCheckBox>(MemberName("Check1", place), this);
 }
 
@@ -116,6 +128,8 @@ void DisplayPanel::Wire() {
           [this](int index) { emit ShowWanted(kRows + 1 + index); });
   for (int place = 1; place <= kRows; ++place) {
     Row& row = At(place);
+    for (QComboBox* const chooser : {row.marker, row.colour, row.line})
+      connect(chooser, &QComboBox::currentIndexChanged, this, [chooser] { Describe(*chooser); });
     connect(row.number, &QToolButton::clicked, this, [this, place] { emit ShowWanted(place); });
     connect(row.marker, &QComboBox::activated, this, [this, &row](int index) {
       row.display.marker = kMarkers[static_cast<std::size_t>(index)];
@@ -136,7 +150,7 @@ void DisplayPanel::Wire() {
   }
 }
 
-void DisplayPanel::NameControls() {
+void DisplayPanel::NameControls(Language language) {
   for (int place = 1; place <= kRows; ++place) {
     const Row& row = At(place);
     const auto name = [place](QWidget* control, const QLabel* caption) {
@@ -151,6 +165,9 @@ void DisplayPanel::NameControls() {
     name(row.colour, labelled("Label10"));
     name(row.line, labelled("Label9"));
     name(row.visible, labelled("Label11"));
+    NamePictures(*row.marker, TextId::MarkerFullCircle, language);
+    NamePictures(*row.colour, TextId::ColourBlue, language);
+    NamePictures(*row.line, TextId::LineSolid, language);
   }
   others_->setAccessibleName(numberCaption_->text());
   others_->setToolTip(numberCaption_->text());

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/Experiment.h"
+#include "language/Texts.h"
 
 class QCheckBox;
 class QComboBox;
@@ -23,8 +24,8 @@ class DisplayPanel : public QWidget {
 
   explicit DisplayPanel(QWidget* parent = nullptr);
 
-  /// Names the choosers for screen readers by their captions.
-  void NameControls();
+  /// Names the choosers and their pictures for screen readers, the choosers by their captions.
+  void NameControls(Language language);
   /// Shows the experiments' numbers, place by place, and marks the one at `shown` (0: none). The
   /// rows behind them but for the next one, which is for a new experiment, cannot be used. Places
   /// for which there is no row are chosen from a list.

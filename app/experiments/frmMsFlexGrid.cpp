@@ -121,7 +121,7 @@ void frmMsFlexGrid::ShowAtStart() {
 void frmMsFlexGrid::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
   if (event->type() != QEvent::LanguageChange) return;
-  displays_->NameControls();
+  displays_->NameControls(session_.language);
   actions_->SetLanguage(session_.language);
   entry_->SetLanguage(session_.language);
   Measure();

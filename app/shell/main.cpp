@@ -11,6 +11,8 @@
 #include "app/shell/GrowthCurveView.h"
 #include "app/shell/MDIForm1.h"
 #include "app/shell/frmSplash.h"
+#include "app/widgets/Access.h"
+#include "app/widgets/Colours.h"
 #include "app/widgets/Dialogs.h"
 #include "session/Recovery.h"
 #include "session/Session.h"
@@ -78,6 +80,8 @@ int main(int argc, char** argv) {
   qInstallMessageHandler(usual);
   QApplication::setApplicationName(QStringLiteral("velmora"));
   QApplication::setDesktopFileName(QStringLiteral("velmora"));
+  velmora::InstallAccess();
+  QApplication::setStyle(velmora::NewClearEdges());
   QApplication::setWindowIcon(velmora::GrowthCurveIcon());
 
   const QStringList files = FilesToOpen();

@@ -7,6 +7,8 @@
 #include <QPixmap>
 #include <QPolygonF>
 
+#include "app/widgets/Colours.h"
+
 namespace velmora {
 namespace {
 
@@ -65,7 +67,7 @@ void GrowthCurve(QPainter& p) {
   Axes(p);
   QPainterPath growth(QPointF(5.5, 18));
   growth.cubicTo(QPointF(13, 18), QPointF(11, 6.5), QPointF(20, 6));
-  p.setPen(QPen(kBlue, kPen));
+  p.setPen(QPen(Readable(kBlue), kPen));
   p.drawPath(growth);
   p.setPen(Qt::NoPen);
   p.setBrush(kRed);
@@ -93,7 +95,7 @@ void Legend(QPainter& p) {
 }
 
 void Bin(QPainter& p) {
-  p.setPen(QPen(kRed, kPen));
+  p.setPen(QPen(Readable(kRed), kPen));
   p.drawLine(QLineF(4, 6.5, 20, 6.5));
   p.drawRect(QRectF(9.5, 3.5, 5, 3));
   p.drawPolyline(QPolygonF({{6, 6.5}, {7, 20.5}, {17, 20.5}, {18, 6.5}}));
@@ -109,7 +111,7 @@ void NextStep(QPainter& p) {
 /// A letter T above the lines of a chart.
 void Title(QPainter& p) {
   const QColor ink = p.pen().color();
-  p.setPen(QPen(kBlue, 2.4, Qt::SolidLine, Qt::FlatCap));
+  p.setPen(QPen(Readable(kBlue), 2.4, Qt::SolidLine, Qt::FlatCap));
   p.drawLine(QLineF(6, 4.2, 18, 4.2));
   p.drawLine(QLineF(12, 4, 12, 13));
   p.setPen(QPen(ink, kPen));
@@ -120,7 +122,7 @@ void Title(QPainter& p) {
 void Range(QPainter& p) {
   p.fillRect(QRectF(7.5, 4, 9, 13.5), kBlue.lighter(170));
   p.drawLine(QLineF(3, 20.5, 21, 20.5));
-  p.setPen(QPen(kBlue, kPen));
+  p.setPen(QPen(Readable(kBlue), kPen));
   for (const double x : {7.5, 16.5}) p.drawLine(QLineF(x, 3.5, x, 20));
   p.drawLine(QLineF(9.5, 11, 14.5, 11));
   p.drawPolyline(QPolygonF({{11, 9}, {9.3, 11}, {11, 13}}));
@@ -131,7 +133,7 @@ void Copy(QPainter& p) {
   p.setBrush(Qt::white);
   p.drawRoundedRect(QRectF(4, 3, 11, 14), 1, 1);
   p.drawRoundedRect(QRectF(9, 7, 11, 14), 1, 1);
-  p.setPen(QPen(kBlue, kPen));
+  p.setPen(QPen(Readable(kBlue), kPen));
   p.drawPolyline(QPolygonF({{11.5, 18}, {14, 14}, {15.5, 15.5}, {18, 11}}));
 }
 
@@ -140,7 +142,7 @@ void Publication(QPainter& p) {
   p.setBrush(Qt::white);
   p.drawRect(QRectF(4.5, 3, 15, 18));
   p.drawPolyline(QPolygonF({{7.5, 6}, {7.5, 13}, {17, 13}}));
-  p.setPen(QPen(kBlue, kPen));
+  p.setPen(QPen(Readable(kBlue), kPen));
   p.drawPolyline(QPolygonF({{9, 11.5}, {12, 10}, {16, 6.5}}));
   p.setPen(QPen(Qt::gray, kPen));
   for (const double y : {16.0, 18.5}) p.drawLine(QLineF(7.5, y, 16.5, y));
@@ -149,7 +151,7 @@ void Publication(QPainter& p) {
 /// Grid lines that move together upwards.
 void Logarithm(QPainter& p) {
   Axes(p);
-  p.setPen(QPen(kBlue, kPen));
+  p.setPen(QPen(Readable(kBlue), kPen));
   for (const double y : {14.5, 10.5, 7.5, 5.5, 4.0}) p.drawLine(QLineF(4, y, 20, y));
 }
 
@@ -166,7 +168,7 @@ void Residuals(QPainter& p) {
 
 /// A frame that reaches out to its corners.
 void WholeChart(QPainter& p) {
-  p.setPen(QPen(kBlue, kPen));
+  p.setPen(QPen(Readable(kBlue), kPen));
   p.drawPolyline(QPolygonF({{4, 9}, {4, 4}, {9, 4}}));
   p.drawPolyline(QPolygonF({{15, 4}, {20, 4}, {20, 9}}));
   p.drawPolyline(QPolygonF({{20, 15}, {20, 20}, {15, 20}}));
@@ -177,7 +179,7 @@ void WholeChart(QPainter& p) {
 void Preview(QPainter& p) {
   p.setBrush(Qt::white);
   p.drawRect(QRectF(4, 3, 12, 16));
-  p.setPen(QPen(kBlue, 2));
+  p.setPen(QPen(Readable(kBlue), 2));
   p.drawEllipse(QPointF(14, 13), 4.5, 4.5);
   p.drawLine(QLineF(17.3, 16.3, 21, 20));
 }
@@ -193,7 +195,7 @@ void Printer(QPainter& p) {
 }
 
 void Close(QPainter& p) {
-  p.setPen(QPen(kRed, 2.4, Qt::SolidLine, Qt::RoundCap));
+  p.setPen(QPen(Readable(kRed), 2.4, Qt::SolidLine, Qt::RoundCap));
   p.drawLine(QLineF(5.5, 5.5, 18.5, 18.5));
   p.drawLine(QLineF(18.5, 5.5, 5.5, 18.5));
 }
@@ -209,10 +211,7 @@ constexpr QColor kInkOnLight(0x3A, 0x46, 0x52);
 
 /// Dark on a light desktop, and the colour of its texts on a dark one.
 QColor Ink() {
-  constexpr int kMiddleLightness = 128;
-  const QPalette colours = QGuiApplication::palette();
-  const bool dark = colours.color(QPalette::Button).lightness() < kMiddleLightness;
-  return dark ? colours.color(QPalette::ButtonText) : kInkOnLight;
+  return OnDark() ? QGuiApplication::palette().color(QPalette::ButtonText) : kInkOnLight;
 }
 
 constexpr QColor kGreen(0x1E, 0x8E, 0x3E);
@@ -246,7 +245,7 @@ void Unlock(QPainter& p) {
 }
 
 void Confirm(QPainter& p) {
-  p.setPen(RoundPen(kGreen, 2.6));
+  p.setPen(RoundPen(Readable(kGreen), 2.6));
   p.drawPolyline(QPolygonF({{3, 8.5}, {6.5, 12}, {13, 4}}));
 }
 
@@ -259,11 +258,11 @@ void Save(QPainter& p) {
 }
 
 void Start(QPainter& p) {
-  Fill(p, kGreen, {{5, 3}, {13, 8}, {5, 13}});
+  Fill(p, Readable(kGreen), {{5, 3}, {13, 8}, {5, 13}});
 }
 
 void Stop(QPainter& p) {
-  Fill(p, kRed, {{4, 4}, {12, 4}, {12, 12}, {4, 12}});
+  Fill(p, Readable(kRed), {{4, 4}, {12, 4}, {12, 12}, {4, 12}});
 }
 
 void Clear(QPainter& p) {
@@ -273,7 +272,7 @@ void Clear(QPainter& p) {
 
 /// An arrow that turns back.
 void Initial(QPainter& p) {
-  p.setPen(RoundPen(kBlue, 1.6));
+  p.setPen(RoundPen(Readable(kBlue), 1.6));
   QPainterPath path({3, 6});
   path.lineTo(9, 6);
   path.cubicTo(14, 6, 14, 13, 9, 13);
