@@ -83,6 +83,7 @@ class Sheet {
   std::size_t TickStride(double distance) const { return Stride(Units(kTickToTick) / distance); }
 
   void DrawAxes() {
+    if (HasNoAxes()) return;
     const std::size_t time = TickStride(TimeDistance());
     const std::size_t concentration = TickStride(ConcentrationDistance());
     if (content_.gridLines) {

@@ -114,10 +114,11 @@ TEST(ChartDrawing, BreaksALongTitleOverItsAxes) {
   EXPECT_EQ(written, content.title);
 }
 
-TEST(ChartDrawing, WritesNoNumbersWhereThereAreNoAxes) {
+TEST(ChartDrawing, WritesNoNumbersNorTicksWhereThereAreNoAxes) {
   const NotingCanvas canvas = Drawn(ContentOf(PlotVariable::Cs, {}, nullptr, true, '.'));
   for (const auto& [start, text] : canvas.texts)
     EXPECT_TRUE(text == "t (h)" || text == "Cs (g/L)") << text;
+  EXPECT_TRUE(canvas.ticks.empty() && canvas.grid.empty());
 }
 
 }  // namespace
