@@ -92,17 +92,17 @@ void ModelPanel::SetConfirmed(bool confirmed) {
 void ModelPanel::SetLanguage(Language language) {
   language_ = language;
   for (std::size_t i = 0; i < kModels.size(); ++i)
-    list_->setItemData(static_cast<int>(i), ModelHelp(kModels[i], language), Qt::ToolTipRole);
+    list_->setItemData(static_cast<int>(i), DrawnModelHelp(kModels[i], language), Qt::ToolTipRole);
   Explain();
 }
 
 void ModelPanel::Explain() {
-  const QString help = ModelHelp(Chosen(), language_);
+  const QString help = DrawnModelHelp(Chosen(), language_);
   for (QWidget* const each : std::initializer_list<QWidget*>{list_, chosen_, heading_}) {
     each->setToolTip(help);
     each->setWhatsThis(help);
+    each->setAccessibleDescription(ModelHelp(Chosen(), language_));
   }
-  list_->setAccessibleDescription(help);
 }
 
 }  // namespace velmora

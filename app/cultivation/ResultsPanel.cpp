@@ -52,7 +52,7 @@ void ResultsPanel::LayOut() {
   actions->addStretch();
   auto* const texts = new QVBoxLayout;
   texts->setSpacing(kSpacing);
-  texts->addWidget(summary_);
+  texts->addWidget(summary_, 1);
   texts->addWidget(text_, 1);
   texts->addLayout(actions);
   row->addLayout(texts, 1);
@@ -61,6 +61,13 @@ void ResultsPanel::LayOut() {
 
 void ResultsPanel::Wire() {
   connect(clear_, &QToolButton::clicked, this, &ResultsPanel::Clear);
+  // The end of the text stays in sight, unless somebody reads further up.
+  QScrollBar& bar = *text_->verticalScrollBar();
+  connect(&bar, &QScrollBar::valueChanged, this,
+          [this, &bar](int value) { atEnd_ = value == bar.maximum(); });
+  connect(&bar, &QScrollBar::rangeChanged, this, [this, &bar](int, int end) {
+    if (atEnd_) bar.setValue(end);
+  });
   connect(toggle_, &QToolButton::clicked, this, &ResultsPanel::ToggleAsked);
   connect(improve_, &QPushButton::clicked, this, &ResultsPanel::ImproveAsked);
   connect(compare_, &QPushButton::clicked, this, &ResultsPanel::CompareAsked);
@@ -70,12 +77,9 @@ void ResultsPanel::Wire() {
 }
 
 void ResultsPanel::Append(const std::string& text) {
-  QScrollBar& bar = *text_->verticalScrollBar();
-  const bool atEnd = bar.value() == bar.maximum();
   QTextCursor end(text_->document());
   end.movePosition(QTextCursor::End);
   end.insertText(QString::fromStdString(text));
-  if (atEnd) bar.setValue(bar.maximum());
 }
 
 void ResultsPanel::Clear() {
@@ -126,7 +130,7 @@ void ResultsPanel::Show() {
   report_->setEnabled(available_ && !running_);
   clear_->setEnabled(!running_);
   summary_->setToolTip(Caption(TextId::SummaryDigits, language_));
-  summary_->setAccessibleName(Caption(TextId::Results, language_).remove(u'&'));
+  summary_->setAccessibleName(Caption(TextId::SummaryHeading, language_));
   improve_->setText(Caption(TextId::Improve, language_));
   improve_->setToolTip(Caption(TextId::ImproveHint, language_));
   improve_->setEnabled(available_ && !running_);

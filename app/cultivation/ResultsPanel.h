@@ -59,6 +59,7 @@ class ResultsPanel : public QGroupBox {
   bool available_ = false;
   bool running_ = false;
   bool comparable_ = false;
+  bool atEnd_ = true;  // the results text, of what was written last
   SummaryText* summary_ = nullptr;
   QPlainTextEdit* text_ = nullptr;
   QPushButton* improve_ = nullptr;

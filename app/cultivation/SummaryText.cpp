@@ -5,12 +5,13 @@
 #include <QTextBlock>
 #include <QToolTip>
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 namespace velmora {
 namespace {
 
-constexpr int kMostRows = 6;
+constexpr int kLeastRows = 3;
 
 }  // namespace
 
@@ -25,8 +26,22 @@ void SummaryText::SetLines(std::vector<SummaryLine> lines) {
   QStringList shown;
   for (const SummaryLine& line : lines_) shown << QString::fromStdString(line.text);
   setPlainText(shown.join(u'\n'));
-  const int rows = std::clamp(static_cast<int>(lines_.size()), 1, kMostRows);
-  setFixedHeight((rows + 1) * fontMetrics().lineSpacing());
+  TakeRoom();
+}
+
+void SummaryText::TakeRoom() {
+  const int border = 2 * frameWidth() + 2 * static_cast<int>(document()->documentMargin());
+  // The layout of plain text counts its height in rows, of which a long line has several.
+  const auto rows = static_cast<int>(std::ceil(document()->size().height()));
+  const int room = rows * fontMetrics().lineSpacing() + border;
+  const int least = std::min(rows, kLeastRows) * fontMetrics().lineSpacing() + border;
+  setMinimumHeight(least);
+  setMaximumHeight(room);
+}
+
+void SummaryText::resizeEvent(QResizeEvent* event) {
+  QPlainTextEdit::resizeEvent(event);
+  TakeRoom();
 }
 
 QString SummaryText::Whole(int line) const {

@@ -20,14 +20,16 @@ class SummaryText : public QPlainTextEdit {
  public:
   explicit SummaryText(QWidget* parent = nullptr);
 
-  /// Shows as many lines as there is modest room for; the others are scrolled to.
+  /// Takes the room of its lines at most; those that find none are scrolled to.
   void SetLines(std::vector<SummaryLine> lines);
 
  protected:
   bool viewportEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   QMimeData* createMimeDataFromSelection() const override;
 
  private:
+  void TakeRoom();
   /// The line with all digits.
   QString Whole(int line) const;
 

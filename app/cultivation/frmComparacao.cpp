@@ -74,10 +74,11 @@ void frmComparacao::Build() {
   table_->setSelectionBehavior(QAbstractItemView::SelectRows);
   table_->setToolTip(Caption(TextId::TakeModelOver, language));
   table_->setAccessibleName(windowTitle());
+  table_->verticalHeader()->setDefaultSectionSize(table_->verticalHeader()->minimumSectionSize());
   remarks_ = Named<QLabel>("lblObservacoes", this);
   remarks_->setWordWrap(true);
-  remarks_->setAccessibleName(windowTitle());
   remarks_->setTextInteractionFlags(Qt::TextSelectableByMouse);
+  remarks_->hide();
   auto* const buttons = new QDialogButtonBox(this);
   connect(buttons->addButton(Caption(TextId::CloseButton, language), QDialogButtonBox::RejectRole),
           &QPushButton::clicked, this, &QDialog::close);
@@ -90,7 +91,7 @@ void frmComparacao::Build() {
   all->addWidget(table_, 1);
   all->addWidget(remarks_);
   all->addWidget(buttons);
-  resize(kUsualSize);
+  resize(FittingScreen(*this, kUsualSize));
 }
 
 void frmComparacao::Start() {
@@ -130,6 +131,7 @@ void frmComparacao::ShowComparison() {
   for (const std::string& remark : ComparisonRemarks(comparison_, experiments_, style))
     lines << QString::fromStdString(remark);
   remarks_->setText(lines.join(u'\n'));
+  remarks_->show();
 }
 
 }  // namespace velmora

@@ -309,6 +309,7 @@ void frmCultBatelada::Propose() {
                      QString::fromStdString(Filled(TextId::ProposedHint, session_.language,
                                                    {Worded(reason, session_.language)})));
   entry_->SetProposed(proposed.form, why);
+  Reveal(*entry_->Parameters());
 }
 
 void frmCultBatelada::UseForAll() {

@@ -1,6 +1,10 @@
 // The program for those who use no mouse, or do not see the screen.
 #include <QAccessible>
+#include <QCheckBox>
 #include <QPlainTextEdit>
+#include <QRadioButton>
+#include <QScrollBar>
+#include <QStyle>
 #include <QTabWidget>
 #include <QTextEdit>
 #include <set>
@@ -9,6 +13,7 @@
 #include "app/charts/dlgTamanhoFigura.h"
 #include "app/charts/dlgTituloGrafico.h"
 #include "app/charts/frmZoom.h"
+#include "app/cultivation/ModelHelp.h"
 #include "app/cultivation/frmCerteza.h"
 #include "app/cultivation/frmComparacao.h"
 #include "app/cultivation/frmRelatorio.h"
@@ -16,6 +21,8 @@
 #include "app/shell/MDIForm1.h"
 #include "app/shell/frmSobre.h"
 #include "app/shell/frmSplash.h"
+#include "app/widgets/Access.h"
+#include "app/widgets/Colours.h"
 #include "app/widgets/Idiomas.h"
 #include "tests/support/Windows.h"
 
@@ -97,6 +104,63 @@ QStringList Nameless(const QWidget& window) {
   return nameless;
 }
 
+TEST(Access, EdgesAreSeenOnBlack) {
+  const std::unique_ptr<QStyle> style(NewClearEdges());
+  QLineEdit box;
+  QCheckBox tick;
+  QRadioButton option;
+  for (QWidget* const control : std::initializer_list<QWidget*>{&box, &tick, &option}) {
+    control->setStyle(style.get());
+    control->setPalette(QPalette(Qt::white, Qt::black, Qt::white, Qt::darkGray, Qt::gray, Qt::white,
+                                 Qt::white, Qt::black, Qt::black));
+    control->resize(24, 24);
+    const QImage picture = control->grab().toImage();
+    int light = 0;
+    for (int x = 0; x < picture.width(); ++x)
+      light += picture.pixelColor(x, picture.height() / 2).lightness() > 200 ? 1 : 0;
+    EXPECT_GE(light, 2) << control->metaObject()->className();
+  }
+}
+
+TEST(Access, APressOfAScreenReaderIsAClick) {
+  InstallAccess();
+  Session session;
+  frmSplash start(session);
+  QAccessibleInterface* const english =
+      QAccessible::queryAccessibleInterface(test::Child<QAbstractButton>(start, "optIdioma(0)"));
+  ASSERT_NE(english, nullptr);
+  ASSERT_EQ(english->role(), QAccessible::RadioButton);
+  EXPECT_EQ(english->text(QAccessible::Name), QStringLiteral("English"));
+  english->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+  EXPECT_EQ(session.language, Language::English);
+  EXPECT_TRUE(english->state().checked);
+}
+
+TEST(Access, EquationsAreDrawn) {
+  const Model* const model = FindModel("Moser-Levenspiel-Lee");
+  ASSERT_NE(model, nullptr);
+  const QString help = DrawnModelHelp(*model, Language::English);
+  for (const char* const part : {"µ = µ<sub>max</sub>", ">C<sub>s</sub><sup>u</sup></td>",
+                                 ">C<sub>s</sub><sup>u</sup> + K<sub>s</sub></td>",
+                                 "(1 − C<sub>p</sub>/C<sub>p</sub>*)<sup>n</sup>", "<p>Lee: "})
+    EXPECT_TRUE(help.contains(QString::fromUtf8(part))) << part << " in " << help.toStdString();
+}
+
+/// The names of `window` that two controls in sight share.
+QStringList SharedNames(const QWidget& window) {
+  QStringList shared;
+  std::set<QString> seen;
+  for (QWidget* const control : window.findChildren<QWidget*>()) {
+    if (control->focusPolicy() == Qt::NoFocus || !control->isVisibleTo(&window)) continue;
+    if (control->accessibleName().isEmpty() && qobject_cast<QAbstractButton*>(control) == nullptr)
+      continue;
+    const QString name =
+        QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name).remove(u'&');
+    if (!seen.insert(name).second) shared << name;
+  }
+  return shared;
+}
+
 TEST(Access, EveryControlThatTakesTheKeyboardHasAName) {
   for (const Language language : kLanguages) {
     Session session;
@@ -108,11 +172,20 @@ TEST(Access, EveryControlThatTakesTheKeyboardHasAName) {
     dialogs.answers = {Answer::Yes};
     test::Click(frame, "cmdAjustar");
     ASSERT_TRUE(session.lastRun);
+    const QScrollBar* const end =
+        test::Child<QPlainTextEdit>(frame, "txtResultados")->verticalScrollBar();
+    QTRY_COMPARE(end->value(), end->maximum());
     test::Click(frame, "cmdRelatorio");
     session.clickedChart = "picCx";
     const auto expectNamed = [](QWidget& window) {
       window.show();
       EXPECT_EQ(Nameless(window).join(u'\n').toStdString(), "")
+          << window.objectName().toStdString();
+      EXPECT_EQ(SharedNames(window).join(u'\n').toStdString(), "")
+          << window.objectName().toStdString();
+      if (!window.isWindow()) return;
+      const QSize screen = window.screen()->availableSize();
+      EXPECT_TRUE(window.width() <= screen.width() && window.height() <= screen.height())
           << window.objectName().toStdString();
     };
     for (const QSize& size : {QSize(1600, 1000), QSize(853, 500)}) {
@@ -121,11 +194,11 @@ TEST(Access, EveryControlThatTakesTheKeyboardHasAName) {
       QTest::qWait(1);
       for (const char* const item : {"mnuNovo", "mnuBatelada"}) {
         test::Child<QAction>(frame, item)->trigger();
-        auto* const tabs = frame.findChild<QWidget*>(QLatin1StringView(session.activeWindow))
-                               ->findChild<QTabWidget*>();
+        auto* const active = frame.findChild<QWidget*>(QLatin1StringView(session.activeWindow));
+        auto* const tabs = active->findChild<QTabWidget*>();
         for (int page = 0; page < (tabs != nullptr ? tabs->count() : 1); ++page) {
           if (tabs != nullptr) tabs->setCurrentIndex(page);
-          expectNamed(frame);
+          expectNamed(*active);
         }
       }
     }

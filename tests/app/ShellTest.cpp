@@ -172,6 +172,9 @@ TEST_F(Shell, FoldsAWorkWindowIntoTabsWhereItsColumnsHaveNoRoom) {
     const QWidget* const refused = QApplication::focusWidget();
     ASSERT_NE(qobject_cast<const QLineEdit*>(refused), nullptr) << dialogs.LastText();
     EXPECT_TRUE(seen(*refused)) << "its tab comes to the front";
+    Cultivation().findChild<QTabWidget*>()->setCurrentIndex(0);
+    test::Click(Cultivation(), "cmdPropor");
+    EXPECT_TRUE(seen(*box)) << "and that of what was proposed";
   }
 }
 
