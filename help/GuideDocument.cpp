@@ -40,6 +40,7 @@ bool WriteGuidePage(const QString& html, const QMap<QString, QImage>& pictures,
                     const QString& title, const QString& file) {
   QString page = html;
   for (auto picture = pictures.begin(); picture != pictures.end(); ++picture) {
+    if (!html.contains(u'"' + picture.key() + QStringLiteral(".png\""))) continue;
     QByteArray png;
     QBuffer buffer(&png);
     buffer.open(QIODevice::WriteOnly);
