@@ -75,6 +75,7 @@ TEST(ConditionsFile, IsRefusedWholeWithLineAndField) {
   };
   expectFault("", EndOfFile, 4, ExperimentCount, 0, "");
   expectFault("$10\r\n", TooManyExperiments, 4, ExperimentCount, 0, "$10");
+  EXPECT_FALSE(ReadConditionsBytes("T\r\nT\r\nBatelada\r\n$0\r\n", "c.abr").fault);
   expectFault("$-1\r\n", OutOfRange, 4, ExperimentCount, 0, "-1");
   expectFault("$1\r\n#1\r\n" + RowLines("NaN"), NotANumber, 6, Condition, 1, "NaN");
   expectFault("$1\r\n" + block + "11\r\n", OutOfRange, 42, FittedCount, 0, "11");

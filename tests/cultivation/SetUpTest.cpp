@@ -112,6 +112,16 @@ TEST(Conditions, NameTheDataSetInItsOrder) {
   EXPECT_EQ(conditions.At(1).options.dataSet, "Cx Cp");
 }
 
+TEST(Conditions, TakeAllVariablesWhereTheDataSetNamesNone) {
+  ConditionsRecord record{true, 1, {}, {}};
+  for (const auto& [text, ticks] : {std::pair{"Cs", std::array{false, true, false}},
+                                    {"", {false, false, false}},
+                                    {"all of it", {true, true, true}}}) {
+    record.options.dataSet = text;
+    EXPECT_EQ(FormOf(record, {}, '.').dataSet, ticks) << text;
+  }
+}
+
 TEST(Conditions, ShowTheirBoxesInTheirFormats) {
   ConditionsRow row;
   row[At::Cx0] = 0.00001, row[At::muMax] = 0.5, row[At::Ks] = 0.123456;
