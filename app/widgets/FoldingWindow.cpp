@@ -1,8 +1,11 @@
 #include "app/widgets/FoldingWindow.h"
 
 #include <QPointer>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "app/widgets/PanelParts.h"
 
@@ -22,6 +25,35 @@ void ForgetSizes(const QWidget& window) {
   window.layout()->invalidate();
   window.layout()->activate();
 }
+
+/// What stands in a tab; where its height finds no room, it scrolls, and what is beside the tabs
+/// stays in view.
+class TabPage : public QScrollArea {
+ public:
+  explicit TabPage(QWidget* panels) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setWidgetResizable(true);
+    setWidget(panels);
+    // The tab's own ground shows through.
+    for (QWidget* const each : {panels, viewport()}) each->setAutoFillBackground(false);
+  }
+
+  QSize minimumSizeHint() const override {
+    constexpr int kLeastHeight = 160;  // px
+    const QSize panels = widget()->minimumSizeHint();
+    return {panels.width() + verticalScrollBar()->sizeHint().width(),
+            std::min(panels.height(), kLeastHeight)};
+  }
+  QSize sizeHint() const override { return widget()->sizeHint().expandedTo(minimumSizeHint()); }
+
+  void Bring(const QWidget& control) {
+    widget()->layout()->activate();
+    const QPoint middle = control.mapTo(widget(), control.rect().center());
+    ensureVisible(middle.x(), middle.y(), 0, control.height());
+  }
+};
 
 }  // namespace
 
@@ -69,7 +101,10 @@ void FoldingWindow::resizeEvent(QResizeEvent* event) {
 void FoldingWindow::Reveal(const QWidget& control) {
   for (QTabWidget* const tabs : findChildren<QTabWidget*>())
     for (int page = 0; page < tabs->count(); ++page)
-      if (tabs->widget(page)->isAncestorOf(&control)) tabs->setCurrentIndex(page);
+      if (tabs->widget(page)->isAncestorOf(&control)) {
+        tabs->setCurrentIndex(page);
+        static_cast<TabPage*>(tabs->widget(page))->Bring(control);
+      }
 }
 
 void AddTab(QTabWidget& tabs, const QString& caption, std::initializer_list<QWidget*> panels) {
@@ -78,7 +113,7 @@ void AddTab(QTabWidget& tabs, const QString& caption, std::initializer_list<QWid
   TightenInside(*column);
   for (QWidget* const panel : panels) column->addWidget(panel);
   column->setStretch(column->count() - 1, 1);
-  tabs.addTab(page, caption);
+  tabs.addTab(new TabPage(page), caption);
 }
 
 }  // namespace velmora

@@ -175,6 +175,13 @@ TEST_F(Shell, FoldsAWorkWindowIntoTabsWhereItsColumnsHaveNoRoom) {
     Cultivation().findChild<QTabWidget*>()->setCurrentIndex(0);
     test::Click(Cultivation(), "cmdPropor");
     EXPECT_TRUE(seen(*box)) << "and that of what was proposed";
+    frame->resize(853, 440);  // with the large letters of some desktops
+    QTest::qWait(1);
+    for (const char* const always : {"cmdAjustar", "picCp"})
+      EXPECT_TRUE(seen(*Child<QWidget>(Cultivation(), always))) << "without scrolling";
+    auto* const bound = Child<QLineEdit>(Cultivation(), "txtLimSup(2)");
+    Cultivation().Reveal(*bound);
+    EXPECT_TRUE(seen(*bound));
   }
 }
 
