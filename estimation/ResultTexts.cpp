@@ -39,12 +39,10 @@ std::string FaultLines(const FitProblem& problem, const SearchResult& result, La
                          : problem.experiments.at(static_cast<std::size_t>(fault.place) - 1).number;
   std::string lines = Line(std::string(Text(TextId::NotCompleted, language)) +
                            FaultDescription(fault, number, language));
-  if (result.HasResult() && result.bestGeneration > 0)
-    lines +=
-        Line(Filled(TextId::BestOfGeneration, language, {std::to_string(result.bestGeneration)}));
-  if (result.HasResult() && result.bestGeneration == 0)
-    lines += Line(Text(TextId::BestOfPopulation, language));
-  return lines;
+  if (!result.HasResult()) return lines;
+  if (result.bestGeneration == 0) return lines + Line(Text(TextId::BestOfPopulation, language));
+  return lines +
+         Line(Filled(TextId::BestOfGeneration, language, {std::to_string(result.bestGeneration)}));
 }
 
 }  // namespace
@@ -65,9 +63,8 @@ std::string ShortLine(const FitVariable& variable, double value, double deviatio
                       const Model* model, bool allDigits, char separator) {
   const Parameter& parameter = ParameterAt(variable.position);
   std::string line = std::string(parameter.label) + " ";
-  line += allDigits && deviation > 0
-              ? PlainText(value, separator) + " ± " + PlainText(deviation, separator)
-              : WithDeviation(value, deviation, separator);
+  line += allDigits ? PlainText(value, separator) : WithDeviation(value, deviation, separator);
+  if (allDigits && deviation > 0) line += " ± " + PlainText(deviation, separator);
   const std::string_view unit = model ? UnitOf(variable.position, *model) : parameter.unit;
   if (!unit.empty()) line += " " + std::string(unit);
   return line;

@@ -38,5 +38,24 @@ TEST(ResultTexts, StandToTheCharacter) {
   EXPECT_EQ(EndText(problem, result, Language::English), "End of estimation.\n");
 }
 
+TEST(ResultTexts, SayWhereTheBestBeforeAFaultWasFound) {
+  const FitProblem problem = test::TwoBatches();
+  SearchResult result;
+  result.end = SearchEnd::Fault, result.best = {0.179, 11.37, 1.5};
+  result.fault = ArithmeticFault{FaultKind::Overflow, FaultTerm::Score, 2};
+  EXPECT_NE(EndText(problem, result, Language::English).find("initial population"),
+            std::string::npos);
+  result.bestGeneration = 3;
+  EXPECT_NE(EndText(problem, result, Language::English).find("generation 3"), std::string::npos);
+}
+
+TEST(ResultTexts, HaveTheDigitsThatAreAskedFor) {
+  const FitVariable Ks{At::Ks, 1, 50, 10};
+  EXPECT_EQ(ShortLine(Ks, 11.376512, 0.0312, nullptr, false, '.'), "Ks = 11.38 ± 0.03 g/L");
+  EXPECT_EQ(ShortLine(Ks, 11.376512, 0.0312, nullptr, true, ','), "Ks = 11,376512 ± 0,0312 g/L");
+  EXPECT_EQ(ShortLine(Ks, 11.376512, 0, nullptr, false, '.'), "Ks = 11.38 g/L");
+  EXPECT_EQ(ShortLine(Ks, 11.376512, 0, nullptr, true, '.'), "Ks = 11.376512 g/L");
+}
+
 }  // namespace
 }  // namespace velmora
