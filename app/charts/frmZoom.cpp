@@ -131,7 +131,7 @@ void frmZoom::LayOut() {
   whole->addWidget(buttons_);
   whole->addWidget(picZoom_, 1);
   whole->addWidget(CoordinateRow());
-  resize(FittingScreen(*this, kUsualSize));
+  FitScreen(*this, kUsualSize);
 }
 
 void frmZoom::Wire() {

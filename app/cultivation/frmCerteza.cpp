@@ -60,7 +60,7 @@ void frmCerteza::Build() {
   all->addWidget(progress_);
   all->addWidget(pages, 1);
   all->addWidget(buttons);
-  resize(FittingScreen(*this, kUsualSize));
+  FitScreen(*this, kUsualSize);
 }
 
 QWidget* frmCerteza::BuildProfiles() {

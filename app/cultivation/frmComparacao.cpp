@@ -91,7 +91,7 @@ void frmComparacao::Build() {
   all->addWidget(table_, 1);
   all->addWidget(remarks_);
   all->addWidget(buttons);
-  resize(FittingScreen(*this, kUsualSize));
+  FitScreen(*this, kUsualSize);
 }
 
 void frmComparacao::Start() {

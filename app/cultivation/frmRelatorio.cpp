@@ -88,7 +88,7 @@ void frmRelatorio::LayOut() {
   whole->setSpacing(kMargin);
   whole->addWidget(RichTextBox1_, 1);
   whole->addLayout(buttons);
-  resize(FittingScreen(*this, kUsualSize));
+  FitScreen(*this, kUsualSize);
 }
 
 void frmRelatorio::Wire() {

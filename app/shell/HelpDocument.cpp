@@ -40,7 +40,7 @@ void ShowPage(const QString& path, Language language, Dialogs& dialogs, QWidget*
   auto* const layout = new QVBoxLayout(window);
   layout->setContentsMargins({});
   layout->addWidget(text);
-  window->resize(FittingScreen(*window, kUsualSize));
+  FitScreen(*window, kUsualSize);
   window->show();
 }
 

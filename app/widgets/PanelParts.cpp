@@ -40,9 +40,13 @@ QToolButton* NewFlatButton(const char* name, Symbol symbol, QWidget* parent) {
   return button;
 }
 
-QSize FittingScreen(const QWidget& window, const QSize& wanted) {
+void FitScreen(QWidget& window, const QSize& wanted) {
   constexpr QSize kFrame(16, 64);  // px, of a window: its borders and its title bar
-  return wanted.boundedTo(window.screen()->availableSize() - kFrame);
+  const QRect screen = window.screen()->availableGeometry();
+  window.resize(wanted.boundedTo(screen.size() - kFrame));
+  if (window.size() == wanted) return;
+  // Over its owner, the title bar of so large a window could stand above the screen.
+  window.move(screen.center() - window.rect().center());
 }
 
 void Tighten(QLayout& layout) {

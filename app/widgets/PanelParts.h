@@ -42,8 +42,9 @@ QToolButton* NewButton(const char* name, Symbol symbol, QWidget* parent);
 /// The same without a frame until it is used, for a row of them.
 QToolButton* NewFlatButton(const char* name, Symbol symbol, QWidget* parent);
 
-/// `wanted`, or as much of it as the screen has room for, the title bar included.
-QSize FittingScreen(const QWidget& window, const QSize& wanted);
+/// Gives the window the size `wanted`, or as much of it as the screen has room for, and then its
+/// middle, so that its title bar can be seen.
+void FitScreen(QWidget& window, const QSize& wanted);
 
 /// One spacing everywhere, and nothing lost around a panel.
 void Tighten(QLayout& layout);
