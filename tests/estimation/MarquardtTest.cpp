@@ -5,6 +5,7 @@
 
 #include "estimation/Descent.h"
 #include "estimation/Marquardt.h"
+#include "estimation/Polish.h"
 #include "language/Numbers.h"
 #include "tests/support/Batches.h"
 
@@ -50,10 +51,16 @@ TEST(Marquardt, RecoversTheConstantsThatMadeTheDataFromAnyStart) {
   }
 }
 
-TEST(Marquardt, GivesTheSameForTheSameSeed) {
+/// Two limits with exponents, and a value that no vector fits: the score has kinks.
+FitProblem Kinked() {
   FitProblem problem = test::SampledBatches("Moser-Levenspiel-Lee", {60});
-  problem.experiments[0].Cx[4] *= 1.1;  // no vector fits all points
+  problem.experiments[0].Cx[4] *= 1.1;
   problem.variables = {{At::muMax, 0.05, 1, 0.2}, {At::CxAst, 5, 80, 60}, {At::m, 0.1, 3, 1}};
+  return problem;
+}
+
+TEST(Marquardt, GivesTheSameForTheSameSeed) {
+  const FitProblem problem = Kinked();
   const SearchResult first = Find(problem, {.IU = 1234});
   const SearchResult again = Find(problem, {.IU = 1234});
   EXPECT_EQ(first.best, again.best);
@@ -101,6 +108,21 @@ TEST(Descent, GoesOnFromTheEdgeOfTheBox) {
     Descend(descent, 150, landscape);
     EXPECT_LT(descent.score, 0.01 * before) << from;
   }
+}
+
+// The signatures change only with the numerical method, and then on purpose.
+TEST(Polish, KeepsItsSignature) {
+  Landscape landscape(Kinked(), 1'000'000, [] { return false; });
+  Descent descent = BeginDescent(Place{{0.3, 0.9, 0.5}}, landscape);
+  Descend(descent, 3, landscape);
+  UniformGenerator random(1234);
+  Found adapted{descent.at, descent.score};
+  AdaptCovariance(adapted, ShapeAround(descent, 0.3), 7, 600, landscape, random);
+  EXPECT_EQ(ShortestText(adapted.score), "0.008185198390714576");
+  Found walked{descent.at, descent.score};
+  WalkSimplex(walked, 0.05 * Eigen::MatrixXd::Identity(3, 3), 400, landscape);
+  EXPECT_EQ(ShortestText(walked.score), "0.008167570379966033");
+  EXPECT_EQ(landscape.Evaluations(), 1012);
 }
 
 // Data made with muMax 0.3 and Ks 8, looked for where they are not.

@@ -82,12 +82,12 @@ TEST(Intervals, AgreeWhereTheModelIsAlmostLinear) {
       BootstrapIntervals(batch.problem, batch.best, kReplicates, 5471, Never);
   EXPECT_EQ(bootstrap.replicates, kReplicates);
   for (std::size_t j = 0; j < 2; ++j) {
-    const double width = linear.of[j].upper.value() - linear.of[j].lower.value();
+    const double width = profile.of[j].upper.value() - profile.of[j].lower.value();
     EXPECT_LT(linear.of[j].lower.value(), batch.best[j]);
     EXPECT_GT(linear.of[j].upper.value(), batch.best[j]);
-    for (const Intervals& other : {profile, bootstrap}) {
-      EXPECT_NEAR(other.of[j].lower.value(), linear.of[j].lower.value(), 0.15 * width);
-      EXPECT_NEAR(other.of[j].upper.value(), linear.of[j].upper.value(), 0.15 * width);
+    for (const Intervals& other : {linear, bootstrap}) {
+      EXPECT_NEAR(other.of[j].lower.value(), profile.of[j].lower.value(), 0.15 * width);
+      EXPECT_NEAR(other.of[j].upper.value(), profile.of[j].upper.value(), 0.15 * width);
     }
   }
   const Intervals again = BootstrapIntervals(batch.problem, batch.best, kReplicates, 5471, Never);
