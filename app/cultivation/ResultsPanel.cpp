@@ -121,6 +121,10 @@ void ResultsPanel::SetLanguage(Language language) {
   Show();
 }
 
+void ResultsPanel::TakeKeyboard() {
+  report_->setFocus();
+}
+
 void ResultsPanel::Show() {
   const bool initial = direction_ == Direction::ToInitial;
   toggle_->setIcon(DrawnIcon(initial ? Symbol::Initial : Symbol::Forward));

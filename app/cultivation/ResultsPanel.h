@@ -39,6 +39,8 @@ class ResultsPanel : public QGroupBox {
   /// While a search runs the text can only be looked at.
   void SetRunning(bool running);
   void SetLanguage(Language language);
+  /// Gives the keyboard to the report.
+  void TakeKeyboard();
 
  signals:
   void ToggleAsked();

@@ -26,8 +26,9 @@ class RunControl : public QObject, private SearchObserver {
   /// Searches, and returns when the search has ended, was stopped or failed; nothing where there is
   /// no memory for it. Not to be called while a run is going.
   std::optional<SearchOutcome> Run(FitProblem problem, Method method, EstimationSettings settings);
-  /// Ends the run within a tenth of a second, however long a generation takes.
+  /// Ends the run with the generation that is going.
   void Stop() { stop_ = true; }
+  bool Stopping() const { return stop_; }
   /// Lets the search wait, from the next time that it asks whether to stop, and go on.
   void Hold(bool held);
 

@@ -139,7 +139,11 @@ void RunDisplay::Search(Method method) {
   SetRunning(true);
   const std::vector<std::string> files = FilesOf(session_);
   std::optional<SearchOutcome> outcome = run_->Run(StartSearch(session_, form), method, settings);
+  const QWidget* const keyboard = Keyboard();
   SetRunning(false);
+  // From a command that works no more the keyboard goes on to what comes next.
+  const bool leftAlone = keyboard == nullptr || !keyboard->isEnabled();
+  if (leftAlone) panel_->TakeKeyboard();
   if (!outcome) {
     dialogs_.Show(Window(), Attention({TextId::OutOfBounds}));
     return;
@@ -149,14 +153,21 @@ void RunDisplay::Search(Method method) {
   outcome->files = files;
   const Change change = EndSearch(session_, *outcome);
   ShowOutcome(*outcome);
+  if (leftAlone && outcome->result.HasResult()) results_->TakeKeyboard();
   emit Changed(change);
+}
+
+QWidget* RunDisplay::Keyboard() const {
+  return Window()->window()->focusWidget();
 }
 
 void RunDisplay::SetRunning(bool running) {
   running_ = running;
+  const QWidget* const keyboard = Keyboard();
   entry_.SetEnabled(!running);
   panel_->SetRunning(running);
   results_->SetRunning(running);
+  if (running && keyboard != nullptr && !keyboard->isEnabled()) panel_->TakeKeyboard();
   emit RunningChanged(running);
 }
 
@@ -297,10 +308,13 @@ void RunDisplay::ShowHowSure() {
 
 /// The search waits for the answer: nothing is reported behind the question.
 void RunDisplay::AskToStop() {
+  if (run_->Stopping()) return;
   const Message question = Attention({TextId::AskToStop}, Icon::Question);
   run_->Hold(true);
   if (dialogs_.Show(Window(), question, Buttons::NoYes) == Answer::Yes) run_->Stop();
   run_->Hold(false);
+  // A long generation is finished first: that the stop was heard is seen at once.
+  if (run_->Stopping()) panel_->ShowProgress(0, 0);
 }
 
 }  // namespace velmora

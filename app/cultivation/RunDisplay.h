@@ -65,6 +65,8 @@ class RunDisplay : public QObject {
   void Wire();
   QWidget* Window() const;
   void SetRunning(bool running);
+  /// Where the keyboard is in this window, or will be once the window is active again.
+  QWidget* Keyboard() const;
   TextStyle Style() const { return {session_.language, session_.separator}; }
   void BeginResults();
   void ShowGeneration(const Generation& generation, const std::vector<FitVariable>& variables);

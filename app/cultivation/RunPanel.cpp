@@ -1,6 +1,5 @@
 #include "app/cultivation/RunPanel.h"
 
-#include <QApplication>
 #include <QHBoxLayout>
 #include <QProgressBar>
 #include <QPushButton>
@@ -71,21 +70,17 @@ void RunPanel::Wire() {
 
 void RunPanel::SetRunning(bool running) {
   running_ = running;
-  save_->setEnabled(!running);
+  for (QPushButton* const button : {save_, start_}) button->setEnabled(!running);
+  stop_->setEnabled(running);
   SetExperiments(experiments_);
-  // Disabled under the keyboard, a button would leave it nowhere.
-  if (running) {
-    stop_->setEnabled(true);
-    startedByKey_ = start_->hasFocus();
-    if (startedByKey_) stop_->setFocus();
-    start_->setEnabled(false);
-  } else {
-    start_->setEnabled(true);
-    const bool nowhere = QApplication::focusWidget() == nullptr;
-    if (stop_->hasFocus() || (startedByKey_ && nowhere)) start_->setFocus();
-    stop_->setEnabled(false);
-  }
   progress_->setVisible(running);
+}
+
+void RunPanel::TakeKeyboard() {
+  if (running_)
+    stop_->setFocus();
+  else
+    start_->setFocus();
 }
 
 void RunPanel::SetExperiments(int count) {

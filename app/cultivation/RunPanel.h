@@ -24,6 +24,8 @@ class RunPanel : public QWidget {
 
   /// While a search runs only the stop command works here.
   void SetRunning(bool running);
+  /// Gives the keyboard to the command that works: stop while a search runs, else start.
+  void TakeKeyboard();
   /// The heading beside the clock, which is hidden with it where there is none.
   void SetHeading(std::optional<TextId> heading);
   /// Whether the start command simulates instead of estimating.
@@ -53,7 +55,6 @@ class RunPanel : public QWidget {
   std::optional<TextId> heading_;
   bool simulates_ = false;
   bool running_ = false;
-  bool startedByKey_ = false;
   int experiments_ = 0;
   QPushButton* propose_ = nullptr;
   QPushButton* save_ = nullptr;

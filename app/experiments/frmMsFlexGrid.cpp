@@ -61,7 +61,7 @@ QWidget* frmMsFlexGrid::Arranged(bool folded) {
     tabs->setAccessibleName(windowTitle());
     AddTab(*tabs, Caption(TextId::TabData, session_.language), {entry_});
     // The rows of nine experiments and their legend are higher than a small screen.
-    auto* const legend = new QScrollArea;
+    auto* const legend = new QScrollArea(tabs);
     legend->setFrameShape(QFrame::NoFrame);
     legend->setFocusPolicy(Qt::NoFocus);
     legend->setWidgetResizable(true);

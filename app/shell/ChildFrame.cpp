@@ -17,7 +17,8 @@ class BoxOfAnyHeight : public QVBoxLayout {
 
 }  // namespace
 
-ChildFrame::ChildFrame(QWidget* window) : window_(*window) {
+// Taken into another widget, a window forgets which of its controls has the keyboard.
+ChildFrame::ChildFrame(QWidget* window) : window_(*window), lastControl_(window->focusWidget()) {
   setObjectName(window->objectName() + QStringLiteral("Frame"));
   auto* const holder = new QWidget;
   auto* const box = new BoxOfAnyHeight(holder);

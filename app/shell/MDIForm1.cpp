@@ -47,6 +47,13 @@ void ShowSmallWindow(QPointer<Window>& window, Arguments&&... arguments) {
 
 }  // namespace
 
+FramePlace PlaceOn(const QSize& room) {
+  // The usual size with its title bar would reach beyond a small screen.
+  const bool small =
+      room.width() <= kUsualSize.width() || room.height() <= kUsualSize.height() + kTitleBar;
+  return {(kShareOfScreen * room).expandedTo(kUsualSize).boundedTo(room), small};
+}
+
 /// Runs routines of `target` from the menu items with these names.
 template <typename Target>
 void MDIForm1::Bind(Target* target,
@@ -79,11 +86,9 @@ void MDIForm1::BuildPanels() {
 void MDIForm1::LayOut() {
   setCentralWidget(windows_);
   setAcceptDrops(true);
-  const QSize room = screen()->availableSize();
-  resize((kShareOfScreen * room).expandedTo(kUsualSize).boundedTo(room));
-  // The usual size with its title bar would reach beyond a small screen.
-  if (room.width() <= kUsualSize.width() || room.height() <= kUsualSize.height() + kTitleBar)
-    setWindowState(Qt::WindowMaximized);
+  const auto [size, maximised] = PlaceOn(screen()->availableSize());
+  resize(size);
+  if (maximised) setWindowState(Qt::WindowMaximized);
 }
 
 void MDIForm1::Wire() {

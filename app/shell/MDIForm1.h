@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QSize>
 #include <QTranslator>
 #include <initializer_list>
 #include <utility>
@@ -22,6 +23,13 @@ class WorkWindows;
 class frmMsFlexGrid;
 class frmParametros;
 class frmSobre;
+
+/// How large the frame opens where a screen leaves it this room.
+struct FramePlace {
+  QSize size;
+  bool maximised = false;
+};
+FramePlace PlaceOn(const QSize& room);
 
 /// Holds the work windows, which are loaded anew as the lists are cleared.
 class MDIForm1 : public QMainWindow {

@@ -3,6 +3,7 @@
 #include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -30,7 +31,7 @@ void ForgetSizes(const QWidget& window) {
 /// stays in view.
 class TabPage : public QScrollArea {
  public:
-  explicit TabPage(QWidget* panels) {
+  TabPage(QWidget* panels, QWidget* parent) : QScrollArea(parent) {
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -72,10 +73,22 @@ void FoldingWindow::Fold(bool folded) {
   static_cast<QVBoxLayout*>(layout())->addWidget(body_, 1);
   body_->show();
   delete before;
+  OrderTabs();
   layout()->activate();
   if (!keyboard) return;
   Reveal(*keyboard);
   keyboard->setFocus();
+}
+
+/// The keyboard comes to the row of tabs before the panels that it chooses.
+void FoldingWindow::OrderTabs() {
+  QWidget* last = nullptr;
+  for (QWidget* each = nextInFocusChain(); each != this; each = each->nextInFocusChain())
+    for (int i = 0; i < above_->count(); ++i)
+      if (above_->itemAt(i)->widget()->isAncestorOf(each) && each->focusPolicy() != Qt::NoFocus)
+        last = each;
+  for (const QTabWidget* const tabs : body_->findChildren<QTabWidget*>())
+    setTabOrder(last, tabs->tabBar());
 }
 
 void FoldingWindow::Measure() {
@@ -108,12 +121,13 @@ void FoldingWindow::Reveal(const QWidget& control) {
 }
 
 void AddTab(QTabWidget& tabs, const QString& caption, std::initializer_list<QWidget*> panels) {
-  auto* const page = new QWidget;
+  // Outside this window the order in which its controls have the keyboard is lost.
+  auto* const page = new QWidget(&tabs);
   auto* const column = new QVBoxLayout(page);
   TightenInside(*column);
   for (QWidget* const panel : panels) column->addWidget(panel);
   column->setStretch(column->count() - 1, 1);
-  tabs.addTab(new TabPage(page), caption);
+  tabs.addTab(new TabPage(page, &tabs), caption);
 }
 
 }  // namespace velmora

@@ -34,6 +34,7 @@ class FoldingWindow : public QWidget {
 
  private:
   void Fold(bool folded);
+  void OrderTabs();
   void FoldToFit();
 
   QVBoxLayout* above_;

@@ -1,6 +1,7 @@
 // The program for those who use no mouse, or do not see the screen.
 #include <QAccessible>
 #include <QCheckBox>
+#include <QFile>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QScrollBar>
@@ -24,6 +25,7 @@
 #include "app/widgets/Access.h"
 #include "app/widgets/Colours.h"
 #include "app/widgets/Idiomas.h"
+#include "tests/data/FileTesting.h"
 #include "tests/support/Windows.h"
 
 namespace velmora {
@@ -44,18 +46,17 @@ void Key(Qt::Key key, Qt::KeyboardModifiers with = {}) {
   QTest::keyClick(receiver, key, with);
 }
 
-/// Goes by Tab to the control with this name, and presses Space there.
-void TabTo(const char* name) {
-  for (int i = 0; i < 120; ++i) {
-    const QWidget* const at = QApplication::focusWidget();
-    if (at != nullptr && at->objectName() == QLatin1StringView(name)) return Key(Qt::Key_Space);
-    Key(Qt::Key_Tab);
-  }
-  FAIL() << name << " is not reached";
+std::string KeyboardAt() {
+  const QWidget* const at = QApplication::focusWidget();
+  if (at == nullptr) return "nowhere";
+  const std::string name = at->objectName().toStdString();
+  return name.empty() ? at->metaObject()->className() : name;
 }
 
-TEST(Keyboard, GoesAloneFromTheStartToAFit) {
+/// In English in a window as wide as its columns, in Portuguese in a small one with tabs.
+TEST(Keyboard, GoesAloneFromTheStartToTheSavedReport) {
   for (const Language language : kLanguages) {
+    const TemporaryFolder folder;
     Session session;
     ScriptedDialogs dialogs(session);
     std::unique_ptr<MDIForm1> frame;
@@ -71,6 +72,9 @@ TEST(Keyboard, GoesAloneFromTheStartToAFit) {
     Key(Qt::Key_Return);
     ASSERT_NE(frame, nullptr);
     test::ShowActive(*frame);
+    frame->setWindowState(Qt::WindowNoState);
+    frame->resize(language == Language::English ? QSize(1600, 1000) : QSize(853, 500));
+    EXPECT_EQ(KeyboardAt(), "MSFlexGrid1") << "where the first entry goes";
     dialogs.files = {Example("molasses.abr"), Example("molasses-conditions.abr")};
     // File, Open, Experiments.
     Key(language == Language::English ? Qt::Key_F : Qt::Key_A, Qt::AltModifier);
@@ -84,8 +88,31 @@ TEST(Keyboard, GoesAloneFromTheStartToAFit) {
       Key(key);
     ASSERT_EQ(session.conditions.SavedCount(), 1);
     dialogs.answers = {Answer::Yes};
-    TabTo("cmdAjustar");
+    std::vector<std::string> way;
+    while (KeyboardAt() != "cmdAjustar" && way.size() < 60) {
+      Key(Qt::Key_Tab);
+      way.push_back(KeyboardAt());
+    }
+    // Above, what is chosen and entered, and then the commands.
+    const std::vector<std::string> expected =
+        language == Language::English
+            ? std::vector<std::string>{"txtLimSup(2)", "cmdPropor", "cdmSalvar", "cmdAjustar"}
+            : std::vector<std::string>{"cdmTrocarModelo", "cmdPropor", "cdmSalvar", "cmdAjustar"};
+    ASSERT_TRUE(way.size() > 4 && std::equal(expected.begin(), expected.end(), way.end() - 4))
+        << testing::PrintToString(way);
+    Key(Qt::Key_Space);
     ASSERT_TRUE(session.lastRun);
+    // Of the frame: without a window manager it is not active any more behind a menu.
+    ASSERT_TRUE(frame->focusWidget() != nullptr);
+    EXPECT_EQ(frame->focusWidget()->objectName(), QStringLiteral("cmdRelatorio"));
+    QTest::keyClick(frame->focusWidget(), Qt::Key_Space);
+    auto* const report = frame->findChild<frmRelatorio*>();
+    ASSERT_TRUE(report != nullptr && QTest::qWaitForWindowExposed(report));
+    dialogs.files = {QString::fromStdString(folder / "report.rtf")};
+    QTest::keyClick(report->focusWidget(), Qt::Key_Return);
+    EXPECT_TRUE(QFile::exists(QString::fromStdString(folder / "report.rtf")));
+    QTest::keyClick(report->focusWidget(), Qt::Key_Escape);
+    EXPECT_FALSE(report->isVisible());
   }
 }
 

@@ -8,6 +8,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 #include <QTabWidget>
 #include <QTextEdit>
 
@@ -183,6 +184,29 @@ TEST_F(Shell, FoldsAWorkWindowIntoTabsWhereItsColumnsHaveNoRoom) {
     Cultivation().Reveal(*bound);
     EXPECT_TRUE(seen(*bound));
   }
+}
+
+TEST(Frame, OpensOnMostOfALargeScreenAndOnAllOfASmallOne) {
+  struct Row {
+    QSize room, size;
+    bool maximised;
+  };
+  for (const auto& [room, size, maximised] : {Row{{3840, 2160}, {3264, 1836}, false},
+                                              {{1920, 1080}, {1632, 918}, false},
+                                              {{1440, 900}, {1280, 800}, false},
+                                              {{1366, 768}, {1280, 768}, true},
+                                              {{1280, 800}, {1280, 800}, true},
+                                              {{853, 533}, {853, 533}, true}}) {
+    const FramePlace place = PlaceOn(room);
+    EXPECT_EQ(place.size, size) << room.width();
+    EXPECT_EQ(place.maximised, maximised) << room.width();
+  }
+  Session session;
+  ScriptedDialogs dialogs(session);
+  const MDIForm1 frame(session, dialogs);
+  const FramePlace place = PlaceOn(frame.screen()->availableSize());
+  EXPECT_EQ(frame.isMaximized(), place.maximised);
+  EXPECT_LE(frame.height(), frame.screen()->availableSize().height());
 }
 
 TEST_F(Shell, ScrollsAWorkWindowThatIsLargerThanItsFrame) {
