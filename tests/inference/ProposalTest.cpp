@@ -48,6 +48,16 @@ TEST(Regression, TellsGrowthFromCellsInProduction) {
   EXPECT_EQ(LuedekingPiret(changes).beta, 0);
 }
 
+TEST(Regression, TakesChangesSinceTheFirstSample) {
+  // By hand: (1 + 3)/2 2 h = 4 g h/L, then (3 + 6)/2 1 h and (6 + 8)/2 2 h more.
+  const Experiment experiment{1, "", {0, 2, 3, 5}, {1, 3, 6, 8}, {20, 15, 8, 3}, {0, 1, 4, 5}, 5};
+  const Changes changes = ChangesOf({&experiment, 1});
+  EXPECT_EQ(changes.cells, (std::vector<double>{2, 5, 7}));
+  EXPECT_EQ(changes.substrate, (std::vector<double>{5, 12, 17}));
+  EXPECT_EQ(changes.product, (std::vector<double>{1, 4, 5}));
+  EXPECT_EQ(changes.cellHours, (std::vector<double>{4, 8.5, 22.5}));
+}
+
 TEST(Proposal, ReadsTheConditionsOffTheData) {
   const std::vector experiments = {Batch(), Batch()};
   const auto values = ValuesOf(ProposeConditions(experiments, Production::PAC, Yields::Global), 2);
