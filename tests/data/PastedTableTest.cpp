@@ -40,6 +40,7 @@ TEST(PastedTable, GoesWhereItsHeadersSay) {
   EXPECT_NE(Worded(*odd.question, Language::English).find("\"Foo\""), std::string::npos);
   EXPECT_EQ(odd.parts.at(0).block, (GridBlock{{"1", "2"}, {"3", "4"}}));
   EXPECT_FALSE(ReadPasted("1\t2\n3\t4\n", '.').question);
+  EXPECT_FALSE(ReadPasted("t\tCs\n", '.').named) << "a header without rows is text";
 }
 
 TEST(PastedTable, ShowsCellsAndSubstrateExchanged) {

@@ -53,6 +53,9 @@ TEST(Verdicts, TellWhatTheDataDetermine) {
   EXPECT_EQ(Worded(bounded.verdict.parameters.of[1], {Language::Portuguese, ','}),
             "no seu limite superior 4: o melhor valor pode estar acima");
 
+  const Fitted raised("Monod", {2, 10, 80}, {muMax, {At::Ks, 12, 20, 15}});
+  EXPECT_EQ(raised.Of(1), Kinds({AtLowerBound}));
+
   const Fitted firstOrder("Monod", {2}, {muMax, Ks});
   EXPECT_EQ(firstOrder.Of(0).back(), Together);
   EXPECT_EQ(firstOrder.verdict.parameters.of[0].findings.back().other, At::Ks);
