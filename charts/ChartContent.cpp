@@ -19,18 +19,6 @@ const std::vector<double>& MeasuredSeries(const Experiment& experiment, PlotVari
   return experiment.Cs;
 }
 
-const ModelCurve::Series& ModelSeries(const ModelCurve& curve, PlotVariable variable) {
-  switch (variable) {
-    case PlotVariable::Cx:
-      return curve.Cx;
-    case PlotVariable::Cp:
-      return curve.Cp;
-    case PlotVariable::Cs:
-      break;
-  }
-  return curve.Cs;
-}
-
 /// The first `count` points.
 template <class Times, class Values>
 std::vector<PlotPoint> PointsOf(const Times& times, const Values& values, std::size_t count) {
@@ -48,20 +36,6 @@ void KeepInside(std::vector<PlotPoint>& points, const TimeInterval& interval) {
 
 PlotPoint Between(const PlotPoint& a, const PlotPoint& b, double time) {
   return {time, a.y + (b.y - a.y) * (time - a.x) / (b.x - a.x)};
-}
-
-/// The part of a curve inside the interval, up to its very ends: an interval may be shorter than
-/// the distance of two points.
-std::vector<PlotPoint> Cut(const std::vector<PlotPoint>& curve, const TimeInterval& interval) {
-  std::vector<PlotPoint> inside;
-  for (std::size_t k = 1; k < curve.size(); ++k) {
-    const PlotPoint& a = curve[k - 1];
-    const PlotPoint& b = curve[k];
-    if (!(a.x < b.x) || b.x < interval.from || a.x > interval.to) continue;
-    if (inside.empty()) inside.push_back(Between(a, b, std::max(a.x, interval.from)));
-    inside.push_back(Between(a, b, std::min(b.x, interval.to)));
-  }
-  return inside;
 }
 
 PlottedExperiment Plotted(const Experiment& experiment, const DisplayEntry& display,
@@ -87,6 +61,30 @@ CheckedInterval Refused(TextId text, IntervalBox failed) {
 
 }  // namespace
 
+const ModelCurve::Series& SeriesOf(const ModelCurve& curve, PlotVariable variable) {
+  switch (variable) {
+    case PlotVariable::Cx:
+      return curve.Cx;
+    case PlotVariable::Cp:
+      return curve.Cp;
+    case PlotVariable::Cs:
+      break;
+  }
+  return curve.Cs;
+}
+
+std::vector<PlotPoint> Cut(const std::vector<PlotPoint>& curve, const TimeInterval& interval) {
+  std::vector<PlotPoint> inside;
+  for (std::size_t k = 1; k < curve.size(); ++k) {
+    const PlotPoint& a = curve[k - 1];
+    const PlotPoint& b = curve[k];
+    if (!(a.x < b.x) || b.x < interval.from || a.x > interval.to) continue;
+    if (inside.empty()) inside.push_back(Between(a, b, std::max(a.x, interval.from)));
+    inside.push_back(Between(a, b, std::min(b.x, interval.to)));
+  }
+  return inside;
+}
+
 ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
                        const ModelCurves* curves, bool gridLines, char separator,
                        const std::optional<TimeInterval>& interval) {
@@ -100,7 +98,7 @@ ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
     if (curves == nullptr || index >= curves->size()) continue;
     const ModelCurve& curve = (*curves)[index];
     content.experiments.back().curve =
-        PointsOf(curve.time, ModelSeries(curve, variable), static_cast<std::size_t>(curve.points));
+        PointsOf(curve.time, SeriesOf(curve, variable), static_cast<std::size_t>(curve.points));
     if (interval)
       content.experiments.back().curve = Cut(content.experiments.back().curve, *interval);
   }

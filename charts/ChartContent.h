@@ -42,6 +42,13 @@ ChartContent ContentOf(PlotVariable variable, const ExperimentLists& lists,
                        const ModelCurves* curves, bool gridLines, char separator,
                        const std::optional<TimeInterval>& interval = std::nullopt);
 
+/// The curve's values of `variable`, g/L.
+const ModelCurve::Series& SeriesOf(const ModelCurve& curve, PlotVariable variable);
+
+/// The part of a curve inside the interval, up to its very ends: an interval may be shorter than
+/// the distance of two points.
+std::vector<PlotPoint> Cut(const std::vector<PlotPoint>& curve, const TimeInterval& interval);
+
 /// Whether the chart has axes to draw: something is visible on it, and no bound is beyond a double.
 bool CanBeSized(const ChartContent& content);
 

@@ -1,26 +1,27 @@
 #include "charts/ZoomedChart.h"
 
-#include "charts/SmoothCurve.h"
+#include "charts/FineCurve.h"
 
 namespace velmora {
 namespace {
 
-constexpr int kSmoothPieces = 600;
+constexpr int kPieces = 600;
 
 bool Holds(const ValueRange& part, const ValueRange& whole) {
   return part.from <= whole.from && part.to >= whole.to;
 }
 
-/// Draws the curves of `content` smooth between the model's points, up to the ends of the interval.
-void Smoothen(ChartContent& content, const ChartContent& whole,
-              const std::optional<TimeInterval>& interval) {
-  for (std::size_t i = 0; i < content.experiments.size(); ++i) {
-    const std::vector<PlotPoint>& points = whole.experiments[i].curve;
-    if (points.empty()) continue;
-    const double from = interval ? interval->from : points.front().x;
-    const double to = interval ? interval->to : points.back().x;
-    content.experiments[i].curve = SmoothCurve(points).Between(from, to, kSmoothPieces);
-  }
+/// Has the curves of `content` simulated between the model's points, up to the ends of the
+/// interval.
+void Refine(ChartContent& content, const ModelCurves& curves,
+            const std::optional<TimeInterval>& interval) {
+  for (std::size_t i = 0; i < content.experiments.size() && i < curves.size(); ++i)
+    if (const ModelCurve& curve = curves[i]; curve.points > 0) {
+      const auto last = static_cast<std::size_t>(curve.points) - 1;
+      const TimeInterval whole{curve.time.front(), curve.time[last]};
+      content.experiments[i].curve =
+          FineCurve(curve, content.variable, interval.value_or(whole), kPieces);
+    }
 }
 
 }  // namespace
@@ -44,10 +45,9 @@ ChartContent ZoomedChart::Content(Language language, char separator) const {
   ChartContent content = velmora::ContentOf(variable, lists, &curves, gridLines, separator,
                                             plain ? interval : std::nullopt);
   content.title = title;
-  if (plain) {
-    Smoothen(content, velmora::ContentOf(variable, lists, &curves, gridLines, separator), interval);
-    return content;
-  }
+  // Residuals are those of the points that were fitted.
+  if (!residuals) Refine(content, curves, interval);
+  if (plain) return content;
   FigureView view;
   view.language = language;
   view.separator = separator;

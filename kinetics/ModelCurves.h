@@ -5,6 +5,8 @@
 #include <array>
 #include <cstddef>
 
+#include "kinetics/KineticParameters.h"
+
 namespace velmora {
 
 inline constexpr int kModelPoints = 100;
@@ -17,7 +19,8 @@ struct ModelCurve {
   Series Cx{};
   Series Cs{};
   Series Cp{};
-  int points = 0;  // computed; 0: there is no curve, below 100: a fault ended it
+  int points = 0;                  // computed; 0: there is no curve, below 100: a fault ended it
+  KineticParameters parameters{};  // from which it was simulated
 
   friend bool operator==(const ModelCurve&, const ModelCurve&) = default;
 };

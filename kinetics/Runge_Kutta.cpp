@@ -170,6 +170,7 @@ void Runge_Kutta::MarchKernel(ModelCurve& curve) {
 
 void Runge_Kutta::Integrate(const KineticParameters& parameters, ModelCurve& curve, Law law) {
   working_ = parameters;
+  curve.parameters = parameters;
   curve.time[0] = 0;
   curve.Cx[0] = parameters[At::Cx0];
   curve.Cs[0] = parameters[At::Cs0];
