@@ -31,10 +31,6 @@ endfunction()
 # their unrolled operations would take many minutes to compile.
 function(velmora_lanes target name)
   set(plain -fno-sanitize=all -O2)
-  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-    # Else it gives up on the longest kernels and leaves their vectors in memory, at half the speed.
-    list(APPEND plain --param=sccvn-max-alias-queries-per-access=20000)
-  endif()
   target_sources(${target} PRIVATE ${name}2.cpp)
   set_source_files_properties(${name}2.cpp PROPERTIES COMPILE_OPTIONS "${plain}")
   if(CMAKE_SYSTEM_PROCESSOR MATCHES "x86_64|AMD64")

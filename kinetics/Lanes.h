@@ -16,8 +16,21 @@ namespace velmora {
 namespace {
 
 // Vectors side by side are independent of each other: while one waits for its result, the next is
-// computed. The loops over them must vanish, or the compiler keeps the vectors in memory.
-#define VELMORA_SIDE_BY_SIDE _Pragma("GCC unroll 8")
+// computed. The statement is repeated for each `i`, not looped over: vectors that a loop has ever
+// reached by a variable index stay in memory, or take the compiler minutes to get out of it.
+#define VELMORA_SIDE_BY_SIDE(count, ...)  \
+  do {                                    \
+    static_assert(count <= 4);            \
+    VELMORA_VECTOR(0, count, __VA_ARGS__) \
+    VELMORA_VECTOR(1, count, __VA_ARGS__) \
+    VELMORA_VECTOR(2, count, __VA_ARGS__) \
+    VELMORA_VECTOR(3, count, __VA_ARGS__) \
+  } while (false)
+#define VELMORA_VECTOR(place, count, ...) \
+  if constexpr (place < count) {          \
+    constexpr unsigned i = place;         \
+    __VA_ARGS__;                          \
+  }
 
 template <unsigned Width>
 struct VectorTypes {
@@ -44,18 +57,16 @@ struct Lanes {
 
   Lanes() = default;
   [[gnu::always_inline]] Lanes(double value) {
-    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < Count; ++i) of[i] = value - Vector{};
+    VELMORA_SIDE_BY_SIDE(Count, of[i] = value - Vector{});
   }
 
   [[gnu::always_inline]] static Lanes From(const double* values) {
     Lanes lanes;
-    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < Count; ++i) lanes.of[i] =
-        *reinterpret_cast<const Stored*>(values + i * Width);
+    VELMORA_SIDE_BY_SIDE(Count, lanes.of[i] = *reinterpret_cast<const Stored*>(values + i * Width));
     return lanes;
   }
   [[gnu::always_inline]] void To(double* values) const {
-    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < Count; ++i) *
-        reinterpret_cast<Stored*>(values + i * Width) = of[i];
+    VELMORA_SIDE_BY_SIDE(Count, *reinterpret_cast<Stored*>(values + i * Width) = of[i]);
   }
 
  private:
@@ -65,17 +76,17 @@ struct Lanes {
 #define VELMORA_LANES_OPERATOR(op)                                                      \
   template <unsigned W, unsigned C>                                                     \
   [[gnu::always_inline]] inline Lanes<W, C> operator op(Lanes<W, C> a, Lanes<W, C> b) { \
-    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = a.of[i] op b.of[i]; \
+    VELMORA_SIDE_BY_SIDE(C, a.of[i] = a.of[i] op b.of[i]);                              \
     return a;                                                                           \
   }                                                                                     \
   template <unsigned W, unsigned C>                                                     \
   [[gnu::always_inline]] inline Lanes<W, C> operator op(Lanes<W, C> a, double b) {      \
-    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = a.of[i] op b;       \
+    VELMORA_SIDE_BY_SIDE(C, a.of[i] = a.of[i] op b);                                    \
     return a;                                                                           \
   }                                                                                     \
   template <unsigned W, unsigned C>                                                     \
   [[gnu::always_inline]] inline Lanes<W, C> operator op(double a, Lanes<W, C> b) {      \
-    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) b.of[i] = a op b.of[i];       \
+    VELMORA_SIDE_BY_SIDE(C, b.of[i] = a op b.of[i]);                                    \
     return b;                                                                           \
   }
 VELMORA_LANES_OPERATOR(+)
@@ -86,21 +97,21 @@ VELMORA_LANES_OPERATOR(/)
 
 template <unsigned W, unsigned C>
 [[gnu::always_inline]] inline Lanes<W, C> operator-(Lanes<W, C> a) {
-  VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = -a.of[i];
+  VELMORA_SIDE_BY_SIDE(C, a.of[i] = -a.of[i]);
   return a;
 }
 
-#define VELMORA_LANES_COMPARISON(op)                                                       \
-  template <unsigned W, unsigned C>                                                        \
-  [[gnu::always_inline]] inline LaneBits<W, C> operator op(Lanes<W, C> a, Lanes<W, C> b) { \
-    LaneBits<W, C> mask;                                                                   \
-    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) mask.of[i] =                     \
-        reinterpret_cast<typename VectorTypes<W>::Integers>(a.of[i] op b.of[i]);           \
-    return mask;                                                                           \
-  }                                                                                        \
-  template <unsigned W, unsigned C>                                                        \
-  [[gnu::always_inline]] inline LaneBits<W, C> operator op(Lanes<W, C> a, double b) {      \
-    return a op Lanes<W, C>(b);                                                            \
+#define VELMORA_LANES_COMPARISON(op)                                                              \
+  template <unsigned W, unsigned C>                                                               \
+  [[gnu::always_inline]] inline LaneBits<W, C> operator op(Lanes<W, C> a, Lanes<W, C> b) {        \
+    LaneBits<W, C> mask;                                                                          \
+    VELMORA_SIDE_BY_SIDE(                                                                         \
+        C, mask.of[i] = reinterpret_cast<typename VectorTypes<W>::Integers>(a.of[i] op b.of[i])); \
+    return mask;                                                                                  \
+  }                                                                                               \
+  template <unsigned W, unsigned C>                                                               \
+  [[gnu::always_inline]] inline LaneBits<W, C> operator op(Lanes<W, C> a, double b) {             \
+    return a op Lanes<W, C>(b);                                                                   \
   }
 VELMORA_LANES_COMPARISON(<)
 VELMORA_LANES_COMPARISON(<=)
@@ -111,13 +122,13 @@ VELMORA_LANES_COMPARISON(>)
 #define VELMORA_BITS_OPERATOR(op)                                                                \
   template <unsigned W, unsigned C>                                                              \
   [[gnu::always_inline]] inline LaneBits<W, C> operator op(LaneBits<W, C> a, LaneBits<W, C> b) { \
-    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = a.of[i] op b.of[i];          \
+    VELMORA_SIDE_BY_SIDE(C, a.of[i] = a.of[i] op b.of[i]);                                       \
     return a;                                                                                    \
   }                                                                                              \
   template <unsigned W, unsigned C>                                                              \
   [[gnu::always_inline]] inline LaneBits<W, C> operator op(LaneBits<W, C> a,                     \
                                                            unsigned long long b) {               \
-    VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] = a.of[i] op b;                \
+    VELMORA_SIDE_BY_SIDE(C, a.of[i] = a.of[i] op b);                                             \
     return a;                                                                                    \
   }
 VELMORA_BITS_OPERATOR(+)
@@ -131,16 +142,15 @@ VELMORA_BITS_OPERATOR(>>)
 template <unsigned W, unsigned C>
 [[gnu::always_inline]] inline LaneBits<W, C> BitsOf(Lanes<W, C> a) {
   LaneBits<W, C> bits;
-  VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) bits.of[i] =
-      reinterpret_cast<typename VectorTypes<W>::Integers>(a.of[i]);
+  VELMORA_SIDE_BY_SIDE(C,
+                       bits.of[i] = reinterpret_cast<typename VectorTypes<W>::Integers>(a.of[i]));
   return bits;
 }
 
 template <unsigned W, unsigned C>
 [[gnu::always_inline]] inline Lanes<W, C> FromBits(LaneBits<W, C> bits) {
   Lanes<W, C> a;
-  VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) a.of[i] =
-      reinterpret_cast<typename VectorTypes<W>::Doubles>(bits.of[i]);
+  VELMORA_SIDE_BY_SIDE(C, a.of[i] = reinterpret_cast<typename VectorTypes<W>::Doubles>(bits.of[i]));
   return a;
 }
 
@@ -148,8 +158,7 @@ template <unsigned W, unsigned C>
 template <unsigned W, unsigned C>
 [[gnu::always_inline]] inline Lanes<W, C> Select(LaneBits<W, C> mask, Lanes<W, C> yes,
                                                  Lanes<W, C> no) {
-  VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) no.of[i] =
-      mask.of[i] ? yes.of[i] : no.of[i];
+  VELMORA_SIDE_BY_SIDE(C, no.of[i] = mask.of[i] ? yes.of[i] : no.of[i]);
   return no;
 }
 
@@ -167,8 +176,7 @@ template <unsigned W, unsigned C>
 template <unsigned W, unsigned C>
 [[gnu::always_inline]] inline Lanes<W, C> ProductAndSum(Lanes<W, C> a, Lanes<W, C> b,
                                                         Lanes<W, C> c) {
-  VELMORA_SIDE_BY_SIDE for (unsigned i = 0; i < C; ++i) c.of[i] =
-      ProductAndSum(a.of[i], b.of[i], c.of[i]);
+  VELMORA_SIDE_BY_SIDE(C, c.of[i] = ProductAndSum(a.of[i], b.of[i], c.of[i]));
   return c;
 }
 #endif
