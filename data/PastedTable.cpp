@@ -29,6 +29,12 @@ std::vector<std::string> CutAt(char separator, const std::string& row) {
   return cells;
 }
 
+/// The cell's text without the quotes that some programs put around it.
+std::string Unquoted(const std::string& cell) {
+  const bool quoted = cell.size() > 1 && cell.front() == '"' && cell.back() == '"';
+  return quoted ? cell.substr(1, cell.size() - 2) : cell;
+}
+
 bool HasLetter(std::string_view text) {
   return std::any_of(text.begin(), text.end(), [](char c) {
     return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || static_cast<unsigned char>(c) >= 128;
@@ -85,8 +91,12 @@ std::optional<PastedTable> AsTable(std::string_view text, char separator) {
   pasted.parts.push_back({0, {}});
   for (const GridRow& row : RowsOf(table.lists.At(1), separator))
     pasted.parts.front().block.emplace_back(row.begin(), row.end());
-  for (const TableFault& remark : table.remarks)
-    pasted.remarks.push_back(Attention({{remark.text, remark.arguments}}));
+  std::vector<Piece> told;
+  for (const TableFault& remark : table.remarks) {
+    if (!told.empty()) told.emplace_back("\n");
+    told.emplace_back(remark.text, remark.arguments);
+  }
+  if (!told.empty()) pasted.remark = Attention(std::move(told));
   return pasted;
 }
 
@@ -108,7 +118,10 @@ std::optional<double> NumberAt(const std::vector<std::string>& row, int column) 
 
 GridBlock SplitPasted(std::string_view text) {
   GridBlock block = ParseBlock(text);
-  if (block.empty() || text.find('\t') != std::string_view::npos) return block;
+  if (block.empty() || text.find('\t') != std::string_view::npos) {
+    for (auto& row : block) std::transform(row.begin(), row.end(), row.begin(), Unquoted);
+    return block;
+  }
   char separator = ';';
   if (text.find(';') == std::string_view::npos) {
     if (!CommasSeparate(block)) return block;
@@ -145,7 +158,9 @@ bool LooksExchanged(const GridBlock& block, int column) {
   const auto [firstCx, lastCx] = ends(kCellsColumn);
   const auto [firstCs, lastCs] = ends(kSubstrateColumn);
   if (!firstCx || !lastCx || !firstCs || !lastCs) return false;
-  return *lastCx<0.5 * *firstCx&& * lastCs> * firstCs;
+  if (!(*lastCx<*firstCx&& * lastCs> * firstCs)) return false;
+  // Either change alone may be a death phase or scatter.
+  return *lastCx < 0.5 * *firstCx || *lastCs > 1.5 * *firstCs;
 }
 
 void Exchange(GridBlock& block, int column) {

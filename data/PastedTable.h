@@ -20,7 +20,7 @@ struct PastedTable {
   std::vector<PastedPart> parts;
   bool named = false;                 // by headers, in columns of the grid
   std::optional<Message> question{};  // to be agreed to before anything is pasted
-  std::vector<Message> remarks{};     // to be told of what was read
+  std::optional<Message> remark{};    // to be told of what was read
 };
 
 /// Cuts clipboard text into cells: at TABs, else at semicolons, else at commas where these cannot

@@ -190,6 +190,7 @@ void DisplayPanel::SetExperiments(const std::vector<std::int16_t>& numbers, int 
   for (int place = kRows + 1; place <= count; ++place)
     others_->addItem(
         QStringLiteral("%1.  %2").arg(place).arg(numbers[static_cast<std::size_t>(place) - 1]));
+  others_->setPlaceholderText(QStringLiteral("%1. ... %2.").arg(kRows + 1).arg(count));
   others_->setCurrentIndex(shown - kRows - 1);
   others_->setVisible(count > kRows);
 }

@@ -2,6 +2,8 @@
 
 #include <QVBoxLayout>
 #include <algorithm>
+#include <optional>
+#include <span>
 #include <utility>
 
 #include "app/experiments/ExperimentGridView.h"
@@ -12,6 +14,22 @@ namespace velmora {
 namespace {
 
 constexpr int kLeastWidth = 448, kMostWidth = 540;  // px
+
+/// The first cell in which `after` differs, or its last row where it has fewer; nothing where both
+/// agree.
+std::optional<GridCell> FirstChange(std::span<const GridRow> before,
+                                    std::span<const GridRow> after) {
+  const auto [old, changed] =
+      std::mismatch(before.begin(), before.end(), after.begin(), after.end());
+  const int row = static_cast<int>(changed - after.begin());
+  if (changed == after.end()) {
+    if (old == before.end() || after.empty()) return std::nullopt;
+    return GridCell{row - 1, 0};
+  }
+  if (old == before.end()) return GridCell{row, 0};
+  const auto cell = std::mismatch(old->begin(), old->end(), changed->begin()).second;
+  return GridCell{row, static_cast<int>(cell - changed->begin())};
+}
 
 }  // namespace
 
@@ -90,9 +108,11 @@ EntryRead EntryPanel::Entry() const {
 
 void EntryPanel::SetDraft(const ExperimentDraft& draft) {
   const QModelIndex current = grid_->currentIndex();
+  const GridCell changed =
+      FirstChange(grid_->Rows(), draft.rows).value_or(GridCell{current.row(), current.column()});
   SetEntry(draft.header, draft.rows);
-  if (current.row() < static_cast<int>(draft.rows.size()))
-    grid_->setCurrentIndex(grid_->model()->index(current.row(), current.column()));
+  if (changed.row < static_cast<int>(draft.rows.size()))
+    grid_->setCurrentIndex(grid_->model()->index(changed.row, changed.column));
   edited_ = draft.edited;
 }
 

@@ -92,7 +92,7 @@ QString ExperimentGridModel::Text(const QModelIndex& cell) const {
 
 void ExperimentGridModel::SetText(const QModelIndex& cell, const QString& text) {
   At(cell.row(), cell.column()) = text.toStdString();
-  emit dataChanged(cell, cell);
+  TellChanged(cell, cell);
 }
 
 void ExperimentGridModel::InsertRow(int row) {
@@ -130,7 +130,7 @@ void ExperimentGridModel::Clear(const QItemSelection& selection) {
   for (const QItemSelectionRange& range : selection) {
     for (int row = range.top(); row <= range.bottom(); ++row)
       for (int column = range.left(); column <= range.right(); ++column) At(row, column).clear();
-    emit dataChanged(range.topLeft(), range.bottomRight());
+    TellChanged(range.topLeft(), range.bottomRight());
   }
 }
 
@@ -144,7 +144,12 @@ void ExperimentGridModel::Paste(const GridBlock& block, GridCell at) {
     for (int i = 0; i < room; ++i) At(row, at.column + i) = cells[static_cast<std::size_t>(i)];
     ++row;
   }
-  emit dataChanged(index(at.row, at.column), index(end - 1, kGridColumns - 1));
+  TellChanged(index(at.row, at.column), index(end - 1, kGridColumns - 1));
+}
+
+void ExperimentGridModel::TellChanged(const QModelIndex& first, const QModelIndex& last) {
+  const int below = std::min(last.row() + 1, shown_ - 1);
+  emit dataChanged(first, index(below, last.column()));
 }
 
 std::string& ExperimentGridModel::At(int row, int column) {

@@ -50,6 +50,8 @@ class ExperimentGridModel : public QAbstractTableModel {
 
  private:
   std::optional<TextId> Remark(const QModelIndex& cell) const;
+  /// Tells of cells that changed, with those below: a time's mark hangs on the time above.
+  void TellChanged(const QModelIndex& first, const QModelIndex& last);
   std::string& At(int row, int column);
   const std::string& At(int row, int column) const;
 

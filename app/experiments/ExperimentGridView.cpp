@@ -28,6 +28,11 @@ bool IsCommand(const QKeyEvent& event) {
                      [&event](QKeySequence::StandardKey key) { return event.matches(key); });
 }
 
+bool IsTab(const QKeyEvent& event) {
+  const bool other = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier);
+  return !other && (event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab);
+}
+
 bool TypesText(const QKeyEvent& event) {
   const bool command = event.modifiers().testFlag(Qt::ControlModifier) &&
                        !event.modifiers().testFlag(Qt::AltModifier);
@@ -124,7 +129,7 @@ void ExperimentGridView::Colar() {
   }
   SelectAlone(at.row, at.column);
   emit Edited(0);
-  for (const Message& remark : pasted.remarks) emit Refused(remark);
+  if (pasted.remark) emit Refused(*pasted.remark);
 }
 
 bool ExperimentGridView::Fits(const PastedTable& pasted, GridCell at) {
@@ -263,6 +268,9 @@ bool ExperimentGridView::event(QEvent* event) {
     event->accept();
     return true;
   }
+  // Left alone, the keys of Tab would go to the next control before they come to the cells.
+  if (event->type() == QEvent::KeyPress && IsTab(*static_cast<QKeyEvent*>(event)))
+    return DoMove(*static_cast<QKeyEvent*>(event));
   return QTableView::event(event);
 }
 
@@ -292,8 +300,7 @@ void ExperimentGridView::keyPressEvent(QKeyEvent* event) {
   if (DoCommand(*event)) return;
   const bool selecting = event->modifiers().testFlag(Qt::ShiftModifier) ||
                          event->modifiers().testFlag(Qt::ControlModifier);
-  const bool tab = event->key() == Qt::Key_Tab || event->key() == Qt::Key_Backtab;
-  if ((tab || !selecting) && DoMove(*event)) return;
+  if (!selecting && DoMove(*event)) return;
   if (event->key() == Qt::Key_F2) {
     StartEditing();
   } else if (TypesText(*event) || event->key() == Qt::Key_Backspace) {
@@ -379,7 +386,8 @@ void ExperimentGridView::Tab(int step) {
   const QModelIndex current = currentIndex();
   const int cell = current.row() * kGridColumns + current.column() + step;
   const int rows = model_.rowCount();
-  if (rows > 0 && rows < kMostPoints && cell == rows * kGridColumns &&
+  // Through a row in which nothing is typed, Tab leads out of the grid.
+  if (rows > 0 && rows < kMostPoints && cell == rows * kGridColumns && typed_.row == rows - 1 &&
       !IsEmpty(Rows()[static_cast<std::size_t>(rows) - 1]))
     AddRow();
   const QModelIndex next = model_.index(cell / kGridColumns, cell % kGridColumns);

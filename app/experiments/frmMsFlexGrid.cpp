@@ -26,7 +26,7 @@ constexpr int kLegendWidth = 190;  // px; the heading fits on one line
 }  // namespace
 
 frmMsFlexGrid::frmMsFlexGrid(Session& session, Dialogs& dialogs, QWidget* parent)
-    : FoldingWindow(parent), session_(session), dialogs_(dialogs) {
+    : FoldingWindow(parent), session_(session), dialogs_(dialogs), files_(session, dialogs, *this) {
   setObjectName(QLatin1StringView(kExperimentsWindow));
   BuildPanels();
   LayOut();
@@ -161,7 +161,10 @@ void frmMsFlexGrid::Save() {
     return;
   }
   const SaveQuestions ask = AskBeforeSaving(session_.lists, entry.experiment);
-  if (ask.replace && dialogs_.Show(this, *ask.replace, Buttons::YesNo) != Answer::Yes) return;
+  const bool another = PlaceToSave(session_.lists, entry.experiment.number, Shown()) != Shown();
+  if (ask.replace &&
+      dialogs_.Show(this, *ask.replace, another ? Buttons::NoYes : Buttons::YesNo) != Answer::Yes)
+    return;
   if (ask.refusal) {
     dialogs_.Show(this, *ask.refusal);
     return;
@@ -287,50 +290,25 @@ bool frmMsFlexGrid::MayLeave() {
 }
 
 void frmMsFlexGrid::OkSub() {
-  if (const std::optional<Message> refusal = RefuseEmptyLists(session_.lists)) {
-    dialogs_.Show(this, *refusal);
-    return;
-  }
-  const Message question = UnsavedQuestion();
-  if (session_.draft.Unsaved() && dialogs_.Show(this, question, Buttons::YesNo) != Answer::Yes)
-    return;
-  const QString file =
-      dialogs_.SaveFile(this, kSaveFilter, kSuffix, ShownPath(session_.experimentsFile));
-  if (file.isEmpty()) return;
-  if (const auto fault = WriteExperimentsFile(session_, LocalPath(file)))
-    dialogs_.TellFault(this, *fault);
-  emit Moved();
+  if (files_.Save()) emit Moved();
 }
 
 bool frmMsFlexGrid::cmdAbrirOkSub() {
   if (!MayLeave()) return false;
-  const QString tables = Caption(TextId::TablesFilter, session_.language) +
-                         QStringLiteral(" (*.csv *.tsv *.txt *.xlsx)");
-  const QString file = dialogs_.OpenFile(this, kOpenFilter + QStringLiteral(";;") + tables);
+  const QString file = files_.Choose();
   return !file.isEmpty() && Open(file);
 }
 
 bool frmMsFlexGrid::Open(const QString& file) {
-  return TakeFile(ReadExperimentsFile(session_, LocalPath(file)));
-}
-
-bool frmMsFlexGrid::TakeFile(ExperimentsFile file) {
-  if (file.fault) dialogs_.TellFault(this, *file.fault);
-  if (file.refusal) dialogs_.Show(this, *file.refusal);
-  if (file.preview && dialogs_.Show(this, *file.preview, Buttons::OkCancel) != Answer::Ok)
-    return false;
-  const bool wanted =
-      file.Usable() &&
-      (!file.question || dialogs_.Show(this, *file.question, Buttons::NoYes) == Answer::Yes);
-  const std::vector<Message> remarks = file.remarks;
-  if (wanted) {
-    const Change change = TakeExperiments(session_, std::move(file));
-    ResetNextDisplays();
-    Mostrar(1);
-    Announce(change);
-  }
-  for (const Message& remark : remarks) dialogs_.Show(this, remark);
-  return wanted;
+  std::optional<ExperimentsFile> read = files_.Read(file);
+  if (!read) return false;
+  const std::vector<Message> remarks = read->remarks;
+  const Change change = TakeExperiments(session_, *std::move(read));
+  ResetNextDisplays();
+  Mostrar(1);
+  Announce(change);
+  files_.Tell(remarks);
+  return true;
 }
 
 void frmMsFlexGrid::GraficoSub() {

@@ -5,6 +5,7 @@
 #include <QString>
 
 #include "app/experiments/ActionsPanel.h"
+#include "app/experiments/ExperimentFiles.h"
 #include "app/widgets/Dialogs.h"
 #include "app/widgets/FoldingWindow.h"
 #include "session/Operations.h"
@@ -31,6 +32,8 @@ class frmMsFlexGrid : public FoldingWindow {
   bool cmdAbrirOkSub();
   /// As `cmdAbrirOkSub`, of the file `file`.
   bool Open(const QString& file);
+  /// Whether nothing unsaved is shown, or the user gives it up.
+  bool MayLeave();
   /// Saves the experiment shown to the list, after its questions.
   void Save();
   /// Shows the legend, or hides it.
@@ -96,11 +99,7 @@ class frmMsFlexGrid : public FoldingWindow {
   /// The user wants the experiment at `place` shown, 0: a new one.
   void ShowPlace(int place);
   int Shown() const { return session_.draft.shown; }
-  /// Takes a file over as the user wants it; whether it was taken.
-  bool TakeFile(ExperimentsFile file);
   void TellEmptyPlots();
-  /// Whether nothing unsaved is shown, or the user gives it up.
-  bool MayLeave();
 
   void ShowLists();
   void Redraw();
@@ -109,6 +108,7 @@ class frmMsFlexGrid : public FoldingWindow {
 
   Session& session_;
   Dialogs& dialogs_;
+  ExperimentFiles files_;
   EntryPanel* entry_ = nullptr;
   DisplayPanel* displays_ = nullptr;
   ActionsPanel* actions_ = nullptr;

@@ -4,6 +4,7 @@
 #include <QContextMenuEvent>
 #include <QMenu>
 #include <QRadioButton>
+#include <QSignalSpy>
 #include <QTableView>
 #include <QToolTip>
 
@@ -110,12 +111,21 @@ TEST_F(ExperimentsWindow, TakesATypedExperiment) {
   Key(Qt::Key_Tab);
   EXPECT_EQ(Grid().currentIndex(), Grid().model()->index(2, 0)) << "Tab adds a row as well";
   EXPECT_EQ(Text("txtNumPontos"), "3") << "an empty row has been added";
+  Key(Qt::Key_Backtab);
+  Key(Qt::Key_Backtab);
+  EXPECT_EQ(Grid().currentIndex(), Grid().model()->index(1, 2)) << "by cell, and over the end";
+  Key(Qt::Key_Tab);
+  EXPECT_EQ(Grid().currentIndex(), Grid().model()->index(1, 3));
   Save({Answer::Ok});
   ASSERT_EQ(session_.lists.Count(), 1);
   const Experiment expected{1, "Glucose 30 g/L", {0, 8}, {0.5, 2.5}, {30, 20}, {1, 4}, 8.5, true};
   EXPECT_EQ(session_.lists.At(1), expected);
   EXPECT_EQ(Text("txtNumPontos"), "2");
   EXPECT_EQ(changes_, 1);
+  GoTo(1, 3);
+  Key(Qt::Key_Tab);
+  EXPECT_FALSE(Grid().hasFocus()) << "through what was typed before, out of the grid";
+  EXPECT_EQ(Text("txtNumPontos"), "2");
   EXPECT_EQ(Drawn("picCs", 1, 1), QColor(Qt::blue));
 }
 
@@ -194,6 +204,12 @@ TEST_F(ExperimentsWindow, MarksWhatDeservesASecondLook) {
   EXPECT_FALSE(marked(0, 0) || marked(1, 2));
   EXPECT_EQ(Grid().model()->index(1, 0).data(Qt::ToolTipRole).toString(),
             QStringLiteral("8\nThe time is not later than the one above"));
+  QSignalSpy told(Grid().model(), &QAbstractItemModel::dataChanged);
+  GoTo(0, 0);
+  Keys("7");
+  EXPECT_FALSE(marked(1, 0));
+  EXPECT_EQ(told.at(0).at(1).toModelIndex().row(), 1) << "the cell below is painted anew";
+  Key(Qt::Key_Escape);
   const auto early = [this] { return The("txtTFinal").actions().constFirst()->isVisible(); };
   EXPECT_TRUE(early());
   Fill("txtTFinal", "8");
@@ -256,6 +272,11 @@ TEST_F(ExperimentsWindow, AsksBeforeItReplaces) {
   Save({Answer::Yes, Answer::Ok});
   EXPECT_EQ(session_.lists.At(1).Cx[0], 1);
   EXPECT_EQ(session_.lists.Count(), 2);
+  EXPECT_EQ(dialogs_.shown.at(0).second, Buttons::YesNo);
+  Fill("txtExp", "2");
+  Save({Answer::No});
+  EXPECT_EQ(dialogs_.shown.back().second, Buttons::NoYes) << "another experiment would go";
+  dialogs_.answers = {Answer::Yes};
   Click("cmdInserir");
   EXPECT_EQ(Text("txtExp"), "5");
   Save({});
@@ -337,6 +358,7 @@ TEST_F(ExperimentsWindow, TellsOfMoreThanNineAndShowsThemAll) {
   EXPECT_NE(dialogs_.LastText().find("There are 10 experiments."), std::string::npos);
   EXPECT_EQ(session_.lists.At(10).finalTime, 4) << "left blank, it is the last sample's";
   Click("cmdMostrar(1)");
+  EXPECT_EQ(The<QComboBox>("cmbOutros").placeholderText(), QStringLiteral("10. ... 10."));
   The("cmbOutros").setFocus();
   Key(Qt::Key_Down);
   EXPECT_EQ(Text("txtExp"), "10");

@@ -19,6 +19,7 @@ TEST(PastedTable, IsCutWhereItsTextIsSeparated) {
         Row{"0.5,75\n2,70\n", {{"0.5", "75"}, {"2", "70"}}},
         Row{"t,Cs\n2,70\n", {{"t", "Cs"}, {"2", "70"}}},
         Row{"a,b\n2,70\n", {{"a", "b"}, {"2", "70"}}}, Row{"\"a;b\";2\n", {{"a;b", "2"}}},
+        Row{"\"1\"\t\"2.5\"\n", {{"1", "2.5"}}},
         Row{"1,5\n2,5\n", {{"1,5"}, {"2,5"}}},  // decimal commas
         Row{"1,5", {{"1,5"}}}})
     EXPECT_EQ(SplitPasted(text), block) << text;
@@ -33,7 +34,7 @@ TEST(PastedTable, GoesWhereItsHeadersSay) {
   const PastedTable all = ReadPasted("t (min),Cx,Cp,Cs (g/L)\n0,0.5,0,60\n90,3,4,40\n", '.');
   ASSERT_EQ(all.parts.size(), 1U);
   EXPECT_EQ(all.parts[0].block, (GridBlock{{"0", "60", "0.5", "0"}, {"1.5", "40", "3", "4"}}));
-  EXPECT_FALSE(all.remarks.empty()) << "minutes became hours";
+  EXPECT_TRUE(all.remark) << "minutes became hours";
 
   const PastedTable odd = ReadPasted("Foo\tBar\n1\t2\n3\t4\n", '.');
   ASSERT_TRUE(odd.question);
@@ -50,6 +51,11 @@ TEST(PastedTable, ShowsCellsAndSubstrateExchanged) {
   EXPECT_EQ(block[2], (std::vector<std::string>{"30", "2", "20", "25"}));
   EXPECT_FALSE(LooksExchanged(block, 0));
   EXPECT_FALSE(LooksExchanged(block, 2)) << "other columns stand there";
+  const auto exchanged = [](const char* Cs, const char* Cx) {
+    return LooksExchanged({{"0", "1", "50", "0"}, {"5", "2", "45", "1"}, {"9", Cs, Cx, "2"}}, 0);
+  };
+  EXPECT_TRUE(exchanged("4", "40")) << "little substrate went, and much of it came";
+  EXPECT_FALSE(exchanged("1.1", "48")) << "scatter";
 }
 
 TEST(ExperimentEntry, NamesAllThatIsNoNumberAtOnce) {
