@@ -198,11 +198,12 @@ void RecoveryFile::Remove() {
   if (!path_.empty()) std::filesystem::remove(path_, error);
 }
 
-void RecoveryFile::SetAside() {
+std::string RecoveryFile::SetAside() {
   std::error_code error;
   const std::filesystem::path aside =
       std::filesystem::path(path_).replace_filename("recovery-declined");
   if (!path_.empty()) std::filesystem::rename(path_, aside, error);
+  return aside.string();
 }
 
 }  // namespace velmora

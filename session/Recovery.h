@@ -41,8 +41,9 @@ class RecoveryFile {
   std::optional<FileFault> Write(std::string_view text);
   /// Removes the file.
   void Remove();
-  /// Renames the file, so that it is left behind no more; one such file is kept.
-  void SetAside();
+  /// Renames the file, so that it is left behind no more, and gives its new name; one such file is
+  /// kept.
+  std::string SetAside();
 
  private:
   bool Hold(const std::string& path);

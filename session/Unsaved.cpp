@@ -19,6 +19,18 @@ bool ExperimentsWritten(const Session& session) {
          Holds(session.files.experiments, session.experimentsFile, session.lists);
 }
 
+bool ConditionsWritten(const Session& session) {
+  return session.conditions.SavedCount() == 0 ||
+         Holds(session.files.conditions, session.conditionsFile, session.conditions);
+}
+
+/// Whether what belongs to the experiment at `place` stands in files.
+bool Written(const Session& session, int place) {
+  const bool stored = place <= kMostExperiments && session.conditions.At(place).saved;
+  const bool entered = session.draft.shown == place && session.draft.Unsaved();
+  return ExperimentsWritten(session) && (!stored || ConditionsWritten(session)) && !entered;
+}
+
 Message Question(std::vector<Piece> pieces, const Unsaved& unsaved) {
   for (Piece& piece : UnsavedPieces(unsaved)) pieces.push_back(std::move(piece));
   return Attention(std::move(pieces), Icon::Question);
@@ -29,8 +41,7 @@ Message Question(std::vector<Piece> pieces, const Unsaved& unsaved) {
 Unsaved UnsavedOf(const Session& session, bool formChanged) {
   Unsaved unsaved;
   if (!ExperimentsWritten(session)) unsaved.experiments = session.lists.Count();
-  unsaved.conditions = session.conditions.SavedCount() > 0 &&
-                       !Holds(session.files.conditions, session.conditionsFile, session.conditions);
+  unsaved.conditions = !ConditionsWritten(session);
   unsaved.entry = session.draft.Unsaved();
   unsaved.form = formChanged;
   return unsaved;
@@ -56,11 +67,16 @@ std::optional<Message> AskBeforeClearing(const Unsaved& unsaved) {
 }
 
 std::optional<Message> AskBeforeDeleting(const Session& session, int place) {
-  if (ExperimentsWritten(session)) return std::nullopt;
+  if (Written(session, place)) return std::nullopt;
   const std::string number = std::to_string(session.lists.At(place).number);
   return Message{{{TextId::AskToDelete, {number, std::to_string(place)}}},
                  TextId::DeleteExperiment,
                  Icon::Question};
+}
+
+Message AskBeforeReplacingForm() {
+  return Question({TextId::OpeningConditionsDeletes, " ", TextId::AskToReplaceConditions},
+                  {.form = true});
 }
 
 Message AskBeforeQuitting(const Unsaved& unsaved) {

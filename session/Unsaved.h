@@ -28,6 +28,8 @@ std::vector<Piece> UnsavedPieces(const Unsaved& unsaved);
 std::optional<Message> AskBeforeClearing(const Unsaved& unsaved);
 /// The same of the experiment at `place`, which must be one.
 std::optional<Message> AskBeforeDeleting(const Session& session, int place);
+/// The question before a file of conditions takes the place of what is in the boxes.
+Message AskBeforeReplacingForm();
 /// The question at the program's end; it names what is unsaved.
 Message AskBeforeQuitting(const Unsaved& unsaved);
 

@@ -25,6 +25,13 @@ bool FileCommands::MayOpenExperiments() {
   return !question || Confirmed(*question, WhatIsUnsaved().Any());
 }
 
+bool FileCommands::MayOpenConditions() {
+  const Unsaved unsaved = WhatIsUnsaved();
+  if (const auto question = AskBeforeOpeningConditions(session_))
+    return Confirmed(*question, unsaved.conditions || unsaved.form);
+  return !unsaved.form || Confirmed(AskBeforeReplacingForm(), true);
+}
+
 void FileCommands::OpenExperiments() {
   if (MayOpenExperiments() && windows_.Experiments().cmdAbrirOkSub()) ShowOpenedExperiments();
 }
@@ -39,7 +46,8 @@ void FileCommands::OpenFiles(const QStringList& files) {
   for (const QString& file : files) {
     if (HoldsConditions(LocalPath(file)))
       conditions.append(file);
-    else if (MayOpenExperiments() && windows_.Experiments().Open(file))
+    else if (MayOpenExperiments() && windows_.Experiments().MayLeave() &&
+             windows_.Experiments().Open(file))
       ShowOpenedExperiments();
   }
   for (const QString& file : conditions) {
@@ -47,17 +55,14 @@ void FileCommands::OpenFiles(const QStringList& files) {
       dialogs_.Show(owner_, Attention({TextId::ExperimentsFirst}));
       OpenExperiments();
     }
-    if (session_.lists.Empty()) return;
+    if (session_.lists.Empty() || !MayOpenConditions()) return;
     windows_.Cultivation().Open(file);
     windows_.ShowCultivation();
   }
 }
 
 void FileCommands::OpenConditions() {
-  const auto question = AskBeforeOpeningConditions(session_);
-  const Unsaved unsaved = WhatIsUnsaved();
-  if (!question || Confirmed(*question, unsaved.conditions || unsaved.form))
-    windows_.Cultivation().AbrirCondBat();
+  if (MayOpenConditions()) windows_.Cultivation().AbrirCondBat();
 }
 
 void FileCommands::SaveExperiments() {

@@ -32,6 +32,7 @@ class FileCommands : public QObject {
  private:
   bool Confirmed(const Message& question, bool losesWork);
   bool MayOpenExperiments();
+  bool MayOpenConditions();
   void ShowOpenedExperiments();
 
   Session& session_;

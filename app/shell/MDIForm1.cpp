@@ -2,12 +2,13 @@
 
 #include <QApplication>
 #include <QCloseEvent>
-#include <QDragEnterEvent>
+#include <QDropEvent>
 #include <QFileInfo>
 #include <QLibraryInfo>
 #include <QMenu>
 #include <QMimeData>
 #include <QScreen>
+#include <QTimer>
 
 #include "app/charts/PlotsPanel.h"
 #include "app/cultivation/frmCultBatelada.h"
@@ -86,6 +87,7 @@ void MDIForm1::BuildPanels() {
 void MDIForm1::LayOut() {
   setCentralWidget(windows_);
   setAcceptDrops(true);
+  qApp->installEventFilter(this);
   const auto [size, maximised] = PlaceOn(screen()->availableSize());
   resize(size);
   if (maximised) setWindowState(Qt::WindowMaximized);
@@ -135,6 +137,7 @@ void MDIForm1::ShowAtStart() {
   TranslateToolkit();
   Idiomas(*this, session_.language);
   LoadWindows();
+  history_->Amend();
 }
 
 void MDIForm1::LoadWindows() {
@@ -290,16 +293,32 @@ void MDIForm1::RefreshMenus() {
   ShowUnsaved();
 }
 
-void MDIForm1::dragEnterEvent(QDragEnterEvent* event) {
-  if (event->mimeData()->hasUrls() && !RunGoing()) event->acceptProposedAction();
+// A text box would take a file's name for a text.
+bool MDIForm1::eventFilter(QObject* watched, QEvent* event) {
+  const auto* const target = qobject_cast<const QWidget*>(watched);
+  if (target == nullptr || target->window() != this) return false;
+  switch (event->type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+      return TakesFiles(*static_cast<QDropEvent*>(event));
+    default:
+      return false;
+  }
 }
 
-void MDIForm1::dropEvent(QDropEvent* event) {
+bool MDIForm1::TakesFiles(QDropEvent& event) {
   QStringList files;
-  for (const QUrl& url : event->mimeData()->urls())
+  for (const QUrl& url : event.mimeData()->urls())
     if (url.isLocalFile()) files.append(url.toLocalFile());
-  event->acceptProposedAction();
-  files_->OpenFiles(files);
+  if (files.isEmpty()) return false;
+  event.setAccepted(!RunGoing());
+  if (RunGoing()) return true;
+  event.acceptProposedAction();
+  // The program from which they come waits for the event's end, and not for answers.
+  if (event.type() == QEvent::Drop)
+    QTimer::singleShot(0, this, [this, files] { files_->OpenFiles(files); });
+  return true;
 }
 
 void MDIForm1::changeEvent(QEvent* event) {
@@ -341,7 +360,13 @@ void MDIForm1::OfferRecovery(RecoveryFile& file) {
   if (!left) return;
   const bool wanted = Confirmed(Attention({TextId::AskToRecover}, Icon::Question));
   const std::optional<Change> change = wanted ? Recover(session_, *left) : std::nullopt;
-  if (!change) return file.SetAside();
+  if (!change) {
+    const std::string aside = file.SetAside();
+    if (wanted)
+      dialogs_.Show(this, {{TextId::FileError}, TextId::Error, Icon::Critical}, Buttons::Ok,
+                    ShownPath(aside));
+    return;
+  }
   history_->Step();
   ShowRestored(*change);
 }

@@ -45,9 +45,8 @@ class MDIForm1 : public QMainWindow {
   void KeepRecovery(RecoveryFile& file);
 
  protected:
-  /// Files that are dropped on the frame are opened.
-  void dragEnterEvent(QDragEnterEvent* event) override;
-  void dropEvent(QDropEvent* event) override;
+  /// Files that are dropped on the frame, or on anything in it, are opened.
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void changeEvent(QEvent* event) override;
   void showEvent(QShowEvent* event) override;
   /// Asks before the program ends, naming what is unsaved; a run that is going is stopped.
@@ -66,6 +65,8 @@ class MDIForm1 : public QMainWindow {
   void ClearAll();
   void ExportCurves();
   void OfferRecovery(RecoveryFile& file);
+  /// Opens what is dropped, where `event` brings files; whether it does.
+  bool TakesFiles(QDropEvent& event);
   /// Has the cells selected in the grid cut, copied, pasted or cleared.
   void EditCells(void (frmMsFlexGrid::*edit)());
 

@@ -1,5 +1,6 @@
 #include "app/widgets/FoldingWindow.h"
 
+#include <QApplication>
 #include <QPointer>
 #include <QScrollArea>
 #include <QScrollBar>
@@ -25,6 +26,16 @@ void ForgetSizes(const QWidget& window) {
     }
   window.layout()->invalidate();
   window.layout()->activate();
+}
+
+/// The control, or the one around it where it was hidden on its way, as a cell's editor is.
+QWidget& Visible(QWidget& control) {
+  QWidget* visible = &control;
+  while (visible->isHidden() || visible->focusPolicy() == Qt::NoFocus) {
+    if (visible->parentWidget() == nullptr) return control;
+    visible = visible->parentWidget();
+  }
+  return *visible;
 }
 
 /// What stands in a tab; where its height finds no room, it scrolls, and what is beside the tabs
@@ -67,6 +78,8 @@ FoldingWindow::FoldingWindow(QWidget* parent) : QWidget(parent), above_(new QVBo
 
 void FoldingWindow::Fold(bool folded) {
   const QPointer<QWidget> keyboard = focusWidget();
+  const QWidget* const holder = QApplication::focusWidget();
+  const bool elsewhere = holder != nullptr && !isAncestorOf(holder);
   const QWidget* const before = body_;
   isFolded_ = folded;
   body_ = Arranged(folded);
@@ -77,7 +90,7 @@ void FoldingWindow::Fold(bool folded) {
   layout()->activate();
   if (!keyboard) return;
   Reveal(*keyboard);
-  keyboard->setFocus();
+  if (!elsewhere) Visible(*keyboard).setFocus();
 }
 
 /// The keyboard comes to the row of tabs before the panels that it chooses.

@@ -1,15 +1,18 @@
 // The start window, the frame with its menus, the dialogs and the guide, by keys and mouse.
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDropEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <QTabWidget>
+#include <QTableView>
 #include <QTextEdit>
 
 #include "app/charts/ChartView.h"
@@ -105,6 +108,7 @@ TEST_F(Shell, StartsWithItsMenusInBothLanguages) {
     EXPECT_EQ(Item("mnuPort").isChecked(), !english);
     EXPECT_EQ(Item("mnuIngles").isChecked(), english);
     Press(Qt::Key_E);
+    EXPECT_TRUE(Child<QWidget>(Experiments(), "MSFlexGrid1")->hasFocus());
     EXPECT_EQ(
         MenuText(frame->menuBar()->actions()).toStdString(),
         "&File{ &Insert Open{ &Experiments Cultivation con&ditions-{ Batch- Fed batch# } } "
@@ -242,6 +246,9 @@ TEST_F(Shell, KeepsTheShownWindowActiveAsItsControlWithTheKeyboardIsDisabled) {
 
 TEST_F(Shell, RecaptionsEveryOpenWindowAtOnce) {
   Start(Language::Portuguese);
+  QTest::keyClicks(QApplication::focusWidget(), QStringLiteral("7"));
+  Press(Qt::Key_E);
+  EXPECT_TRUE(Child<QWidget>(Experiments(), "MSFlexGrid1")->hasFocus()) << "out of a cell";
   Press(Qt::Key_M);
   Item("mnuSobre").trigger();
   for (const Language language : kLanguages) {
@@ -452,6 +459,7 @@ TEST_F(Shell, TakesStepsBackAndForth) {
   const auto typed = cells();
   ASSERT_EQ(typed[0][0] + typed[1][0], "758");
   back();
+  EXPECT_EQ(qobject_cast<QTableView*>(grid)->currentIndex().row(), 1) << "what was taken back";
   EXPECT_EQ(cells()[1], opened[1]) << "a cell's typing is one step";
   EXPECT_EQ(cells()[0][0], "75");
   back();
@@ -469,6 +477,7 @@ TEST_F(Shell, TakesStepsBackAndForth) {
   EXPECT_TRUE(session.draft.Unsaved());
   for (int i = 0; i < 3; ++i) back();
   EXPECT_TRUE(session.lists.Empty()) << "before the file was opened";
+  EXPECT_EQ(test::TextOf(Experiments(), "txtExp"), "1") << "as at the start";
   EXPECT_FALSE(Item("mnuVoltar").isEnabled());
 }
 
@@ -496,6 +505,11 @@ TEST_F(Shell, OffersWhatABrokenEndLeftBehind) {
   dialogs.answers = {Answer::Yes};
   EXPECT_TRUE(frame->close());
   EXPECT_FALSE(file.Left()) << "a normal end leaves none";
+  ASSERT_FALSE(file.Write("no such text"));
+  Start(Language::English);
+  dialogs.answers = {Answer::Yes};
+  frame->KeepRecovery(file);
+  EXPECT_TRUE(dialogs.details.back().endsWith(QStringLiteral("recovery-declined"))) << "kept";
 }
 
 TEST(Dialogs, WordTheirButtonsAndTakeEscapeAsTheCautiousAnswer) {
@@ -533,6 +547,30 @@ TEST_F(Shell, OpensTheFilesOfItsStartEachInItsWindow) {
   dialogs.answers = {Answer::No};
   frame->OpenFiles({example("yeast-nine.abr")});
   EXPECT_EQ(session.lists.Count(), 1) << "the experiments of before are asked for first";
+  dialogs.answers = {Answer::No};
+  frame->OpenFiles({example("molasses-conditions.abr")});
+  EXPECT_TRUE(dialogs.answers.empty()) << "and the conditions";
+  dialogs.answers = {Answer::Yes};
+  Item("mnuExcluir").trigger();
+  ASSERT_TRUE(session.lists.Empty());
+  QWidget* const grid = Child<QWidget>(Experiments(), "MSFlexGrid1");
+  grid->setFocus();
+  QTest::keyClicks(grid, QStringLiteral("7"));
+  const auto drop = [&](const char* name) {
+    QMimeData file;
+    file.setUrls({QUrl::fromLocalFile(example(name))});
+    auto* const box = Child<QWidget>(Experiments(), "txtComentario");
+    QDragEnterEvent over({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(box, &over);
+    QDropEvent event({5, 5}, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(box, &event);
+    QTest::qWait(1);
+  };
+  dialogs.answers = {Answer::No, Answer::Yes};
+  drop("molasses.abr");
+  EXPECT_EQ(session.draft.rows.at(0)[0], "7") << "and what has been typed";
+  drop("molasses.abr");
+  EXPECT_EQ(session.lists.Count(), 1) << "wherever it falls";
 
   Start(Language::English);
   dialogs.shown.clear();
@@ -542,6 +580,14 @@ TEST_F(Shell, OpensTheFilesOfItsStartEachInItsWindow) {
             "The file holds cultivation conditions. Choose the file with the experiments that they "
             "belong to.");
   EXPECT_EQ(session.conditions.SavedCount(), 1);
+
+  Start(Language::English);
+  frame->OpenFiles({example("molasses.abr")});
+  Press(Qt::Key_B);
+  test::Type(Cultivation(), "txtms", "3");
+  dialogs.answers = {Answer::No};
+  frame->OpenFiles({example("molasses-conditions.abr")});
+  EXPECT_EQ(test::TextOf(Cultivation(), "txtms"), "3") << "not without a question";
 
   Start(Language::English);
   frame->OpenFiles({QString::fromStdString(folder / "none.abr")});

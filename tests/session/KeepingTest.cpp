@@ -39,6 +39,7 @@ TEST(Unsaved, IsWhatNoFileHolds) {
   EXPECT_TRUE(AskBeforeDeleting(session, 1)) << "how it is drawn stands in the file as well";
   ASSERT_FALSE(WriteExperimentsFile(session, folder / "e.abr"));
   EXPECT_FALSE(AskBeforeDeleting(session, 1));
+  EXPECT_TRUE(AskBeforeDeleting(session, 2)) << "what is entered of it would go";
   const Unsaved left = UnsavedOf(session, false);
   EXPECT_TRUE(left.experiments == 0 && left.conditions && left.entry && !left.form);
   EXPECT_EQ(Worded(AskBeforeQuitting(left), Language::English),
@@ -46,8 +47,9 @@ TEST(Unsaved, IsWhatNoFileHolds) {
             "conditions\n  - what is being entered in the experiments window");
   ASSERT_FALSE(WriteConditionsFile(session, folder / "c.abr"));
   session.draft.edited = false;
-  EXPECT_FALSE(UnsavedOf(session, false).Any());
+  EXPECT_FALSE(UnsavedOf(session, false).Any() || AskBeforeDeleting(session, 2));
   session.conditions.At(2).row[At::Ks] = 11;
+  EXPECT_TRUE(AskBeforeDeleting(session, 2)) << "and its conditions";
   EXPECT_TRUE(UnsavedOf(session, false).conditions);
 }
 
