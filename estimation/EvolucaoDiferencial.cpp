@@ -91,11 +91,12 @@ class Evolution {
   std::size_t Size() const { return variables_.size(); }
 
   double ScoreStart();
-  void Populate();
+  void Populate(SearchObserver& observer);
   SearchEnd Evolve(SearchObserver& observer);
+  bool Breed(SearchObserver& observer);
   void DrawMember(int i);
-  void ScoreMembers(int first, int last);
-  void ReinitialisePartly();
+  void ScoreMembers(int first, int last, SearchObserver& observer);
+  void ReinitialisePartly(SearchObserver& observer);
   std::array<int, kDrawnMembers> DrawFour(int target);
   void Mutate(const std::array<int, kDrawnMembers>& drawn);
   void CrossOver(int target);
@@ -139,7 +140,7 @@ class Evolution {
 SearchResult Evolution::Run(SearchObserver& observer) {
   try {
     result_.startScore = ScoreStart();
-    Populate();
+    Populate(observer);
     result_.end = Evolve(observer);
   } catch (const ArithmeticFault& fault) {
     result_.end = SearchEnd::Fault;
@@ -159,9 +160,9 @@ double Evolution::ScoreStart() {
 
 /// The best score before the first generation is that of the population: a first generation that
 /// gains nothing on it has converged, as every later one.
-void Evolution::Populate() {
+void Evolution::Populate(SearchObserver& observer) {
   for (int i = kIndexOffset; i <= members_; ++i) DrawMember(i);
-  ScoreMembers(kIndexOffset, members_);
+  ScoreMembers(kIndexOffset, members_, observer);
   previousScore_ = result_.score;
 }
 
@@ -169,11 +170,10 @@ SearchEnd Evolution::Evolve(SearchObserver& observer) {
   const int limit = static_cast<int>(std::min(settings_.ITER, kMostCounted));
   for (generation_ = 1; generation_ <= limit; ++generation_) {
     if (observer.StopRequested()) return SearchEnd::Stopped;
-    ReinitialisePartly();
-    std::fill(replaced_.begin(), replaced_.end(), char{0});
-    for (int target = kIndexOffset; target <= members_; ++target) {
-      if (first_ == last_ || IsStale(ready_[first_], target)) LookAhead(target);
-      Select(target, ready_[first_++]);
+    SearchResult before = result_;
+    if (!Breed(observer)) {
+      result_ = std::move(before);
+      return SearchEnd::Stopped;
     }
     result_.generations = generation_;
     if (generation_ % kReportEvery == 0)
@@ -185,6 +185,20 @@ SearchEnd Evolution::Evolve(SearchObserver& observer) {
   return SearchEnd::GenerationLimit;
 }
 
+/// One generation; false where it was left.
+bool Evolution::Breed(SearchObserver& observer) {
+  ReinitialisePartly(observer);
+  std::fill(replaced_.begin(), replaced_.end(), char{0});
+  for (int target = kIndexOffset; target <= members_; ++target) {
+    if (first_ == last_ || IsStale(ready_[first_], target)) {
+      if (observer.StopsAtOnce()) return false;
+      LookAhead(target);
+    }
+    Select(target, ready_[first_++]);
+  }
+  return true;
+}
+
 void Evolution::DrawMember(int i) {
   const std::span<double> x = Member(i);
   for (std::size_t j = 0; j < Size(); ++j)
@@ -192,9 +206,10 @@ void Evolution::DrawMember(int i) {
 }
 
 /// What is drawn does not depend on scores, so that many members are scored in one call.
-void Evolution::ScoreMembers(int first, int last) {
+void Evolution::ScoreMembers(int first, int last, SearchObserver& observer) {
   const int together = kBlocksOfMembers * static_cast<int>(objective_.Together(workspace_));
   for (int block = first; block <= last; block += together) {
+    if (result_.HasResult() && observer.StopsAtOnce()) return;
     const int count = std::min(together, last - block + 1);
     for (int i = block; i < block + count; ++i) RepairBounds(Member(i));
     random_.Forget();
@@ -211,13 +226,13 @@ void Evolution::ScoreMembers(int first, int last) {
 }
 
 /// Every generation draws whether to, though only the last of a cycle acts on it.
-void Evolution::ReinitialisePartly() {
+void Evolution::ReinitialisePartly(SearchObserver& observer) {
   const bool reinitialises = random_.Draw() <= kReinitialiseProbability;
   const int kept = reinitialises ? static_cast<int>(settings_.NPOP * kHalf) : members_;
   cycle_ = (cycle_ + 1) % kReinitialiseCycle;
   if (cycle_ != 0) return;
   for (int i = kept + 1; i <= members_; ++i) DrawMember(i);
-  ScoreMembers(kept + 1, members_);
+  ScoreMembers(kept + 1, members_, observer);
 }
 
 std::array<int, kDrawnMembers> Evolution::DrawFour(int target) {

@@ -19,12 +19,15 @@ struct Generation {
   int observations;  // measured values
 };
 
-/// Hears of every generation, and may end the search between two of them.
+/// Hears of every generation, and may end the search between two of them, or inside one.
 class SearchObserver {
  public:
   virtual ~SearchObserver() = default;
   /// Asked at the start of each generation; true ends the search before it.
   virtual bool StopRequested() { return false; }
+  /// Asked again and again while a population is scored; true leaves it as it is. Of a generation
+  /// that was left nothing counts: the result is that of the generation before.
+  virtual bool StopsAtOnce() { return false; }
   virtual void Report(const Generation&) {}
 };
 

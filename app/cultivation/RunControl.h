@@ -26,7 +26,7 @@ class RunControl : public QObject, private SearchObserver {
   /// Searches, and returns when the search has ended, was stopped or failed; nothing where there is
   /// no memory for it. Not to be called while a run is going.
   std::optional<SearchOutcome> Run(FitProblem problem, Method method, EstimationSettings settings);
-  /// Ends the run with the generation that is going.
+  /// Ends the run at once; of the generation that is going nothing counts.
   void Stop() { stop_ = true; }
   bool Stopping() const { return stop_; }
   /// Lets the search wait, from the next time that it asks whether to stop, and go on.
@@ -45,6 +45,7 @@ class RunControl : public QObject, private SearchObserver {
 
  private:
   bool StopRequested() override;
+  bool StopsAtOnce() override { return stop_; }
   void Report(const Generation& generation) override;
   void Tick();
   void ShowTime();

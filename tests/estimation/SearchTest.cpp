@@ -165,6 +165,39 @@ TEST(Search, StopsBetweenGenerationsAndKeepsItsBest) {
   }
 }
 
+/// Leaves the generation after `generations`, once it has been asked so many times in it.
+class Leaver : public Recorder {
+ public:
+  Leaver(std::size_t generations, int times) : generations_(generations), times_(times) {}
+  bool StopsAtOnce() override { return scores.size() >= generations_ && --times_ < 0; }
+
+ private:
+  std::size_t generations_;
+  int times_;
+};
+
+TEST(Search, LeavesAGenerationAsIfItHadNotBegun) {
+  const FitProblem problem = test::TwoBatches();
+  const EstimationSettings settings = Unstopped(1000);
+  for (const int generations : {1, 3, 49})  // generation 50 would begin with members drawn anew
+    for (const int times : {0, 1, 4}) {
+      Leaver leaver(static_cast<std::size_t>(generations), times);
+      Recorder recorder(generations);
+      const SearchResult left = Search(problem, settings, leaver);
+      const SearchResult stopped = Search(problem, settings, recorder);
+      EXPECT_EQ(left.end, SearchEnd::Stopped);
+      EXPECT_EQ(left.best, stopped.best) << generations << " " << times;
+      EXPECT_EQ(left.functionCalls, stopped.functionCalls);
+      EXPECT_EQ(left.generations, generations);
+      EXPECT_EQ(leaver.scores, recorder.scores);
+    }
+  Leaver inPopulation(0, 1);
+  const SearchResult first = Search(problem, settings, inPopulation);
+  EXPECT_EQ(first.end, SearchEnd::Stopped);
+  EXPECT_TRUE(first.HasResult() && first.functionCalls < 1000) << first.functionCalls;
+  EXPECT_EQ(Objective(problem).Simulate(first.best).score, first.score);
+}
+
 TEST(Search, ScoresAStartOnItsBoundsAsItStands) {
   FitProblem problem = test::TwoBatches();
   problem.variables[0].start = problem.variables[0].lower;
