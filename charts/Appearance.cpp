@@ -1,8 +1,8 @@
 #include "charts/Appearance.h"
 
 #include <algorithm>
+#include <cmath>
 #include <set>
-#include <utility>
 
 #include "charts/MarkerFigures.h"
 #include "data/Experiment.h"
@@ -19,6 +19,22 @@ bool HasColour(std::int32_t number) {
   return number >= 1 && number <= static_cast<std::int32_t>(kColours.size());
 }
 
+/// The relative luminance, 0 to 1 (Web Content Accessibility Guidelines 2.1).
+double Luminance(const Ink& ink) {
+  const auto linear = [](std::uint8_t part) {
+    const double share = part / 255.0;
+    return share <= 0.03928 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(ink.red) + 0.7152 * linear(ink.green) + 0.0722 * linear(ink.blue);
+}
+
+/// Whether thin lines in both inks are told apart where they are printed in grey.
+bool ApartInGrey(const Ink& a, const Ink& b) {
+  constexpr double kContrast = 1.5, kGlare = 0.05;
+  const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
+  return (lighter + kGlare) / (darker + kGlare) >= kContrast;
+}
+
 /// Hands out what is not taken yet.
 class Choices {
  public:
@@ -33,16 +49,36 @@ class Choices {
     return wanted;
   }
 
-  LineKind LineFor(const std::string& marker, LineKind wanted) {
-    if (lines_.insert({marker, wanted}).second) return wanted;
-    for (const LineKind line : kLines)
-      if (lines_.insert({marker, line}).second) return line;
+  /// The line wanted where it is free, else the next one that is; else one that the marker does not
+  /// have yet.
+  LineKind LineFor(const std::string& marker, const Ink& ink, LineKind wanted) {
+    std::vector<LineKind> kinds = {wanted};
+    kinds.insert(kinds.end(), std::begin(kLines), std::end(kLines));
+    for (const bool inGrey : {true, false})
+      for (const LineKind line : kinds)
+        if (IsFree({marker, ink, line}, inGrey)) {
+          lines_.push_back({marker, ink, line});
+          return line;
+        }
     return wanted;
   }
 
  private:
+  struct Drawn {
+    std::string marker;
+    Ink ink;
+    LineKind line;
+  };
+
+  bool IsFree(const Drawn& drawn, bool inGrey) const {
+    return std::none_of(lines_.begin(), lines_.end(), [&](const Drawn& other) {
+      return drawn.line == other.line &&
+             (drawn.marker == other.marker || (inGrey && !ApartInGrey(drawn.ink, other.ink)));
+    });
+  }
+
   std::set<std::size_t> inks_;
-  std::set<std::pair<std::string, LineKind>> lines_;
+  std::vector<Drawn> lines_;
 };
 
 }  // namespace
@@ -66,7 +102,7 @@ std::vector<Appearance> PublishedAppearances(std::span<const PlottedExperiment> 
     Appearance& appearance = appearances.back();
     appearance.ink = kPublishedInks[choices.InkFor(experiment.colour)];
     appearance.curveInk = appearance.ink;
-    appearance.line = choices.LineFor(appearance.marker, appearance.line);
+    appearance.line = choices.LineFor(appearance.marker, appearance.ink, appearance.line);
   }
   return appearances;
 }

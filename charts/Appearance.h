@@ -35,9 +35,10 @@ struct Appearance {
 /// before; curves in black.
 std::vector<Appearance> StatedAppearances(std::span<const PlottedExperiment> experiments);
 
-/// Curves in the ink of their points. Of nine visible experiments no two share an ink, and no two
-/// have both marker and line in common: where the user's choices repeat each other, the later
-/// experiment takes the next ink and the next kind of line that are free.
+/// Curves in the ink of their points. Of nine visible experiments no two share an ink, no two have
+/// both marker and line in common, and no two have one kind of line in inks that are hard to tell
+/// apart in grey: where the user's choices lead to that, the later experiment takes the next ink
+/// and the next kind of line that are free.
 std::vector<Appearance> PublishedAppearances(std::span<const PlottedExperiment> experiments);
 
 /// As `LegendRows`; with the inks for publication where the charts are `published`.

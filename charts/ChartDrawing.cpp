@@ -23,7 +23,6 @@ constexpr double kMarkerWidth = 10;
 constexpr double kSameDot = 0.5;    // a dot nearer to the one before adds nothing
 constexpr double kLabelToAxis = 4;  // between a concentration label and its axis
 constexpr double kLeastFontHeight = 6;
-constexpr std::size_t kTitleLines = 2;
 constexpr double kTickToTick = 4;  // nearer to each other ticks and grid lines run together
 
 /// The least of 1, 2, 5, 10, 20, ... that is at least `wanted` and a multiple of `unit`.
@@ -176,18 +175,20 @@ class Sheet {
     canvas_.WriteUpwards({left + canvas_.Ascent(), at.y}, PlotTitle(content_.variable));
   }
 
-  /// The user's title, in the middle of the room above the axes; a long one is broken, and its
-  /// lines are smaller where they need more room than there is.
+  /// The user's title, in the middle of the room above the axes; a long one is broken, and smaller
+  /// where it needs more lines than have room.
   void WriteTitle() {
     if (content_.title.empty()) return;
     const double usual = canvas_.FontHeight();
     const PaperPoint axisTop = At({Scale().origin, HasHeight(Scale()) ? Scale().Ymax : 1});
     const double height = axisTop.y - paper_.top, width = paper_.Right() - axisTop.x;
     std::vector<std::string> lines;
-    for (const double size : {1.25, 1.0, 0.8}) {
+    for (const double size : {1.25, 1.0, 0.8, 0.65}) {
       canvas_.SetTitleFontHeight(usual * size);
-      lines = Wrapped(content_.title, width - Units(8), kTitleLines, canvas_);
-      if (static_cast<double>(lines.size()) * LineHeight() <= height) break;
+      const auto most = static_cast<std::size_t>(std::max(1.0, height / LineHeight()));
+      lines = Wrapped(content_.title, width - Units(8), most + 1, canvas_);
+      if (lines.size() <= most) break;
+      lines = Wrapped(content_.title, width - Units(8), most, canvas_);
     }
     double base = paper_.top + (height - static_cast<double>(lines.size()) * LineHeight()) / 2 +
                   canvas_.Ascent();

@@ -23,6 +23,7 @@ struct FigureAxis {
   ValueRange range;          // of the data; positive where the axis is logarithmic
   bool exact = false;        // ends at the range itself, not at the ticks around it
   bool logarithmic = false;  // values that are not positive have no place on it
+  bool exactBelow = false;   // begins at the range itself
 };
 
 /// Points, a curve, or both, as one row of the legend.

@@ -15,7 +15,7 @@ constexpr double kTickLength = 4;
 constexpr double kGap = 4;  // between a tick and its label, a label and the axis's title
 
 constexpr double kTitleSize = 1.2;  // of the labels' height
-constexpr std::size_t kTitleLines = 3;
+constexpr std::size_t kTitleLines = 5;
 constexpr double kTitleWidth = 0.8;          // of the paper
 constexpr double kLabelsPerLine = 3;         // lines of letters from one label to the next, upwards
 constexpr int kMostTimes = 11;               // labels: more are not read

@@ -46,13 +46,15 @@ AxisTicks SingleValue(double value, char separator) {
           {{value, PlainText(value, separator, kLabelDigits)}}};
 }
 
-AxisTicks LinearTicks(const ValueRange& range, bool exact, int most, char separator) {
-  const double step = RoundStep(range.to - range.from, std::max(1, most - 1));
+AxisTicks LinearTicks(const FigureAxis& shown, int most, char separator) {
+  const auto [from, to] = shown.range;
+  const bool exactBelow = shown.exact || shown.exactBelow;
+  const double step = RoundStep(to - from, std::max(1, most - 1));
   const double first =
-      exact ? std::ceil(range.from / step - kBarely) : std::floor(range.from / step + kBarely);
+      exactBelow ? std::ceil(from / step - kBarely) : std::floor(from / step + kBarely);
   const double last =
-      exact ? std::floor(range.to / step + kBarely) : std::ceil(range.to / step - kBarely);
-  AxisTicks axis{exact ? range : ValueRange{first * step, last * step}, {}};
+      shown.exact ? std::floor(to / step + kBarely) : std::ceil(to / step - kBarely);
+  AxisTicks axis{{exactBelow ? from : first * step, shown.exact ? to : last * step}, {}};
   const int count = static_cast<int>(std::min(last - first, 2.0 * most)) + 1;
   for (int i = 0; i < count; ++i) {
     const double at = first + i == 0 ? 0 : (first + i) * step;
@@ -102,7 +104,7 @@ AxisTicks LogarithmicTicks(const FigureAxis& axis, int most, char separator) {
   AxisTicks decades = DecadeTicks(range, most, separator);
   const auto labelled = std::count_if(decades.ticks.begin(), decades.ticks.end(),
                                       [](const Tick& tick) { return !tick.text.empty(); });
-  return labelled >= 2 ? decades : LinearTicks(range, true, most, separator);
+  return labelled >= 2 ? decades : LinearTicks({{}, range, true}, most, separator);
 }
 
 }  // namespace
@@ -115,7 +117,7 @@ AxisTicks TicksOf(const FigureAxis& axis, int most, char separator) {
   if (!(to - from > least)) return SingleValue(from, separator);
   most = std::max(most, 2);
   if (bounded.logarithmic && from > 0) return LogarithmicTicks(bounded, most, separator);
-  return LinearTicks(bounded.range, bounded.exact, most, separator);
+  return LinearTicks(bounded, most, separator);
 }
 
 }  // namespace velmora

@@ -98,14 +98,18 @@ FigureGuide ZeroLine(const FigureAxis& x) {
   return {{x.range.from - length, 0}, {x.range.to + length, 0}, LineKind::Solid};
 }
 
-/// Whether all that lies below 0 is what rounding leaves of curves that end at 0.
-bool IsRounding(const Figure& figure) {
-  constexpr double kInvisible = 0.002;  // of the axis
+/// Where nothing measured lies below 0 and a curve does by a little, as steps overshoot its end at
+/// 0, the axis begins there; what rounding leaves is not seen.
+void BeginNearZero(FigureAxis& y, const std::vector<FigureSeries>& all) {
+  constexpr double kInvisible = 0.002, kLittle = 0.1;  // of the axis
   const auto negative = [](const PlotPoint& point) { return point.y < 0; };
-  return figure.y.range.from < 0 && figure.y.range.from > -kInvisible * figure.y.range.to &&
-         std::none_of(figure.series.begin(), figure.series.end(), [&](const FigureSeries& series) {
-           return std::any_of(series.points.begin(), series.points.end(), negative);
-         });
+  if (y.exact || !(y.range.from < 0) || y.range.from < -kLittle * y.range.to ||
+      std::any_of(all.begin(), all.end(), [&](const FigureSeries& series) {
+        return std::any_of(series.points.begin(), series.points.end(), negative);
+      }))
+    return;
+  y.exactBelow = true;
+  if (y.range.from > -kInvisible * y.range.to) y.range.from = 0;
 }
 
 /// The measured points of each series beside the curve's values at their times.
@@ -137,7 +141,7 @@ Figure CourseFigure(const ChartContent& content, const FigureView& view) {
   });
   figure.y = AxisOf(PlotTitle(content.variable), values, view.values);
   figure.y.logarithmic = view.logarithmic;
-  if (!figure.y.exact && IsRounding(figure)) figure.y.range.from = 0;
+  BeginNearZero(figure.y, figure.series);
   for (FigureSeries& series : figure.series)
     series.curve =
         SmoothCurve(series.curve).Between(figure.x.range.from, figure.x.range.to, kSmoothPieces);

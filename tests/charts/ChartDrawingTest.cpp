@@ -97,11 +97,12 @@ TEST(ChartDrawing, WritesNumbersUnderTheirTicks) {
   }
 }
 
-/// A long title takes two lines above the axes, in the middle over them, inside the paper.
-TEST(ChartDrawing, BreaksALongTitleOverItsAxes) {
+/// A long title takes several lines above the axes, in the middle over them, inside the paper.
+class LongTitle : public testing::TestWithParam<const char*> {};
+
+TEST_P(LongTitle, IsBrokenOverItsAxes) {
   ChartContent content = Reaching(45, 75);
-  content.title =
-      "Ethanol from diluted molasses, fed once and left to itself for two days at 32 °C";
+  content.title = GetParam();
   const NotingCanvas canvas = Drawn(content);
   const double top = ToPaper(content.scale, kPaper, {0, content.scale.Ymax}).y;
   const double left = ToPaper(content.scale, kPaper, {0, 0}).x;
@@ -113,6 +114,14 @@ TEST(ChartDrawing, BreaksALongTitleOverItsAxes) {
   }
   EXPECT_EQ(written, content.title);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    ChartDrawing, LongTitle,
+    testing::Values(
+        "Ethanol from diluted molasses, fed once and left to itself for two days at 32 °C",
+        "Growth of yeast on molasses with seventy-five grams of sugar a litre, thirty degrees, pH "
+        "4.8, shaken at one hundred and fifty turns a minute, as measured by three laboratories in "
+        "the year two thousand and nineteen"));
 
 TEST(ChartDrawing, WritesNoNumbersNorTicksWhereThereAreNoAxes) {
   const NotingCanvas canvas = Drawn(ContentOf(PlotVariable::Cs, {}, nullptr, true, '.'));

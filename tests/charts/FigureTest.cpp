@@ -114,6 +114,16 @@ TEST(FigureLayout, WritesLabelsUnderTheirTicksInsideThePaper) {
   }
 }
 
+TEST(FigureLayout, WritesATitleOfTwoHundredLettersWhole) {
+  Figure figure = CourseOf(Falling(1));
+  for (int word = 0; word < 25; ++word) figure.title += word == 0 ? "titles" : " titling";
+  NotingCanvas canvas;
+  std::string written;
+  for (const LaidText& line : LayOut(figure, kPaper, canvas).title)
+    written += (written.empty() ? "" : " ") + line.text;
+  EXPECT_EQ(written, figure.title);
+}
+
 TEST(FigureLayout, LetsChartsBelowEachOtherRunAlike) {
   NotingCanvas canvas;
   const double left = LayOut(CourseOf(Falling(1, 60)), kPaper, canvas).frame.left;
@@ -160,6 +170,9 @@ TEST(CourseFigure, ShowsNegativeValuesAndNothingHidden) {
   ExperimentLists lists = Falling(2);
   const Figure both = CourseOf(lists, &curves);
   EXPECT_EQ(both.y.range, (ValueRange{-1, 60}));
+  const AxisTicks ticks = TicksOf(both.y, 7, '.');
+  EXPECT_EQ(ticks.range, (ValueRange{-1, 60})) << "a curve's dip takes no room for a tick below it";
+  EXPECT_EQ(ticks.ticks.front().text, "0");
   EXPECT_EQ(both.series.size(), 2U);
   EXPECT_GT(both.series[0].curve.size(), 400U);
   lists.Display(1).visible = false;
@@ -273,6 +286,13 @@ TEST(PublishedAppearances, TellNineAlikeExperimentsApart) {
   EXPECT_EQ(looks.size(), 9U);
   EXPECT_EQ(appearances[0].ink.blue, kPublishedInks[0].blue);
   EXPECT_EQ(appearances[8].marker, appearances[0].marker) << "the marker is as chosen";
+  for (std::size_t i = 0; i < 9; ++i)
+    for (std::size_t j = 0; j < i; ++j) {
+      if (appearances[i].line != appearances[j].line) continue;
+      const auto [darker, lighter] = std::minmax(
+          {Luminance(LinearOf(appearances[i].ink)), Luminance(LinearOf(appearances[j].ink))});
+      EXPECT_GE((lighter + 0.05) / (darker + 0.05), 1.5) << "in grey print " << i << " " << j;
+    }
 }
 
 TEST(ZoomedChart, ShowsPartsAndReturnsToTheWhole) {
