@@ -20,10 +20,11 @@ constexpr std::array kReported = {
     At::u,     At::v,   At::C,   At::B,      At::B1,    At::B2,       At::G,     At::H1,
     At::ms,    At::Kd,  At::Kdp, At::CsAst1, At::CsAst2};
 
-// Labels beside their values, four of them in a row. Alfa, computed as Yps/Yxs, comes with all the
-// digits of a double: its column has room for them.
-constexpr std::size_t kPairs = 4;
-constexpr std::array<int, 2 * kPairs> kWidths = {33, 58, 33, 58, 33, 96, 33, 58};
+// Labels beside their values, three of them in a row. What was computed, Alfa as Yps/Yxs and
+// parameters that an earlier search estimated, comes with all the digits of a double: the columns
+// have room for them.
+constexpr std::size_t kPairs = 3;
+constexpr std::array<int, 2 * kPairs> kWidths = {33, 101, 33, 101, 33, 101};
 
 class Report {
  public:
