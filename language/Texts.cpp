@@ -556,6 +556,7 @@ constexpr auto kTable = std::to_array<Entry>({
     {TextId::TabConditions, "Conditions", "Condições"},
     {TextId::TabParameters, "Parameters", "Parâmetros"},
     {TextId::TabResults, "Results", "Resultados"},
+    {TextId::TabPlots, "Charts", "Gráficos"},
     {TextId::RunCourse, "Generation {1} of {2}, {3} evaluations, at most {4} left", "Geração {1} de {2}, {3} avaliações, restam no máximo {4}"},
     {TextId::RunCourseOpen, "Step {1}, {2} evaluations", "Passo {1}, {2} avaliações"},
     {TextId::HowSure, "How s&ure", "Incerte&za"},

@@ -429,6 +429,7 @@ enum class TextId : std::int16_t {
   TabConditions,
   TabParameters,
   TabResults,
+  TabPlots,
   RunCourse,
   RunCourseOpen,
   HowSure,

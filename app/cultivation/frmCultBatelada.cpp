@@ -71,8 +71,8 @@ void frmCultBatelada::LayOut() {
   Above().addWidget(experiment_);
 }
 
-QWidget* frmCultBatelada::Arranged(bool folded) {
-  QWidget* const body = folded ? Tabs() : Columns();
+QWidget* frmCultBatelada::Arranged(Fold fold) {
+  QWidget* const body = fold == Fold::Columns ? Columns() : Tabs(fold == Fold::TabsAlone);
   PlaceScore();
   return body;
 }
@@ -99,8 +99,8 @@ QWidget* frmCultBatelada::Columns() {
   return body;
 }
 
-/// Left the panels one behind the other, above the run, right the plots.
-QWidget* frmCultBatelada::Tabs() {
+/// Left the panels one behind the other, above the run, right the plots, or one of the tabs.
+QWidget* frmCultBatelada::Tabs(bool alone) {
   const auto caption = [this](TextId text) { return Caption(text, session_.language); };
   auto* const body = new QWidget(this);
   auto* const columns = new QHBoxLayout(body);
@@ -115,8 +115,11 @@ QWidget* frmCultBatelada::Tabs() {
   auto* const left = new QVBoxLayout;
   left->addWidget(tabs, 1);
   left->addWidget(&run_->Panel());
-  columns->addLayout(left);
-  columns->addWidget(charts_, 1);
+  columns->addLayout(left, alone ? 1 : 0);
+  if (alone)
+    AddTab(*tabs, caption(TextId::TabPlots), {charts_});
+  else
+    columns->addWidget(charts_, 1);
   return body;
 }
 

@@ -77,9 +77,9 @@ class frmCultBatelada : public FoldingWindow {
  private:
   void BuildPanels();
   void LayOut();
-  QWidget* Arranged(bool folded) override;
+  QWidget* Arranged(Fold fold) override;
   QWidget* Columns();
-  QWidget* Tabs();
+  QWidget* Tabs(bool alone);
   /// The score's course stands where there is room for it, else only while a search is going.
   void PlaceScore();
   void Wire();

@@ -83,14 +83,14 @@ void ActionsPanel::LayOut() {
 
 QBoxLayout* ActionsPanel::DeletionRow() {
   auto* const row = new QHBoxLayout;
-  auto* const question = Named<QLabel>("lblDesejaExcluir", this);
-  row->addWidget(question);
+  question_ = Named<QLabel>("lblDesejaExcluir", this);
+  row->addWidget(question_);
   for (std::size_t i = 0; i < deleting_.size(); ++i) {
     deleting_[i] = Named<QRadioButton>(MemberName("Option1", static_cast<int>(i)), this);
     row->addWidget(deleting_[i]);
   }
   place_->setFixedWidth(fontMetrics().horizontalAdvance(QString(kPlaceDigits + 2, u'0')));
-  question->setBuddy(place_);
+  question_->setBuddy(place_);
   row->addWidget(place_);
   row->addWidget(&Button(Delete));
   return row;
@@ -126,8 +126,11 @@ void ActionsPanel::SetLanguage(Language language) {
   ExplainPlace();
 }
 
-void ActionsPanel::SetShort(bool isShort) {
-  nextStep_->setVisible(!isShort);
+void ActionsPanel::SetShort(bool withoutStep, bool withoutQuestion) {
+  nextStep_->setVisible(!withoutStep);
+  question_->setVisible(!withoutQuestion);
+  for (QRadioButton* const option : deleting_)
+    option->setToolTip(withoutQuestion ? question_->text() : QString());
 }
 
 void ActionsPanel::ExplainPlace() {

@@ -38,8 +38,9 @@ class ActionsPanel : public QWidget {
   /// The experiments' numbers by place, by which the place to be deleted is explained.
   void SetExperiments(std::vector<std::int16_t> numbers);
   void SetLanguage(Language language);
-  /// Leaves out what the next step is, which its button tells as well.
-  void SetShort(bool isShort);
+  /// Leaves out what the next step is, which its button tells as well, and the question whether to
+  /// delete, which its answers then tell.
+  void SetShort(bool withoutStep, bool withoutQuestion);
   /// The typed place; 0 where the box holds no number.
   int PlaceToDelete() const;
   void GoToPlace();
@@ -62,6 +63,7 @@ class ActionsPanel : public QWidget {
   std::array<QToolButton*, 8> buttons_{};
   std::array<QRadioButton*, 2> deleting_{};  // Option1: no, yes
   QLabel* nextStep_;
+  QLabel* question_;
   QLineEdit* place_;
   std::vector<std::int16_t> numbers_;
   Language language_ = Language::English;

@@ -51,8 +51,9 @@ void frmMsFlexGrid::LayOut() {
 }
 
 /// Left what is entered, then how it is drawn, right the plots.
-QWidget* frmMsFlexGrid::Arranged(bool folded) {
-  actions_->SetShort(folded);
+QWidget* frmMsFlexGrid::Arranged(Fold fold) {
+  const bool folded = fold != Fold::Columns;
+  actions_->SetShort(folded, fold == Fold::TabsAlone);
   auto* const body = new QWidget(this);
   auto* const columns = new QHBoxLayout(body);
   columns->setContentsMargins({});
@@ -70,6 +71,10 @@ QWidget* frmMsFlexGrid::Arranged(bool folded) {
       background->setAutoFillBackground(false);
     AddTab(*tabs, Caption(TextId::TabLook, session_.language), {displays_, legend});
     columns->addWidget(tabs);
+    if (fold == Fold::TabsAlone) {
+      AddTab(*tabs, Caption(TextId::TabPlots, session_.language), {graphs_});
+      return body;
+    }
   } else {
     auto* const choosers = new QVBoxLayout;
     choosers->addWidget(displays_);

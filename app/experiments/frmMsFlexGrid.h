@@ -67,7 +67,7 @@ class frmMsFlexGrid : public FoldingWindow {
  private:
   void BuildPanels();
   void LayOut();
-  QWidget* Arranged(bool folded) override;
+  QWidget* Arranged(Fold fold) override;
   /// The legend, in the corner that the choosers leave free.
   QWidget* LegendCorner();
   void Wire();

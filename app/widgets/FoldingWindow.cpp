@@ -15,6 +15,9 @@ namespace velmora {
 
 namespace {
 
+using Fold = FoldingWindow::Fold;
+constexpr Fold kFolds[] = {Fold::Columns, Fold::Tabs, Fold::TabsAlone};
+
 /// Has the layouts ask anew what room everything needs, the innermost first: left alone, they do so
 /// only once the event loop runs again.
 void ForgetSizes(const QWidget& window) {
@@ -76,13 +79,13 @@ FoldingWindow::FoldingWindow(QWidget* parent) : QWidget(parent), above_(new QVBo
   all->addLayout(above_);
 }
 
-void FoldingWindow::Fold(bool folded) {
+void FoldingWindow::Arrange(Fold fold) {
   const QPointer<QWidget> keyboard = focusWidget();
   const QWidget* const holder = QApplication::focusWidget();
   const bool elsewhere = holder != nullptr && !isAncestorOf(holder);
   const QWidget* const before = body_;
-  isFolded_ = folded;
-  body_ = Arranged(folded);
+  fold_ = fold;
+  body_ = Arranged(fold);
   static_cast<QVBoxLayout*>(layout())->addWidget(body_, 1);
   body_->show();
   delete before;
@@ -105,18 +108,26 @@ void FoldingWindow::OrderTabs() {
 }
 
 void FoldingWindow::Measure() {
-  for (const bool folded : {false, true}) {
-    Fold(folded);
+  for (const Fold fold : kFolds) {
+    Arrange(fold);
     ForgetSizes(*this);
-    (folded ? folded_ : unfolded_) = layout()->totalMinimumSize();
+    rooms_[static_cast<std::size_t>(fold)] = layout()->totalMinimumSize();
   }
   FoldToFit();
   updateGeometry();
 }
 
+bool FoldingWindow::Fits(Fold fold) const {
+  const QSize& room = rooms_[static_cast<std::size_t>(fold)];
+  return width() >= room.width() && height() >= room.height();
+}
+
 void FoldingWindow::FoldToFit() {
-  const bool fits = width() >= unfolded_.width() && height() >= unfolded_.height();
-  if (body_ != nullptr && fits == isFolded_) Fold(!fits);
+  if (body_ == nullptr) return;
+  const auto* const last = std::end(kFolds) - 1;
+  const Fold fold =
+      *std::find_if(std::begin(kFolds), last, [this](Fold each) { return Fits(each); });
+  if (fold != fold_) Arrange(fold);
 }
 
 void FoldingWindow::resizeEvent(QResizeEvent* event) {

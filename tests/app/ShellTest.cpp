@@ -165,6 +165,11 @@ TEST_F(Shell, FoldsAWorkWindowIntoTabsWhereItsColumnsHaveNoRoom) {
       EXPECT_NE(window.findChild<QTabWidget*>(), nullptr);
       for (const char* const chart : {"picCx", "picCs", "picCp"})
         EXPECT_TRUE(seen(*Child<ChartView>(window, chart))) << chart << window.width();
+      frame->resize(640, 376);  // 1280 x 800, scaled by 2, less a title bar
+      QTest::qWait(1);
+      EXPECT_TRUE(seen(window)) << "without scrolling: " << window.objectName().toStdString();
+      frame->resize(853, 500);
+      QTest::qWait(1);
     }
     EXPECT_TRUE(seen(*Child<QPushButton>(Cultivation(), "cmdAjustar"))) << "without scrolling";
     auto* const box = Child<QLineEdit>(Cultivation(), "txtKs");
