@@ -204,6 +204,7 @@ bool PrintDesk::Choose(QPrinter& printer, QWidget* owner) {
 void PrintDesk::Preview(QPrinter& printer, QWidget* owner,
                         const std::function<void(QPrinter*)>& paint) {
   QPrintPreviewDialog preview(&printer, owner);
+  preview.setWindowTitle(printer.docName());
   QObject::connect(&preview, &QPrintPreviewDialog::paintRequested, &preview, paint);
   preview.exec();
 }

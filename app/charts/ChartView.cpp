@@ -10,7 +10,9 @@
 #include <QTextDocument>
 #include <QToolTip>
 #include <QWheelEvent>
+#include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 #include "language/Numbers.h"
@@ -21,6 +23,7 @@ namespace {
 // Pixels.
 constexpr int kLeastRectangle = 8;  // a shorter one is a click with an unsteady hand
 constexpr double kNearPoint = 10;
+constexpr int kAroundBox = 12;
 
 constexpr double kWheelStep = 1.25;
 constexpr double kAnglePerStep = 120;  // of a usual wheel, eighths of a degree
@@ -96,6 +99,46 @@ ShownPart ChartView::Shown() const {
     return {{content_.scale.origin, content_.scale.Xmax}, {0, content_.scale.Ymax}};
   const FigureLayout laid = Laid();
   return {laid.x.ticks.range, laid.y.ticks.range};
+}
+
+int ChartView::HiddenBy(const QRect& box) const {
+  constexpr int kPointWeighs = 1000;  // times as much as a hundredth of a curve
+  constexpr int kRoom = 4;            // of a marker around its middle
+  const QRectF around = QRectF(box).adjusted(-kRoom, -kRoom, kRoom, kRoom);
+  const std::optional<FigureLayout> laid = content_.figure ? std::optional(Laid()) : std::nullopt;
+  const auto place = [&](const PlotPoint& point) {
+    if (!laid) return ToPaper(content_.scale, rect(), point);
+    const PaperPoint at = laid->At(point);
+    return QPointF(at.x, at.y);
+  };
+  int hidden = 0;
+  for (const PlottedExperiment& experiment : content_.experiments)
+    for (const auto& [points, weight] :
+         {std::pair(&experiment.points, experiment.visible ? kPointWeighs : 0),
+          {&experiment.curve, 1}})
+      for (const PlotPoint& point : *points)
+        if (around.contains(place(point))) hidden += weight;
+  return hidden;
+}
+
+QRect ChartView::FreestCorner(const QSize& box) const {
+  const ShownPart shown = Shown();
+  const QPointF origin = PlaceOf({shown.times.from, shown.values.from});
+  const int right = width() - box.width() - kAroundBox, top = kAroundBox;
+  const int left = std::isfinite(origin.x()) ? static_cast<int>(origin.x()) + kAroundBox : top;
+  const int bottom = std::isfinite(origin.y())
+                         ? static_cast<int>(origin.y()) - box.height() - kAroundBox
+                         : height() - box.height();
+  QRect freest;
+  int least = std::numeric_limits<int>::max();
+  for (const QPoint& at :
+       {QPoint(right, top), QPoint(left, top), QPoint(right, bottom), QPoint(left, bottom)}) {
+    const int hidden = HiddenBy({at, box});
+    if (hidden >= least) continue;
+    least = hidden;
+    freest = {at, box};
+  }
+  return freest;
 }
 
 bool ChartView::event(QEvent* event) {

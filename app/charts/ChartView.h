@@ -38,6 +38,10 @@ class ChartView : public QWidget {
   PlotPoint PointAt(const QPointF& place) const;
   /// What the axes reach over.
   ShownPart Shown() const;
+  /// How much of what is shown a box there would hide; a point weighs more than any curve.
+  int HiddenBy(const QRect& box) const;
+  /// The corner of the axes in which a box of this size hides least, the upper right one first.
+  QRect FreestCorner(const QSize& box) const;
 
   QSize sizeHint() const override { return {360, 240}; }
   QSize minimumSizeHint() const override { return {200, 104}; }

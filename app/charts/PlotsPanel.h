@@ -41,6 +41,11 @@ class PlotsPanel : public QWidget {
   /// The plot with this name is wanted enlarged.
   void EnlargementAsked(const QString& chart);
 
+ protected:
+  std::array<const ChartView*, 3> Views() const {
+    return {plots_[0].view, plots_[1].view, plots_[2].view};
+  }
+
  private:
   struct Plot {
     PlotVariable variable;

@@ -26,8 +26,8 @@ namespace {
 constexpr int kDecimals = 4;  // of the coordinates
 
 constexpr QSize kUsualSize(900, 600);
-constexpr int kMargin = 8, kLegendMargin = 12;  // px
-constexpr int kAside = 32;                      // px, about a title bar
+constexpr int kMargin = 8;  // px
+constexpr int kAside = 32;  // px, about a title bar
 
 // Of what is copied as a drawing: mm and pixels an inch.
 constexpr double kCopiedWidth = 160, kCopiedDpi = 300;
@@ -45,13 +45,19 @@ TextId NameOf(PlotVariable variable) {
 }
 
 /// Moves the window to the right of the one opened last, or below it, where the screen has room;
-/// else a little aside.
+/// else a little aside. The first one leaves room for the next.
 void PutBesideOthers(frmZoom& window, const QWidget& owner) {
   const frmZoom* last = nullptr;
   for (const frmZoom* const other : owner.findChildren<frmZoom*>())
     if (other != &window && other->isVisible()) last = other;
-  if (last == nullptr) return;
-  const QRect screen = window.screen()->availableGeometry(), beside = last->frameGeometry();
+  const QRect screen = window.screen()->availableGeometry();
+  if (last == nullptr) {
+    const QSize room = screen.size() - QSize(2 * window.width(), window.height());
+    if (room.width() >= kAside)
+      window.move(screen.topLeft() + QPoint(room.width(), room.height()) / 2);
+    return;
+  }
+  const QRect beside = last->frameGeometry();
   const QPoint aside = beside.topLeft() + QPoint(kAside, kAside);
   for (const QPoint at : {QPoint(beside.right() + 1, beside.top()),
                           QPoint(beside.left(), beside.bottom() + 1), aside})
@@ -286,8 +292,7 @@ void frmZoom::ShowLegend() {
   picLegenda_->setVisible(chart_.legend && !chart_.published);
   if (picLegenda_->isHidden()) return;
   picLegenda_->adjustSize();
-  if (!legendPlaced_)
-    picLegenda_->move(picZoom_->width() - picLegenda_->width() - kLegendMargin, kLegendMargin);
+  if (!legendPlaced_) picLegenda_->move(picZoom_->FreestCorner(picLegenda_->size()).topLeft());
   legendPlaced_ = true;
   MoveLegend(picZoom_->size(), picZoom_->size());
 }

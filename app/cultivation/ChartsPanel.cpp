@@ -1,7 +1,9 @@
 #include "app/cultivation/ChartsPanel.h"
 
+#include <limits>
+
+#include "app/charts/ChartView.h"
 #include "app/charts/LegendView.h"
-#include "app/widgets/PanelParts.h"
 #include "app/widgets/ProgramFolder.h"
 
 namespace velmora {
@@ -27,9 +29,17 @@ void ChartsPanel::resizeEvent(QResizeEvent* event) {
   PlaceLegend();
 }
 
+/// Over the plot of which it hides least, the uppermost one first.
 void ChartsPanel::PlaceLegend() {
   legend_->adjustSize();
-  legend_->move(width() - legend_->width() - kSpacing, kSpacing);
+  int least = std::numeric_limits<int>::max();
+  for (const ChartView* const view : Views()) {
+    const QRect corner = view->FreestCorner(legend_->size());
+    const int hidden = view->HiddenBy(corner);
+    if (hidden >= least) continue;
+    least = hidden;
+    legend_->move(view->mapToParent(corner.topLeft()));
+  }
   legend_->raise();
 }
 

@@ -133,6 +133,20 @@ TEST_F(Zoom, LegendIsDraggedAndCopiedAsShown) {
   EXPECT_EQ(Copied(), bare);
 }
 
+TEST_F(Zoom, LegendStandsWhereNoPointsAre) {
+  for (const std::vector<double>& Cs : {std::vector{5.0, 10.0, 55.0, 60.0}, {60, 5, 55, 60}}) {
+    session.lists = {};
+    session.lists.Append({1, "", {0, 2, 8, 10}, {1, 2, 3, 4}, Cs, {0, 0, 0, 0}, 10, true},
+                         {"Triang1", 1, 1, true});
+    Open({});
+    Click("cmdInsLegenda");
+    for (std::size_t k = 0; k < Cs.size(); ++k) {
+      const QPoint at = Chart().PlaceOf({session.lists.At(1).time[k], Cs[k]}).toPoint();
+      EXPECT_FALSE(Child("picLegenda")->geometry().contains(at)) << k << " of " << Cs[0];
+    }
+  }
+}
+
 TEST(IntervalCheck, RefusesInItsOrder) {
   constexpr auto kMinimum = IntervalBox::Minimum, kMaximum = IntervalBox::Maximum;
   struct Row {
