@@ -441,6 +441,7 @@ enum class TextId : std::int16_t {
   NoCorrelations,
   PreviousValues,
   PreviousValuesHint,
+  TakenOverHint,
   AtItsBound,
   BoundsOf,
   SummaryDigits,

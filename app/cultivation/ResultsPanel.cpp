@@ -48,13 +48,13 @@ void ResultsPanel::LayOut() {
   actions->addWidget(improve_);
   actions->addWidget(howSure_);
   actions->addWidget(compare_);
-  actions->addWidget(previous_);
   actions->addStretch();
   auto* const texts = new QVBoxLayout;
   texts->setSpacing(kSpacing);
   texts->addWidget(summary_, 1);
   texts->addWidget(text_, 1);
   texts->addLayout(actions);
+  texts->addWidget(previous_, 0, Qt::AlignLeft);
   row->addLayout(texts, 1);
   row->addLayout(buttons);
 }
@@ -90,6 +90,10 @@ void ResultsPanel::Clear() {
 void ResultsPanel::ShowSummary(std::vector<SummaryLine> lines) {
   summary_->setVisible(!lines.empty());
   summary_->SetLines(std::move(lines));
+}
+
+bool ResultsPanel::ShowsSummary() const {
+  return !summary_->isHidden();
 }
 
 void ResultsPanel::SetReturnable(bool returnable) {

@@ -29,6 +29,7 @@ class ResultsPanel : public QGroupBox {
   void Clear();
   /// Says above the text where the fit stands; with no lines nothing stands there.
   void ShowSummary(std::vector<SummaryLine> lines);
+  bool ShowsSummary() const;
   /// Whether there are results to report and estimated values to bring back.
   void SetAvailable(bool available);
   /// Whether models can be compared.

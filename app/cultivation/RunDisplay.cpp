@@ -1,7 +1,6 @@
 #include "app/cultivation/RunDisplay.h"
 
 #include <QThread>
-#include <memory>
 #include <utility>
 
 #include "app/cultivation/FormEntry.h"
@@ -86,7 +85,9 @@ RunDisplay::~RunDisplay() {
 void RunDisplay::SetLanguage(Language language) {
   panel_->SetLanguage(language);
   results_->SetLanguage(language);
-  score_->SetHeading(Caption(TextId::ReportedSum, language).trimmed());
+  score_->SetHeading(Caption(TextId::ReportedSum, language).trimmed(), session_.separator);
+  if (session_.lastRun && !running_ && results_->ShowsSummary())
+    results_->ShowSummary(Summary(verdict_.get()));
 }
 
 QWidget* RunDisplay::Window() const {
@@ -221,6 +222,7 @@ void RunDisplay::ShowResult(const SearchOutcome& outcome) {
 
 void RunDisplay::ShowSummary() {
   const auto run = session_.lastRun;
+  verdict_.reset();
   results_->ShowSummary(Summary(nullptr));
   auto verdict = std::make_shared<FitVerdict>();
   QThread* const judge = QThread::create([run, verdict] {
@@ -229,7 +231,9 @@ void RunDisplay::ShowSummary() {
   judge->setParent(this);
   connect(judge, &QThread::finished, this, [this, run, verdict, judge] {
     judge->deleteLater();
-    if (session_.lastRun == run) ShowVerdict(*verdict);
+    if (session_.lastRun != run) return;
+    verdict_ = verdict;
+    ShowVerdict(*verdict);
   });
   judge->start();
 }
@@ -313,7 +317,7 @@ void RunDisplay::AskToStop() {
   run_->Hold(true);
   if (dialogs_.Show(Window(), question, Buttons::NoYes) == Answer::Yes) run_->Stop();
   run_->Hold(false);
-  // A long generation is finished first: that the stop was heard is seen at once.
+  // What is left of the search takes a moment: that the stop was heard is seen at once.
   if (run_->Stopping()) panel_->ShowProgress(0, 0);
 }
 

@@ -4,6 +4,7 @@
 #include <QElapsedTimer>
 #include <QObject>
 #include <QPointer>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -103,6 +104,7 @@ class RunDisplay : public QObject {
     std::int32_t evaluations = 0;
   };
   Reached reached_;
+  std::shared_ptr<const FitVerdict> verdict_;  // of the last run; none before it is found
   QElapsedTimer elapsed_;
   int generations_ = 0;  // at most, in the search that goes on; 0 where nobody knows
   bool running_ = false;

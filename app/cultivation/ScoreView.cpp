@@ -11,31 +11,16 @@ namespace {
 
 constexpr int kMargin = 6;
 constexpr int kLeastHeight = 90;
-constexpr int kWidestExponent = 10;
-constexpr int kMostLines = 6;
+constexpr double kLinesPerLabel = 1.5;
 constexpr double kSmallest = 1e-300;  // what a score of 0 is drawn as
+constexpr double kDecade = 10;        // from which on scores are drawn by their logarithms
 constexpr QColor kLine(0x1F, 0x5F, 0xA8);
 
-double Logarithm(double score) {
-  return std::log10(std::max(score, kSmallest));
-}
-
-/// Whole powers of ten around the scores, which never rise.
-struct Decades {
-  int lowest;
-  int highest;
-
-  double Share(double logarithm) const { return (logarithm - lowest) / (highest - lowest); }
-};
-
-Decades DecadesOf(const std::vector<double>& scores) {
-  const int lowest = static_cast<int>(std::floor(Logarithm(scores.back())));
-  const int highest = static_cast<int>(std::ceil(Logarithm(scores.front())));
-  return {lowest, std::max(highest, lowest + 1)};
-}
-
-QString Power(int exponent) {
-  return QStringLiteral("1E%1").arg(exponent);
+/// Of scores, which never rise.
+FigureAxis AxisOf(const std::vector<double>& scores) {
+  const double least = std::max(scores.back(), kSmallest);
+  const double most = std::max(scores.front(), least);
+  return {{}, {least, most}, false, most >= kDecade * least};
 }
 
 }  // namespace
@@ -45,8 +30,9 @@ ScoreView::ScoreView(QWidget* parent) : QWidget(parent) {
   setMinimumHeight(kLeastHeight);
 }
 
-void ScoreView::SetHeading(const QString& text) {
+void ScoreView::SetHeading(const QString& text, char separator) {
   heading_ = text;
+  separator_ = separator;
   setAccessibleName(text);
   update();
 }
@@ -61,6 +47,18 @@ void ScoreView::Add(double score) {
   update();
 }
 
+AxisTicks ScoreView::Ticks(double height) const {
+  const double line = kLinesPerLabel * fontMetrics().height();
+  return TicksOf(AxisOf(scores_), static_cast<int>(height / line) + 1, separator_);
+}
+
+double ScoreView::HeightOf(double score, const AxisTicks& ticks, const QRectF& plot) const {
+  const bool logarithmic = AxisOf(scores_).logarithmic;
+  const auto shown = [&](double value) { return logarithmic ? std::log10(value) : value; };
+  const double from = shown(ticks.range.from), to = shown(ticks.range.to);
+  return plot.bottom() - plot.height() * (shown(std::max(score, kSmallest)) - from) / (to - from);
+}
+
 void ScoreView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), palette().base());
@@ -71,24 +69,28 @@ void ScoreView::paintEvent(QPaintEvent*) {
   painter.drawText(rect().adjusted(kMargin, kMargin, -kMargin, 0), Qt::AlignHCenter | Qt::AlignTop,
                    heading_);
   if (scores_.empty()) return;
-  const int labels = painter.fontMetrics().horizontalAdvance(Power(-kWidestExponent));
-  const QRectF plot = QRectF(rect()).adjusted(labels + 2 * kMargin, 2 * line + kMargin,
-                                              -3 * kMargin, -line - kMargin);
-  PaintDecades(painter, plot);
-  PaintCourse(painter, plot);
+  QRectF plot =
+      QRectF(rect()).adjusted(2 * kMargin, 2 * line + kMargin, -3 * kMargin, -line - kMargin);
+  const AxisTicks ticks = Ticks(plot.height());
+  int labels = 0;
+  for (const Tick& tick : ticks.ticks)
+    labels = std::max(labels,
+                      painter.fontMetrics().horizontalAdvance(QString::fromStdString(tick.text)));
+  plot.setLeft(plot.left() + labels);
+  PaintTicks(painter, ticks, plot);
+  PaintCourse(painter, ticks, plot);
 }
 
-void ScoreView::PaintDecades(QPainter& painter, const QRectF& plot) const {
-  const Decades decades = DecadesOf(scores_);
+void ScoreView::PaintTicks(QPainter& painter, const AxisTicks& ticks, const QRectF& plot) const {
   const int line = painter.fontMetrics().height();
-  const int step = 1 + (decades.highest - decades.lowest) / kMostLines;
-  for (int exponent = decades.lowest; exponent <= decades.highest; exponent += step) {
-    const double y = plot.bottom() - plot.height() * decades.Share(exponent);
+  for (const auto& [at, text] : ticks.ticks) {
+    if (text.empty()) continue;
+    const double y = HeightOf(at, ticks, plot);
     painter.setPen(palette().mid().color());
     painter.drawLine(QPointF(plot.left(), y), QPointF(plot.right(), y));
     painter.setPen(palette().text().color());
     painter.drawText(QRectF(0, y - line / 2.0, plot.left() - kMargin, line),
-                     Qt::AlignRight | Qt::AlignVCenter, Power(exponent));
+                     Qt::AlignRight | Qt::AlignVCenter, QString::fromStdString(text));
   }
   const QRectF below(plot.left(), plot.bottom(), plot.width(), line + kMargin);
   painter.drawText(below, Qt::AlignLeft | Qt::AlignBottom, QStringLiteral("1"));
@@ -96,12 +98,11 @@ void ScoreView::PaintDecades(QPainter& painter, const QRectF& plot) const {
     painter.drawText(below, Qt::AlignRight | Qt::AlignBottom, QString::number(scores_.size()));
 }
 
-void ScoreView::PaintCourse(QPainter& painter, const QRectF& plot) const {
-  const Decades decades = DecadesOf(scores_);
+void ScoreView::PaintCourse(QPainter& painter, const AxisTicks& ticks, const QRectF& plot) const {
   const double last = std::max(static_cast<double>(scores_.size() - 1), 1.0);
   const auto add = [&](QPolygonF& line, std::size_t g) {
     line << QPointF(plot.left() + plot.width() * static_cast<double>(g) / last,
-                    plot.bottom() - plot.height() * decades.Share(Logarithm(scores_[g])));
+                    HeightOf(scores_[g], ticks, plot));
   };
   // One point a pixel is enough, however long the search.
   const std::size_t stride = 1 + scores_.size() / static_cast<std::size_t>(std::max(width(), 1));

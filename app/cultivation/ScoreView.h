@@ -1,9 +1,11 @@
-// The course of a search: the best score against the generation, logarithmic.
+// The course of a search: the best score against the generation.
 #pragma once
 
 #include <QString>
 #include <QWidget>
 #include <vector>
+
+#include "charts/FigureTicks.h"
 
 class QPainter;
 
@@ -15,7 +17,8 @@ class ScoreView : public QWidget {
  public:
   explicit ScoreView(QWidget* parent = nullptr);
 
-  void SetHeading(const QString& text);
+  /// With the separator of decimals.
+  void SetHeading(const QString& text, char separator);
   /// Begins a new course.
   void Clear();
   /// The best score of the next generation.
@@ -25,10 +28,13 @@ class ScoreView : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void PaintDecades(QPainter& painter, const QRectF& plot) const;
-  void PaintCourse(QPainter& painter, const QRectF& plot) const;
+  AxisTicks Ticks(double height) const;
+  double HeightOf(double score, const AxisTicks& ticks, const QRectF& plot) const;
+  void PaintTicks(QPainter& painter, const AxisTicks& ticks, const QRectF& plot) const;
+  void PaintCourse(QPainter& painter, const AxisTicks& ticks, const QRectF& plot) const;
 
   QString heading_;
+  char separator_ = '.';
   std::vector<double> scores_;  // element g is generation g + 1
 };
 

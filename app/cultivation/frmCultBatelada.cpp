@@ -372,12 +372,14 @@ void frmCultBatelada::TakeModel(const ComparedModel& compared) {
   CultivationForm form = entry_->Form();
   for (const Parameter& parameter : kFittable) form.At(parameter.position) = {};
   form.fit = {};
+  std::vector<std::pair<At, QString>> why;
   for (std::size_t j = 0; j < compared.variables.size(); ++j) {
     FitVariable variable = compared.variables[j];
     variable.start = compared.result.best[j];
     PutInto(form, variable, session_.separator);
+    why.emplace_back(variable.position, Caption(TextId::TakenOverHint, session_.language));
   }
-  entry_->SetProposed(form, {});
+  entry_->SetProposed(form, why);
   if (NumExperimentos() > 1) UseForAll();
 }
 

@@ -2,8 +2,10 @@
 // models.
 #include <QPlainTextEdit>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QTableWidget>
 
+#include "app/widgets/Idiomas.h"
 #include "tests/support/CultivationWindow.h"
 
 namespace velmora {
@@ -54,6 +56,11 @@ TEST_F(FirstFit, TakesThreeClicksForAllExperiments) {
   const std::string best = PlainText(session.lastRun->outcome.result.best[1], '.');
   EXPECT_EQ(shown.find("Ks = " + best), std::string::npos);
   EXPECT_NE(copied.find("Ks = " + best + " ± "), std::string::npos) << copied;
+
+  session.language = Language::Portuguese;
+  Idiomas(*window, session.language);
+  EXPECT_TRUE(Summary().starts_with("Fim: ")) << Summary();
+  EXPECT_NE(Summary().find(" g/L: "), std::string::npos) << "with the verdict: " << Summary();
 }
 
 TEST_F(FirstFit, ImprovesAResultFromWhereItStands) {
@@ -81,6 +88,19 @@ TEST_F(FirstFit, TakesAModelOverFromTheComparison) {
   const QString best = table->item(0, 0)->text();
   emit table->cellActivated(0, 0);
   EXPECT_EQ(Find<QComboBox>("cmbModelo")->currentText(), best);
+  const auto ink = [this] { return Find<QLineEdit>("txtMiMax")->palette().color(QPalette::Text); };
+  const QColor takenOver = ink();
+  Type("txtMiMax", "0.3");
+  EXPECT_NE(ink(), takenOver) << "what was taken over is marked until it is touched";
+  for (const Language language : {Language::English, Language::Portuguese}) {
+    session.language = language;
+    Idiomas(*window, language);
+    QTest::qWait(0);
+    for (const char* name : {"cmdMelhorar", "cmdCerteza", "cmdComparar", "cmdAnterior"}) {
+      const auto* const button = Find<QPushButton>(name);
+      EXPECT_GE(button->width(), button->sizeHint().width()) << name << " is cut";
+    }
+  }
   Click("cmdAnterior");
   EXPECT_EQ(Find<QComboBox>("cmbModelo")->currentText(), QStringLiteral("Monod"));
   EXPECT_TRUE(TextOf("txtKs") == "10" && TextOf("txtLimSup(2)") == "40");

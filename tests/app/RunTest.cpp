@@ -5,6 +5,7 @@
 #include <QTextEdit>
 
 #include "app/charts/ChartView.h"
+#include "app/cultivation/ScoreView.h"
 #include "app/cultivation/frmRelatorio.h"
 #include "app/settings/frmParametros.h"
 #include "app/widgets/Idiomas.h"
@@ -159,6 +160,39 @@ TEST_F(CultivationWindow, StopsBetweenGenerationsAndRunsAgain) {
   session.settings.EPS = 1e-5;
   Estimate();
   EXPECT_TRUE(Results().ends_with("End of estimation.\n"));
+}
+
+TEST_F(CultivationWindow, StopsInsideALongGeneration) {
+  OpenSaved();
+  session.settings.NPOP = 1e6;
+  QTimer::singleShot(50, window.get(), [this] {
+    dialogs.answers = {Answer::Yes};
+    Click("Command1");
+  });
+  Estimate();
+  ASSERT_TRUE(session.lastRun);
+  const SearchResult& result = session.lastRun->outcome.result;
+  EXPECT_EQ(result.end, SearchEnd::Stopped);
+  EXPECT_LT(result.functionCalls, 1e6) << "the population was scored to its end";
+  EXPECT_TRUE(Enabled("cmdRelatorio"));
+}
+
+/// Half a percent and six decades are drawn over most of the height.
+TEST(ScoreView, ShowsSmallGainsAndLargeOnes) {
+  for (const double factor : {0.995, 1e-6}) {
+    ScoreView view;
+    view.resize(300, 200);
+    for (const double score : {42.0, 42 * factor}) view.Add(score);
+    const QImage shown = view.grab().toImage();
+    int first = shown.height(), last = 0;
+    for (int y = 0; y < shown.height(); ++y)
+      for (int x = 0; x < shown.width(); ++x)
+        if (const QColor ink = shown.pixelColor(x, y); ink.blue() > ink.red() + 60) {
+          first = std::min(first, y);
+          last = std::max(last, y);
+        }
+    EXPECT_GT(last - first, shown.height() / 3) << factor;
+  }
 }
 
 TEST_F(CultivationWindow, SimulatesWithoutQuestionOrTicksAndExports) {

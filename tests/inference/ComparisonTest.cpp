@@ -100,7 +100,7 @@ TEST(Comparison, ExplainsEachVariable) {
             std::string::npos);
   EXPECT_EQ(lines[2].find("Cp"), std::string::npos) << "it does not vary";
   result.starts = 0, result.generations = 7;
-  for (const auto& [end, part] : {std::pair(SearchEnd::Stopped, "in generation 7."),
+  for (const auto& [end, part] : {std::pair(SearchEnd::Stopped, "after generation 7."),
                                   {SearchEnd::GenerationLimit, "after all 7 generations"},
                                   {SearchEnd::Converged, "7"},
                                   {SearchEnd::Fault, "could not be computed"}}) {
