@@ -44,7 +44,7 @@ struct ExperimentDraft {
   int shown = 0;        // the place whose experiment it was; 0 for a new one
   bool edited = false;  // by the user, since it was shown
 
-  /// Whether something would be lost with it.
+  /// Whether the user has entered anything.
   bool Unsaved() const;
 
   friend bool operator==(const ExperimentDraft&, const ExperimentDraft&) = default;
@@ -87,6 +87,8 @@ struct Session {
   std::string activeWindow;     // kExperimentsWindow or kCultivationWindow
   std::string clickedChart;     // "picCx", "picCs" or "picCp"
 
+  /// Whether something would be lost with the draft: what it holds is not the experiment shown.
+  bool EntryUnsaved() const;
   /// Whether there is a curve at any place.
   bool CurvesPresent() const;
 };

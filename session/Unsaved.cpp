@@ -27,7 +27,7 @@ bool ConditionsWritten(const Session& session) {
 /// Whether what belongs to the experiment at `place` stands in files.
 bool Written(const Session& session, int place) {
   const bool stored = place <= kMostExperiments && session.conditions.At(place).saved;
-  const bool entered = session.draft.shown == place && session.draft.Unsaved();
+  const bool entered = session.draft.shown == place && session.EntryUnsaved();
   return ExperimentsWritten(session) && (!stored || ConditionsWritten(session)) && !entered;
 }
 
@@ -42,7 +42,7 @@ Unsaved UnsavedOf(const Session& session, bool formChanged) {
   Unsaved unsaved;
   if (!ExperimentsWritten(session)) unsaved.experiments = session.lists.Count();
   unsaved.conditions = !ConditionsWritten(session);
-  unsaved.entry = session.draft.Unsaved();
+  unsaved.entry = session.EntryUnsaved();
   unsaved.form = formChanged;
   return unsaved;
 }

@@ -190,7 +190,9 @@ void DisplayPanel::SetExperiments(const std::vector<std::int16_t>& numbers, int 
   for (int place = kRows + 1; place <= count; ++place)
     others_->addItem(
         QStringLiteral("%1.  %2").arg(place).arg(numbers[static_cast<std::size_t>(place) - 1]));
-  others_->setPlaceholderText(QStringLiteral("%1. ... %2.").arg(kRows + 1).arg(count));
+  const QString first = QStringLiteral("%1.").arg(kRows + 1);
+  others_->setPlaceholderText(count > kRows + 1 ? first + QStringLiteral(" ... %1.").arg(count)
+                                                : first);
   others_->setCurrentIndex(shown - kRows - 1);
   others_->setVisible(count > kRows);
 }

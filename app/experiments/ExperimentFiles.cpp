@@ -10,7 +10,7 @@ bool ExperimentFiles::Save() {
     dialogs_.Show(&owner_, *refusal);
     return false;
   }
-  if (session_.draft.Unsaved() &&
+  if (session_.EntryUnsaved() &&
       dialogs_.Show(&owner_, UnsavedQuestion(), Buttons::YesNo) != Answer::Yes)
     return false;
   const QString file =

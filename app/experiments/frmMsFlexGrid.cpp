@@ -241,7 +241,7 @@ void frmMsFlexGrid::Delete() {
 void frmMsFlexGrid::ShowAfterDeleting(int place) {
   const bool wasShown = Shown() == place;
   if (Shown() > place) --session_.draft.shown;
-  if (session_.draft.Unsaved() && !wasShown) return;
+  if (session_.EntryUnsaved() && !wasShown) return;
   if (session_.lists.Empty())
     ShowNew();
   else
@@ -275,7 +275,7 @@ void frmMsFlexGrid::NoteDraft() {
 }
 
 void frmMsFlexGrid::ShowPlace(int place) {
-  const bool unsaved = session_.draft.Unsaved();
+  const bool unsaved = session_.EntryUnsaved();
   if (!MayLeave()) return ShowLists();
   if (place == 0) Reveal(*entry_);
   if (place == 0)
@@ -289,7 +289,7 @@ void frmMsFlexGrid::ShowPlace(int place) {
 }
 
 bool frmMsFlexGrid::MayLeave() {
-  if (!session_.draft.Unsaved()) return true;
+  if (!session_.EntryUnsaved()) return true;
   return dialogs_.Show(this, {{TextId::AskToGiveUp}, TextId::ExperimentNotSaved, Icon::Question},
                        Buttons::NoYes) == Answer::Yes;
 }

@@ -51,6 +51,12 @@ TEST(Unsaved, IsWhatNoFileHolds) {
   session.conditions.At(2).row[At::Ks] = 11;
   EXPECT_TRUE(AskBeforeDeleting(session, 2)) << "and its conditions";
   EXPECT_TRUE(UnsavedOf(session, false).conditions);
+  const Experiment& shown = session.lists.At(2);
+  session.draft = {HeaderOf(shown, '.'), RowsOf(shown, '.'), 2, true};
+  session.draft.rows.emplace_back();
+  EXPECT_FALSE(session.EntryUnsaved()) << "typed, and given back";
+  session.draft.rows[0][0] = "0.5";
+  EXPECT_TRUE(session.EntryUnsaved());
 }
 
 TEST(Snapshot, GivesEverythingBackAndKnowsWhatItsFileHolds) {
