@@ -33,6 +33,11 @@ constexpr int kAside = 32;  // px, about a title bar
 constexpr double kCopiedWidth = 160, kCopiedDpi = 300;
 constexpr int kCoordinateLetters = 14;
 
+// Charts stay in sight while data are worked on, and are as large as the user wants.
+constexpr Qt::WindowFlags kAboveItsOwner = Qt::Dialog | Qt::WindowTitleHint |
+                                           Qt::WindowSystemMenuHint | Qt::WindowMinMaxButtonsHint |
+                                           Qt::WindowCloseButtonHint;
+
 // "Exp." is short for the word in both languages.
 const QString kRowWord = QStringLiteral("Exp.");
 
@@ -74,7 +79,7 @@ int SameShare(int at, int roomBefore, int room) {
 
 frmZoom::frmZoom(const Session& session, Dialogs& dialogs, PlotVariable variable, QWidget* parent,
                  std::unique_ptr<PrintDesk> printers)
-    : QDialog(parent, Qt::Window),
+    : QDialog(parent, kAboveItsOwner),
       session_(session),
       dialogs_(dialogs),
       output_(dialogs, std::move(printers), this),
