@@ -89,6 +89,7 @@ void FormEntry::SetBox(At position, const Entry& entry, NumberBox::Mark mark) {
 
 void FormEntry::SetProposed(const CultivationForm& form,
                             const std::vector<std::pair<At, QString>>& why) {
+  const auto before = Form().fit;
   choices_->SetForm(form);
   model_->SetModel(model_->Chosen(), form.modelConfirmed);
   conditions_->SetForm(form);
@@ -96,10 +97,13 @@ void FormEntry::SetProposed(const CultivationForm& form,
   parameters_->SetValues(form);
   parameters_->SetFit(form.fit);
   for (const auto& [position, reason] : why) {
-    if (FittableIndex(position) >= 0)
-      parameters_->SetValue(position, form.At(position), NumberBox::Mark::Proposed, reason);
-    else
+    const int index = FittableIndex(position);
+    if (index < 0) {
       conditions_->SetBox(position, form.At(position), NumberBox::Mark::Proposed, reason);
+      continue;
+    }
+    parameters_->SetValue(position, form.At(position), NumberBox::Mark::Proposed, reason);
+    parameters_->MarkBounds(position, before[static_cast<std::size_t>(index)], reason);
   }
   emit Edited();
 }
@@ -115,6 +119,8 @@ void FormEntry::Mark(At position, NumberBox::Mark mark, const QString& why) {
 
 void FormEntry::MarkStored() {
   stored_ = Form();
+  for (QWidget* const panel : Panels())
+    for (NumberBox* const box : panel->findChildren<NumberBox*>()) box->Accept();
 }
 
 bool FormEntry::Changed() const {

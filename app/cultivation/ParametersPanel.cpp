@@ -127,6 +127,12 @@ void ParametersPanel::SetValue(At position, const Entry& entry, NumberBox::Mark 
   rows_[static_cast<std::size_t>(FittableIndex(position))].value->Show(entry, mark, why);
 }
 
+void ParametersPanel::MarkBounds(At position, const FitRow& before, const QString& why) {
+  const Row& row = rows_[static_cast<std::size_t>(FittableIndex(position))];
+  for (const auto& [box, entry] : {std::pair(row.lower, before.lower), {row.upper, before.upper}})
+    if (box->Value() != entry) box->Show(box->Value(), NumberBox::Mark::Proposed, why);
+}
+
 void ParametersPanel::ReadInto(CultivationForm& form) const {
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     form.At(kFittable[i].position) = rows_[i].value->Value();

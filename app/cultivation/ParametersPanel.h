@@ -30,6 +30,8 @@ class ParametersPanel : public QGroupBox {
   void SetFit(const FitRows& fit);
   /// Shows one value; `position` must be that of a fittable parameter.
   void SetValue(At position, const Entry& entry, NumberBox::Mark mark, const QString& why = {});
+  /// Marks those of a parameter's bounds as proposed that are others than `before`.
+  void MarkBounds(At position, const FitRow& before, const QString& why);
   /// Writes values, ticks and bounds into the form.
   void ReadInto(CultivationForm& form) const;
   void Clear();

@@ -227,6 +227,10 @@ void NumberBox::Show(const Entry& entry, Mark mark, const QString& why) {
   why_ = why;
 }
 
+void NumberBox::Accept() {
+  if (mark_ == Mark::Proposed) SetMark(Mark::None);
+}
+
 bool NumberBox::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip || why_.isEmpty()) return QLineEdit::event(event);
   const QString usual = toolTip().isEmpty() ? QString() : toolTip() + u'\n';
@@ -248,6 +252,7 @@ void NumberBox::SetMark(Mark mark) {
   const bool dark = QApplication::palette(this).base().color().lightness() < kMiddleLightness;
   const MarkColours& marks = kMarkColours[static_cast<std::size_t>(mark)];
   if (mark != Mark::None) colours.setColor(QPalette::Text, dark ? marks.onDark : marks.onLight);
+  mark_ = mark;
   why_.clear();
   setPalette(colours);
 }

@@ -54,6 +54,8 @@ class NumberBox : public QLineEdit {
   /// Shows the entry's text. A marked number stands out in colour until the user edits the box; as
   /// long `why` stands in the tool tip.
   void Show(const Entry& entry, Mark mark = Mark::None, const QString& why = {});
+  /// What was proposed is the user's from now on.
+  void Accept();
 
   /// What was shown, as long as its text still stands there; else what was typed.
   Entry Value() const;
@@ -66,6 +68,7 @@ class NumberBox : public QLineEdit {
  private:
   void SetMark(Mark mark);
 
+  Mark mark_ = Mark::None;
   QString why_;
   QString shownText_;
   Entry shown_;

@@ -28,11 +28,18 @@ TEST_F(FirstFit, TakesThreeClicksForAllExperiments) {
   EXPECT_EQ(TextOf("txtKs"), "9") << "what was typed stays";
   EXPECT_NE(TextOf("txtMiMax"), "");
   const QColor proposed = Find<QLineEdit>("txtMiMax")->palette().color(QPalette::Text);
-  EXPECT_NE(proposed, Find<QLineEdit>("txtKs")->palette().color(QPalette::Text));
+  const auto ink = [this](const char* box) {
+    return Find<QLineEdit>(box)->palette().color(QPalette::Text);
+  };
+  EXPECT_NE(proposed, ink("txtKs"));
+  for (const char* bound : {"txtLimInf(1)", "txtLimSup(1)"}) EXPECT_EQ(ink(bound), proposed);
   Type("txtMiMax", "0.3");
-  EXPECT_NE(Find<QLineEdit>("txtMiMax")->palette().color(QPalette::Text), proposed);
+  EXPECT_NE(ink("txtMiMax"), proposed);
+  EXPECT_EQ(ink("txtYxs"), proposed);
   dialogs.answers = {Answer::Yes};
   Click("cmdUsarTodos");
+  for (const char* box : {"txtYxs", "txtLimSup(1)"})
+    EXPECT_NE(ink(box), proposed) << box << " was accepted";
   EXPECT_EQ(session.conditions.SavedCount(), 3);
   EXPECT_EQ(session.conditions.At(3).row[At::muMax], 0.3);
   EXPECT_GT(session.conditions.At(3).row[At::Cx0], 0);
