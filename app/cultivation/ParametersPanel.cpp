@@ -108,8 +108,9 @@ void ParametersPanel::SetValues(const CultivationForm& form) {
 void ParametersPanel::SetFit(const FitRows& fit) {
   for (std::size_t i = 0; i < rows_.size(); ++i) {
     rows_[i].tick->setChecked(fit[i].ticked && rows_[i].tick->isEnabledTo(this));
-    rows_[i].lower->Show(fit[i].lower);
-    rows_[i].upper->Show(fit[i].upper);
+    // What stays as it stands keeps its mark.
+    if (rows_[i].lower->Value() != fit[i].lower) rows_[i].lower->Show(fit[i].lower);
+    if (rows_[i].upper->Value() != fit[i].upper) rows_[i].upper->Show(fit[i].upper);
   }
   ExplainBounds();
 }

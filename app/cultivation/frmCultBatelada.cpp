@@ -366,7 +366,8 @@ void frmCultBatelada::CompareModels() {
 
 void frmCultBatelada::TakeModel(const ComparedModel& compared) {
   if (Running()) return;
-  previous_ = entry_->Form();
+  // Of several models that are tried one after the other the way back leads before the first.
+  if (!previous_ || !entry_->Changed()) previous_ = entry_->Form();
   run_->Results().SetReturnable(true);
   entry_->SetModel(*compared.model);
   CultivationForm form = entry_->Form();

@@ -97,6 +97,9 @@ TEST_F(FirstFit, TakesAModelOverFromTheComparison) {
   EXPECT_EQ(Find<QComboBox>("cmbModelo")->currentText(), best);
   const auto ink = [this] { return Find<QLineEdit>("txtMiMax")->palette().color(QPalette::Text); };
   const QColor takenOver = ink();
+  emit table->cellActivated(0, 0);
+  EXPECT_EQ(Find<QLineEdit>("txtLimSup(1)")->palette().color(QPalette::Text), takenOver)
+      << "also once it is taken over again";
   Type("txtMiMax", "0.3");
   EXPECT_NE(ink(), takenOver) << "what was taken over is marked until it is touched";
   for (const Language language : {Language::English, Language::Portuguese}) {
