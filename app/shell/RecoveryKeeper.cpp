@@ -3,16 +3,12 @@
 #include <utility>
 
 namespace velmora {
-namespace {
 
-constexpr int kDelay = 3000;  // ms from the first change that is not in the file
-
-}  // namespace
-
-RecoveryKeeper::RecoveryKeeper(const Session& session, RecoveryFile& file, QObject* parent)
+RecoveryKeeper::RecoveryKeeper(const Session& session, RecoveryFile& file, QObject* parent,
+                               std::chrono::milliseconds delay)
     : QObject(parent), session_(session), file_(file), soon_(this) {
   soon_.setSingleShot(true);
-  soon_.setInterval(kDelay);
+  soon_.setInterval(delay);
   connect(&soon_, &QTimer::timeout, this, &RecoveryKeeper::Write);
 }
 
@@ -33,7 +29,9 @@ void RecoveryKeeper::End() {
 
 void RecoveryKeeper::Write() {
   const auto fault = file_.Write(RecoveryText(session_));
-  if (fault && !std::exchange(failed_, true)) emit Failed(*fault);
+  if (!fault) return;
+  soon_.start();
+  if (!std::exchange(failed_, true)) emit Failed(*fault);
 }
 
 }  // namespace velmora

@@ -3,6 +3,7 @@
 
 #include <QObject>
 #include <QTimer>
+#include <chrono>
 #include <string>
 
 #include "data/FileFault.h"
@@ -14,7 +15,9 @@ class RecoveryKeeper : public QObject {
   Q_OBJECT
 
  public:
-  RecoveryKeeper(const Session& session, RecoveryFile& file, QObject* parent = nullptr);
+  /// Writes within `delay` of the first change that is not in the file.
+  RecoveryKeeper(const Session& session, RecoveryFile& file, QObject* parent = nullptr,
+                 std::chrono::milliseconds delay = std::chrono::seconds(3));
 
   /// The state has changed; `unsaved`: something would be lost with it. The file is written soon
   /// after, or removed at once.
@@ -23,7 +26,7 @@ class RecoveryKeeper : public QObject {
   void End();
 
  signals:
-  /// The file cannot be written; told once.
+  /// The file cannot be written; told once, and tried again, as room may come.
   void Failed(const velmora::FileFault& fault);
 
  private:

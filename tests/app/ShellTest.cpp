@@ -11,9 +11,12 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QSignalSpy>
 #include <QTabWidget>
 #include <QTableView>
 #include <QTextEdit>
+#include <chrono>
+#include <filesystem>
 
 #include "app/charts/ChartView.h"
 #include "app/charts/frmZoom.h"
@@ -21,6 +24,7 @@
 #include "app/experiments/frmMsFlexGrid.h"
 #include "app/shell/HelpDocument.h"
 #include "app/shell/MDIForm1.h"
+#include "app/shell/RecoveryKeeper.h"
 #include "app/shell/frmSplash.h"
 #include "app/widgets/Idiomas.h"
 #include "app/widgets/ProgramFolder.h"
@@ -515,6 +519,23 @@ TEST_F(Shell, OffersWhatABrokenEndLeftBehind) {
   dialogs.answers = {Answer::Yes};
   frame->KeepRecovery(file);
   EXPECT_TRUE(dialogs.details.back().endsWith(QStringLiteral("recovery-declined"))) << "kept";
+}
+
+TEST(RecoveryKeeper, TriesAgainUntilThereIsRoom) {
+  const TemporaryFolder folder;
+  const std::string state = folder / "state";
+  RecoveryFile file(state);
+  Session session;
+  session.lists.Append({5, "", {0, 5}, {1, 2}, {9, 3}, {0, 1}, 5, true}, {});
+  RecoveryKeeper keeper(session, file, nullptr, std::chrono::milliseconds(20));
+  QSignalSpy failed(&keeper, &RecoveryKeeper::Failed);
+  std::filesystem::remove_all(state);
+  keeper.Note(true);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return failed.count() == 1; }));
+  QTest::qWait(100);
+  EXPECT_EQ(failed.count(), 1) << "told once";
+  std::filesystem::create_directory(state);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !std::filesystem::is_empty(state); }));
 }
 
 TEST(Dialogs, WordTheirButtonsAndTakeEscapeAsTheCautiousAnswer) {

@@ -51,7 +51,8 @@ TEST_F(Cli, ShowsATerminalWhatItWouldObey) {
   const std::string odd = folder_ / "odd.abr";
   WriteFile(odd, Replaced("molasses.abr", "\nA\r", "\nbefore\x1b[2Jafter \xE7\r"));
   int terminal = 0, program = 0;
-  ASSERT_EQ(openpty(&terminal, &program, nullptr, nullptr, nullptr), 0);
+  if (openpty(&terminal, &program, nullptr, nullptr, nullptr) != 0)
+    GTEST_SKIP() << "the system gives no terminal";
   ASSERT_EQ(Program({"check", odd}, {.out = program}).Wait().code, 0);
   std::string shown(4096, '\0');
   shown.resize(static_cast<std::size_t>(read(terminal, shown.data(), shown.size())));
