@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <memory>
 #include <string_view>
+#include <utility>
 
 #include "app/shell/GrowthCurveView.h"
 #include "app/shell/MDIForm1.h"
@@ -60,8 +61,8 @@ bool OnlyTells(int argc, char** argv) {
 
 /// The files of the command line; the toolkit has taken its own options from it.
 QStringList FilesToOpen() {
-  const QStringList files = QCoreApplication::arguments().mid(1);
-  for (const QString& file : files) {
+  QStringList files = QCoreApplication::arguments().mid(1);
+  for (const QString& file : std::as_const(files)) {
     if (!file.startsWith(QLatin1Char('-'))) continue;
     std::fprintf(stderr, "velmora: no option \"%s\"; velmora --help tells the use\n",
                  qPrintable(file));

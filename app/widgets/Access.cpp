@@ -28,7 +28,7 @@ class TickAccess : public QAccessibleWidget {
   }
 
   QString text(QAccessible::Text kind) const override {
-    const QString told = QAccessibleWidget::text(kind);
+    QString told = QAccessibleWidget::text(kind);
     if (kind == QAccessible::Name && told.isEmpty()) return button_.text().remove(u'&');
     if (kind != QAccessible::Accelerator) return told;
     return QKeySequence::mnemonic(button_.text()).toString(QKeySequence::NativeText);
